@@ -1,0 +1,65 @@
+#include "app/form2.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "net/window_traits.h"
+#include "ui/text_box.h"
+
+namespace brontavia {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr QSize kFirstSize(420, 320);
+constexpr int kTextLines = 2;
+
+}  // namespace
+
+Form2::Form2() : list1_(new QListWidget) {
+  setObjectName(u"Form2"_s);
+  setWindowTitle(u"BRONTAVIA"_s);
+  auto* text1 = new TextBox(u"Text1"_s, u"Indicaciones"_s);
+  text1->SetText(u"Elija a qué juego desea jugar. Los dos jugadores deben escoger el mismo."_s);
+  text1->SetMinimumLines(kTextLines);
+  text1->setFixedHeight(text1->minimumHeight());
+  list1_->setObjectName(u"List1"_s);
+  list1_->setAccessibleName(u"Juegos"_s);
+  for (const WindowTraits* window : kGameWindows) list1_->addItem(window->ListEntry.toString());
+  list1_->setCurrentRow(0);
+  list1_->installEventFilter(this);
+  connect(list1_, &QListWidget::itemDoubleClicked, this, &Form2::ChooseSelected);
+  auto* leave = new QPushButton(u"SALIR"_s);
+  leave->setObjectName(u"Command1"_s);
+  connect(leave, &QPushButton::clicked, this, &Form2::LeaveRequested);
+
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(text1);
+  layout->addWidget(list1_, 1);
+  layout->addWidget(leave);
+  list1_->setFocus();
+  resize(kFirstSize);
+}
+
+bool Form2::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != list1_ || event->type() != QEvent::KeyPress) return false;
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+  ChooseSelected();
+  return true;
+}
+
+void Form2::ChooseSelected() {
+  const QListWidgetItem* item = list1_->currentItem();
+  if (item != nullptr) emit GameChosen(list1_->currentRow(), item->text());
+}
+
+void Form2::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  emit LeaveRequested();
+}
+
+}  // namespace brontavia

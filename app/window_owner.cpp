@@ -1,0 +1,86 @@
+#include "app/window_owner.h"
+
+#include <QCoreApplication>
+#include <array>
+#include <cstdlib>
+
+#include "app/configuration.h"
+#include "app/form1.h"
+#include "app/form2.h"
+#include "games/three_in_row/form_ter.h"
+#include "ui/widget_dialogs.h"
+
+namespace brontavia {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using GameMaker = GameWindow* (*)(ProcessValues&);
+
+// In the order of kGameWindows; none where the game cannot be played yet.
+constexpr std::array<GameMaker, 5> kGameMakers{
+    [](ProcessValues& values) -> GameWindow* { return new FormTER(values); }, nullptr, nullptr, nullptr, nullptr,
+};
+
+}  // namespace
+
+WindowOwner::WindowOwner(const QString& directory) { values_.ConnectionPort = ReadConnectionPort(directory); }
+
+WindowOwner::~WindowOwner() { delete window_; }
+
+void WindowOwner::ShowStart() {
+  auto* form = new Form1(values_.ConnectionPort);
+  connect(form, &Form1::RoleChosen, this, [this](Role role) {
+    values_.PlayerRole = role;
+    ShowSelection();
+  });
+  connect(form, &Form1::CloseRequested, this, [this] { WindowFinished(AfterWindow::ProcessEnds); });
+  Open(form);
+}
+
+void WindowOwner::ShowSelection() {
+  auto* form = new Form2;
+  connect(form, &Form2::GameChosen, this, &WindowOwner::ChooseGame);
+  connect(form, &Form2::LeaveRequested, this, [this] { WindowFinished(AfterWindow::ProcessEnds); });
+  Open(form);
+}
+
+void WindowOwner::ChooseGame(int index, const QString& name) {
+  values_.SelectedGameIndex = static_cast<std::int16_t>(index);
+  values_.SelectedGameName = name;
+  if (const GameMaker make = kGameMakers.at(static_cast<std::size_t>(index))) {
+    ShowGame(make(values_));
+  } else {
+    WidgetDialogs(*window_).MessageBox(name + u": este juego todavía no está disponible."_s, {}, Buttons::Ok);
+  }
+}
+
+void WindowOwner::ShowGame(GameWindow* game) {
+  connect(game, &GameWindow::Finished, this, &WindowOwner::WindowFinished);
+  Open(game);
+  game->Load();
+}
+
+void WindowOwner::WindowFinished(AfterWindow after) {
+  if (after == AfterWindow::Selection) {
+    ShowSelection();
+    return;
+  }
+  CloseWindow();
+  QCoreApplication::exit(after == AfterWindow::ProcessEndsFailed ? EXIT_FAILURE : EXIT_SUCCESS);
+}
+
+void WindowOwner::Open(QWidget* window) {
+  CloseWindow();
+  window_ = window;
+  window_->show();
+}
+
+void WindowOwner::CloseWindow() {
+  if (!window_) return;
+  window_->hide();
+  window_->deleteLater();
+  window_.clear();
+}
+
+}  // namespace brontavia

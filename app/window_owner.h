@@ -1,0 +1,39 @@
+// Owns the one window that is open: the start window, then the game selection, then a game, then the selection again.
+// One window is gone before the next shows, and the process ends by decision alone, not with the last window.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include "net/event_guard.h"
+#include "net/process_values.h"
+
+namespace brontavia {
+
+class GameWindow;
+
+class WindowOwner : public QObject {
+  Q_OBJECT
+
+ public:
+  // `directory` holds "Brontavia.ini".
+  explicit WindowOwner(const QString& directory);
+  ~WindowOwner() override;
+
+  void ShowStart();
+
+ private:
+  void ShowSelection();
+  void ChooseGame(int index, const QString& name);
+  void ShowGame(GameWindow* game);
+  void WindowFinished(AfterWindow after);
+  // Takes the place of the window that is open, which goes first.
+  void Open(QWidget* window);
+  void CloseWindow();
+
+  ProcessValues values_;
+  QPointer<QWidget> window_;
+};
+
+}  // namespace brontavia

@@ -1,0 +1,31 @@
+// The window of three in a row.
+#pragma once
+
+#include <memory>
+
+#include "games/three_in_row/three_in_row_flow.h"
+#include "ui/board_view.h"
+#include "ui/game_window.h"
+
+namespace brontavia {
+
+class TerPainter : public CellPainter {
+ public:
+  void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const override;
+};
+
+class FormTER : public GameWindow {
+  Q_OBJECT
+
+ public:
+  explicit FormTER(ProcessValues& values);
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  ThreeInRowFlow flow_;
+  TerPainter painter_;
+  std::unique_ptr<BoardView> board_;  // shows the flow's board, so it goes first
+};
+
+}  // namespace brontavia

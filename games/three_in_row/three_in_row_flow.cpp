@@ -1,0 +1,133 @@
+#include "games/three_in_row/three_in_row_flow.h"
+
+#include "text/qt_text.h"
+
+namespace brontavia {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr std::array<ColourValue, 2> PlayerColours{0x0000FF, 0x00FF00};  // red for the server, green for the client
+
+CellIndex IndexOf(int cell) { return {.Row = cell / kTerSide, .Column = cell % kTerSide}; }
+
+int CellOf(CellIndex index) { return index.Row * kTerSide + index.Column; }
+
+}  // namespace
+
+ThreeInRowFlow::ThreeInRowFlow(const Seams& seams, unsigned seed)
+    : GameFlow(kFormTER, seams, seed), fg1_(kTerSide, kTerSide, [this](CellIndex cell) {
+        const char16_t symbol = board_.At(CellOf(cell));
+        return u"Fila %1, columna %2: %3"_s.arg(cell.Row + 1)
+            .arg(cell.Column + 1)
+            .arg(symbol == ThreeInRowBoard::kEmpty ? u"vacía"_s : QString(symbol));
+      }) {
+  On(message::kMove, [this](const QString& payload) { MoveReceived(payload); });
+  On(message::kWon, [this](const QString&) { Lost(); });
+  for (int cell = 0; cell < kTerCells; ++cell) ShowCell(cell);
+}
+
+void ThreeInRowFlow::ResetBoard() {
+  board_.Reset();
+  for (int cell = 0; cell < kTerCells; ++cell) ShowCell(cell);
+  session_.GameOver = false;
+  session_.RematchWanted = {};
+  session_.CurrentTurn = session_.StartingPlayer = 1 - session_.StartingPlayer;
+  EmptyTexts();
+}
+
+// ---- The own move ----
+
+void ThreeInRowFlow::BoardClicked(CellIndex cell) {
+  RunUserAction([this, cell] {
+    if (session_.GameOver) {
+      AskForRematch();
+    } else if (!session_.TurnSettled || session_.CurrentTurn != OwnPlayer()) {
+      Screen().SetStatus(u"No es su turno de jugar."_s);
+    } else {
+      OwnClick(CellOf(cell));
+    }
+  });
+}
+
+void ThreeInRowFlow::OwnClick(int cell) {
+  const TerClick outcome = board_.Click(OwnPlayer(), cell);
+  ShowCell(cell);
+  switch (outcome) {
+    case TerClick::NotEmpty:
+      Screen().SetStatus(u"Elija una casilla vacía para colocar su ficha"_s);
+      return;
+    case TerClick::NotOwnPiece:
+      Screen().SetStatus(u"Pulse sobre una de sus propias fichas para moverla *"_s);
+      return;
+    case TerClick::Lifted:
+      Screen().SetStatus(u"Coloque la ficha quitada en un sitio diferente"_s);
+      return;
+    case TerClick::PutBack:
+      Screen().SetStatus(u"El movimiento realizado no es válido, vuelva a quitar una ficha"_s);
+      return;
+    case TerClick::Moved:
+      FinishOwnMove();
+      return;
+  }
+}
+
+void ThreeInRowFlow::FinishOwnMove() {
+  const QString move = message::kMove.Token + QString::fromStdU16String(TerMoveText(board_.Move()));
+  // The turn has passed, or the game is over, before anything is shown or sent that might let another click in.
+  if (!board_.HasLine()) {
+    board_.EndMove(OwnPlayer());
+    session_.CurrentTurn = OtherPlayer();
+    AddMessage(u"Turno de jugar para "_s + session_.PlayerNames.Padded(session_.CurrentTurn));
+    Send(move);
+    return;
+  }
+  Send(move);
+  if (Ended()) return;
+  Send(message::kWon.Token + QString::number(session_.CurrentTurn));
+  if (Ended()) return;
+  ShowBox(u"¡Ha ganado! Consiguió hacer tres en raya antes que su rival."_s + kCrLf +
+              u"Pulse sobre el tablero para continuar.",
+          u"Enhorabuena"_s);
+  AddPoint(session_.CurrentTurn);
+  session_.GameOver = true;
+}
+
+// ---- What the other player did ----
+
+void ThreeInRowFlow::MoveReceived(const QString& payload) {
+  const auto move = ReadTerMove(Characters(payload));
+  if (!move) throw MalformedMessage("no move on this board");
+  board_.Apply(session_.CurrentTurn, *move);
+  if (move->Lifted != kNoCell) ShowCell(move->Lifted);
+  ShowCell(move->Target);
+  if (session_.GameOver) return;
+  session_.CurrentTurn = 1 - session_.CurrentTurn;
+  const QString name = session_.PlayerNames.Trimmed(session_.CurrentTurn);
+  AddMessage(u" Turno de "_s + name + u" para jugar.");
+  Screen().SetStatus(name + u", le toca jugar");
+  board_.BeginMove(OwnPlayer());
+  Screen().SetStatus(board_.PlacingPhase() ? u"Coloque una ficha en el tablero"_s : u"Mueva una ficha del tablero"_s);
+}
+
+void ThreeInRowFlow::Lost() {
+  EmptyTexts();
+  // The winner is whoever has the turn here: the sender, unless its last move came in a read of its own and has
+  // already passed the turn.
+  ShowBox(session_.PlayerNames.Padded(session_.CurrentTurn) + u" ha conseguido tres en raya antes que usted." + kCrLf +
+              u"Pulse sobre el tablero para continuar.",
+          u"Ha perdido"_s);
+  AddPoint(session_.CurrentTurn);
+  session_.GameOver = true;
+  Screen().ClearMessages();
+}
+
+void ThreeInRowFlow::ShowCell(int cell) {
+  const char16_t symbol = board_.At(cell);
+  ColourValue colour = kDefaultColour;
+  if (symbol == ThreeInRowBoard::PlayerSymbols[0]) colour = PlayerColours[0];
+  if (symbol == ThreeInRowBoard::PlayerSymbols[1]) colour = PlayerColours[1];
+  fg1_.SetCell(IndexOf(cell), QString(symbol), colour);
+}
+
+}  // namespace brontavia

@@ -1,0 +1,38 @@
+// A session of three in a row: turns the outcomes of ThreeInRowBoard into texts, messages and what FG1 shows.
+#pragma once
+
+#include "games/three_in_row/three_in_row_board.h"
+#include "net/game_flow.h"
+#include "ui/board_model.h"
+
+namespace brontavia {
+
+class ThreeInRowFlow : public GameFlow {
+  Q_OBJECT
+
+ public:
+  ThreeInRowFlow(const Seams& seams, unsigned seed);
+
+  // Entry: the user clicked `cell` of the board, or pressed Enter or the space bar on it.
+  void BoardClicked(CellIndex cell);
+
+  [[nodiscard]] BoardModel& FG1() { return fg1_; }
+  [[nodiscard]] const ThreeInRowBoard& Board() const { return board_; }
+
+ protected:
+  void ResetForSession() override { ResetBoard(); }
+  void ResetForNewGame() override { ResetBoard(); }
+
+ private:
+  void ResetBoard();
+  void OwnClick(int cell);
+  void FinishOwnMove();
+  void MoveReceived(const QString& payload);
+  void Lost();
+  void ShowCell(int cell);
+
+  ThreeInRowBoard board_;
+  BoardModel fg1_;
+};
+
+}  // namespace brontavia

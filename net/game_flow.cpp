@@ -1,0 +1,171 @@
+#include "net/game_flow.h"
+
+#include <cstdio>
+#include <exception>
+#include <limits>
+#include <utility>
+
+#include "net/common_messages.h"
+#include "text/qt_text.h"
+#include "text/rounding.h"
+
+namespace brontavia {
+
+using namespace Qt::StringLiterals;
+
+GameFlow::GameFlow(const WindowTraits& window, const Seams& seams, unsigned seed)
+    : ConnectionFlow(window, seams), random_(seed) {
+  On(message::kName, [this](const QString& payload) { NameReceived(payload); });
+  On(message::kTurnChoice, [this](const QString& payload) { TurnChoiceReceived(payload); });
+  On(message::kTurnDecided, [this](const QString& payload) { TurnDecided(payload); });
+  On(message::kRematchYes, [this](const QString&) { RematchAccepted(); });
+  On(message::kRematchNo, [this](const QString&) { RematchRefused(); });
+}
+
+// ---- Dispatch ----
+
+void GameFlow::On(const Message& message, Handler handler) { handlers_[&message] = std::move(handler); }
+
+void GameFlow::HandleMessage(const QString& text) {
+  if (Window().BeepsForEveryText) Screen().Beep();
+  for (const Message* message : Window().Messages) {
+    if (Ended()) return;
+    if (!text.contains(message->Token)) continue;
+    if (!message->Unless.isEmpty() && text.contains(message->Unless)) continue;
+    try {
+      handlers_.at(message)(From(text, message->PayloadFrom).toString());
+    } catch (const std::exception& error) {
+      std::fprintf(stderr, "%s %s: %s\n", qPrintable(Window().Window.toString()), qPrintable(message->Token.toString()),
+                   error.what());
+    }
+  }
+}
+
+// ---- Handshake ----
+
+void GameFlow::StartSession() {
+  Screen().ShowFrame(Frame::FrJuego, true);
+  ResetForSession();
+  AskName();
+  if (!Ended()) AskFirstTurn();
+}
+
+void GameFlow::AskName() {
+  const QString proposal = OwnPlayer() == 0 ? u"Servidor"_s : u"Cliente"_s;
+  QString name =
+      Ask(u"Por favor, introduzca su  nombre para mostrar al otro jugador: "_s, u"Introducir nombre"_s, proposal);
+  if (Ended()) return;
+  if (name.isEmpty()) name = proposal;
+  session_.PlayerNames.Set(OwnPlayer(), name);
+  Screen().SetCaption(TrimBlanks(name) + Window().CaptionSuffix);
+  Send(NameText(name));
+  session_.NameKnown.at(static_cast<std::size_t>(OwnPlayer())) = true;
+}
+
+void GameFlow::AskFirstTurn() {
+  QString answer = Ask(Window().FirstTurnQuestion.toString(), u"Asignación del primer turno"_s, u"3"_s);
+  if (Ended()) return;
+  if (const double value = Val(answer); value < 1 || value > 3) answer = u"3"_s;
+  if (OwnPlayer() == 1) {
+    Send(TurnChoiceText(answer));
+    return;
+  }
+  session_.TurnChoices[0] = RoundHalfEven<std::int16_t>(Val(answer));
+  if (session_.TurnChoices[1] != -1) DecideFirstTurn(Window().Report.Ending);
+}
+
+void GameFlow::NameReceived(const QString& name) {
+  AddMessage(u"Nombre recibido"_s);
+  AddMessage(u"Va a jugar contra "_s + name);
+  session_.PlayerNames.Set(OtherPlayer(), name);
+  session_.NameKnown.at(static_cast<std::size_t>(OtherPlayer())) = true;
+}
+
+void GameFlow::TurnChoiceReceived(const QString& payload) {
+  session_.TurnChoices[1] = ReadTurnChoice(payload);
+  if (session_.TurnChoices[0] != -1) DecideFirstTurn(Window().Report.EndingAtLateChoice);
+}
+
+void GameFlow::DecideFirstTurn(QStringView mutual_ending) {
+  const auto [own, other] = session_.TurnChoices;
+  const bool mutual = own == other && (own == 1 || own == 2);
+  const int starter = mutual ? own - 1 : random_.Below(2);
+  SettleFirstTurn(starter, !mutual, mutual ? mutual_ending : Window().Report.Ending);
+  Send(TurnDecidedText({.Starter = starter, .Drawn = !mutual}));
+  if (!Ended()) FirstTurnSettled();
+}
+
+void GameFlow::TurnDecided(const QString& text) {
+  const auto decision = ReadTurnDecision(text);
+  if (!decision) throw MalformedMessage("the starter is neither 0 nor 1");
+  SettleFirstTurn(decision->Starter, decision->Drawn, Window().Report.Ending);
+  FirstTurnSettled();
+}
+
+void GameFlow::SettleFirstTurn(int starter, bool drawn, QStringView ending) {
+  session_.CurrentTurn = session_.StartingPlayer = starter;
+  session_.TurnSettled = true;
+  const QString name = session_.PlayerNames.Trimmed(starter);
+  QString report = (drawn ? Window().Report.DrawOpening : Window().Report.MutualOpening) + name + u". ";
+  if (!ending.isEmpty()) report += name + ending;
+  AddMessage(report);
+}
+
+// ---- Another game ----
+
+void GameFlow::AskForRematch() {
+  EmptyTexts();
+  const Button answer = ShowBox(u"¿Desea jugar otra partida?"_s, Window().RematchTitle.toString(), Buttons::YesNo);
+  if (Ended()) return;
+  if (answer == Button::Yes) {
+    if (!session_.GameOver) return;  // the other player's wish has begun the new game while the question stood
+    Send(message::kRematchYes.Token.toString());
+    if (Ended()) return;
+    session_.RematchWanted.at(static_cast<std::size_t>(OwnPlayer())) = true;
+    StartNewGameIfBothWish();
+    return;
+  }
+  SendUntilComplete(message::kRematchNo.Token.toString());
+  End(AfterWindow::Selection);
+}
+
+void GameFlow::RematchAccepted() {
+  EmptyTexts();
+  AddMessage(u"Nueva partida."_s + session_.PlayerNames.Trimmed(OtherPlayer()) + u" desea jugar otra partida.");
+  session_.RematchWanted.at(static_cast<std::size_t>(OtherPlayer())) = true;
+  StartNewGameIfBothWish();
+}
+
+void GameFlow::RematchRefused() {
+  StopReading();
+  EmptyTexts();
+  ShowBox(session_.PlayerNames.Trimmed(OtherPlayer()) +
+              u" no desea jugar otra partida. Va a finalizarse la conexión y a cerrarse la ventana.",
+          {});
+  End(AfterWindow::Selection);
+}
+
+void GameFlow::StartNewGameIfBothWish() {
+  if (session_.RematchWanted[0] && session_.RematchWanted[1]) StartNewGame();
+}
+
+void GameFlow::StartNewGame() {
+  ResetForNewGame();
+  const PlayerNames& names = session_.PlayerNames;
+  ShowBox(u"Marcador actual: "_s + kCrLf + names.Trimmed(0) + u"  " + QString::number(session_.Scores[0]) + u" : " +
+              names.Trimmed(1) + u" " + QString::number(session_.Scores[1]) + kCrLf + Window().NewGameOpening +
+              names.Trimmed(session_.CurrentTurn) + Window().NewGameEnding,
+          u"Nueva partida"_s);
+}
+
+void GameFlow::EmptyTexts() {
+  Screen().ClearMessages();
+  Screen().SetStatus({});
+}
+
+void GameFlow::AddPoint(int player) {
+  std::int16_t& score = session_.Scores.at(static_cast<std::size_t>(player));
+  if (score < std::numeric_limits<std::int16_t>::max()) ++score;
+}
+
+}  // namespace brontavia

@@ -1,0 +1,89 @@
+// What all five games share once the connection stands: the handshake (names, who starts), the dispatcher, another
+// game, the score. A game derives from it, resets its own board and answers its own messages.
+#pragma once
+
+#include <QString>
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <stdexcept>
+#include <unordered_map>
+
+#include "net/connection_flow.h"
+#include "net/player_names.h"
+#include "net/random_draw.h"
+
+namespace brontavia {
+
+// State of one window's session. Entries of pairs and numbers of players: 0 the server, 1 the client.
+struct Session {
+  brontavia::PlayerNames PlayerNames;
+  std::array<bool, 2> NameKnown{};
+  // Who is to start, in the server's view: 1 the server, 2 the client, 3 a draw, -1 not yet known. Only the server
+  // knows both. Never cleared, so that a choice that arrives later decides again.
+  std::array<std::int16_t, 2> TurnChoices{-1, -1};
+  int CurrentTurn = 0;
+  int StartingPlayer = 0;
+  bool TurnSettled = false;  // the first turn of the first game has been decided; no move before
+  std::array<std::int16_t, 2> Scores{};
+  bool GameOver = false;
+  std::array<bool, 2> RematchWanted{};
+};
+
+class GameFlow : public ConnectionFlow {
+  Q_OBJECT
+
+ public:
+  GameFlow(const WindowTraits& window, const Seams& seams, unsigned seed);
+
+  [[nodiscard]] const Session& State() const { return session_; }
+
+ protected:
+  // Answers a message, given its payload. One that cannot be right throws (std::out_of_range from a board, or
+  // MalformedMessage) before it has changed anything.
+  using Handler = std::function<void(const QString& payload)>;
+  struct MalformedMessage : std::runtime_error {
+    using std::runtime_error::runtime_error;
+  };
+
+  // For the constructor of a game: which handler answers `message`, which the window's traits list.
+  void On(const Message& message, Handler handler);
+
+  // ---- What a game adds ----
+
+  // The board is reset before the names are asked, and again for each further game.
+  virtual void ResetForSession() = 0;
+  virtual void ResetForNewGame() = 0;
+  // The first turn has been decided, reported and, on the server, sent.
+  virtual void FirstTurnSettled() {}
+
+  // ---- What a game uses ----
+
+  void StartSession() override;
+  void HandleMessage(const QString& text) override;
+  void AddMessage(const QString& line) { Screen().AddMessage(line); }
+  void EmptyTexts();  // TBMensajes and TBEstado
+  void AddPoint(int player);
+  // The board was clicked after the end of a game.
+  void AskForRematch();
+
+  Session session_;
+
+ private:
+  void AskName();
+  void AskFirstTurn();
+  void NameReceived(const QString& name);
+  void TurnChoiceReceived(const QString& payload);
+  void TurnDecided(const QString& text);
+  void DecideFirstTurn(QStringView mutual_ending);
+  void SettleFirstTurn(int starter, bool drawn, QStringView ending);
+  void RematchAccepted();
+  void RematchRefused();
+  void StartNewGameIfBothWish();
+  void StartNewGame();
+
+  RandomDraw random_;
+  std::unordered_map<const Message*, Handler> handlers_;
+};
+
+}  // namespace brontavia

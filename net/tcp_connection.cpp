@@ -1,0 +1,170 @@
+#include "net/tcp_connection.h"
+
+#include <QHostAddress>
+#include <chrono>
+#include <limits>
+
+#ifdef Q_OS_LINUX
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
+#endif
+
+#include "text/wire_encoding.h"
+
+namespace brontavia {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+// What the peer may send before it is read. Past this TCP holds it back.
+constexpr qint64 kReadBufferSize = 1 << 20;
+
+// A send is never told as complete sooner than this, so that what follows it is another read at the peer.
+constexpr auto kShortestSend = 20ms;
+constexpr auto kBetweenChecks = 5ms;
+
+bool IsPort(std::int32_t port) { return port >= 1 && port <= std::numeric_limits<quint16>::max(); }
+
+// Bytes that the peer's TCP has not acknowledged yet; where the system does not tell, none.
+int Unacknowledged(const QTcpSocket& socket) {
+#ifdef Q_OS_LINUX
+  int bytes = 0;
+  if (ioctl(static_cast<int>(socket.socketDescriptor()), SIOCOUTQ, &bytes) == 0) return bytes;
+#endif
+  return 0;
+}
+
+// Bounds what a requester may send before it is accepted.
+class Listener : public QTcpServer {
+ protected:
+  void incomingConnection(qintptr descriptor) override {
+    auto* socket = new QTcpSocket(this);
+    socket->setReadBufferSize(kReadBufferSize);
+    socket->setSocketDescriptor(descriptor);
+    addPendingConnection(socket);
+  }
+};
+
+}  // namespace
+
+void TcpConnection::LetGo::operator()(QTcpSocket* socket) const {
+  socket->disconnect();
+  socket->flush();
+  socket->abort();
+  socket->deleteLater();
+}
+
+void TcpConnection::LetGo::operator()(QTcpServer* server) const {
+  server->disconnect();
+  server->close();
+  server->deleteLater();
+}
+
+TcpConnection::TcpConnection() { connect(&sent_check_, &QTimer::timeout, this, &TcpConnection::CheckSent); }
+
+TcpConnection::~TcpConnection() { TcpConnection::Close(); }
+
+ConnectionState TcpConnection::State() const {
+  if (server_) return ConnectionState::Listening;
+  if (!socket_ || socket_->state() == QAbstractSocket::UnconnectedState) return ConnectionState::Closed;
+  return socket_->state() == QAbstractSocket::ConnectedState ? ConnectionState::Connected : ConnectionState::Connecting;
+}
+
+// ---- Server ----
+
+std::optional<QString> TcpConnection::Listen(std::int32_t port) {
+  if (!IsPort(port)) return u"el puerto debe estar entre 1 y 65535."_s;
+  Close();
+  server_.reset(new Listener);
+  if (!server_->listen(QHostAddress::Any, static_cast<quint16>(port))) {
+    const QString reason = server_->errorString();
+    server_.reset();
+    return reason;
+  }
+  connect(server_.get(), &QTcpServer::newConnection, this, &TcpConnection::TellNextRequest, Qt::QueuedConnection);
+  return std::nullopt;
+}
+
+void TcpConnection::TellNextRequest() {
+  if (!server_ || requester_ || !server_->hasPendingConnections()) return;
+  requester_.reset(server_->nextPendingConnection());
+  requester_->setParent(nullptr);  // it outlives the listener when it is accepted
+  emit ConnectionRequest(++request_);
+}
+
+bool TcpConnection::Accept(int request) {
+  if (request != request_ || !requester_) return false;
+  if (requester_->state() != QAbstractSocket::ConnectedState) {
+    Reject(request);
+    return false;
+  }
+  SocketPointer accepted = std::move(requester_);
+  Close();
+  Use(std::move(accepted));
+  return true;
+}
+
+void TcpConnection::Reject(int request) {
+  if (request != request_) return;
+  requester_.reset();
+  QMetaObject::invokeMethod(this, &TcpConnection::TellNextRequest, Qt::QueuedConnection);
+}
+
+// ---- Client ----
+
+void TcpConnection::Connect(const QString& host, std::int32_t port) {
+  Close();
+  if (!IsPort(port)) return;
+  Use(SocketPointer(new QTcpSocket));
+  socket_->connectToHost(host, static_cast<quint16>(port));
+}
+
+// ---- Both ----
+
+void TcpConnection::Use(SocketPointer socket) {
+  socket_ = std::move(socket);
+  socket_->setReadBufferSize(kReadBufferSize);
+  socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+  // Queued: a read that arrives while a handler of an earlier one waits for a box is told as well.
+  connect(socket_.get(), &QTcpSocket::readyRead, this, &Connection::DataArrival, Qt::QueuedConnection);
+  connect(socket_.get(), &QTcpSocket::connected, this,
+          [this] { socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1); });
+  connect(socket_.get(), &QTcpSocket::disconnected, this, &Connection::Lost, Qt::QueuedConnection);
+  if (socket_->bytesAvailable() > 0) QMetaObject::invokeMethod(this, &Connection::DataArrival, Qt::QueuedConnection);
+}
+
+void TcpConnection::Close() {
+  sent_check_.stop();
+  requester_.reset();
+  server_.reset();
+  socket_.reset();
+}
+
+bool TcpConnection::SendData(const QString& text) {
+  if (State() != ConnectionState::Connected) return false;
+  socket_->write(ToWire(text));
+  sent_check_.start(kShortestSend);
+  return true;
+}
+
+void TcpConnection::Flush() {
+  if (socket_) socket_->flush();
+}
+
+void TcpConnection::CheckSent() {
+  if (State() != ConnectionState::Connected) {
+    sent_check_.stop();
+    return;
+  }
+  if (socket_->bytesToWrite() > 0 || Unacknowledged(*socket_) > 0) {
+    sent_check_.start(kBetweenChecks);
+    return;
+  }
+  sent_check_.stop();
+  emit SendComplete();
+}
+
+QString TcpConnection::GetData() { return socket_ ? FromWire(socket_->readAll()) : QString(); }
+
+}  // namespace brontavia

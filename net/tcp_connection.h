@@ -1,0 +1,50 @@
+// The real connection: one TCP listener that becomes one socket. Everything is delivered from the event loop of the
+// thread that made it.
+#pragma once
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+#include <memory>
+
+#include "net/connection.h"
+
+namespace brontavia {
+
+class TcpConnection : public Connection {
+  Q_OBJECT
+
+ public:
+  TcpConnection();
+  ~TcpConnection() override;
+
+  [[nodiscard]] ConnectionState State() const override;
+  std::optional<QString> Listen(std::int32_t port) override;
+  bool Accept(int request) override;
+  void Reject(int request) override;
+  void Connect(const QString& host, std::int32_t port) override;
+  void Close() override;
+  bool SendData(const QString& text) override;
+  void Flush() override;
+  QString GetData() override;
+
+ private:
+  // Closed at once, destroyed from the event loop: a socket may be let go inside one of its own signals.
+  struct LetGo {
+    void operator()(QTcpSocket* socket) const;
+    void operator()(QTcpServer* server) const;
+  };
+  using SocketPointer = std::unique_ptr<QTcpSocket, LetGo>;
+
+  void TellNextRequest();
+  void Use(SocketPointer socket);
+  void CheckSent();
+
+  std::unique_ptr<QTcpServer, LetGo> server_;
+  SocketPointer requester_;  // asked about, not yet answered
+  int request_ = 0;          // its number
+  SocketPointer socket_;
+  QTimer sent_check_;
+};
+
+}  // namespace brontavia

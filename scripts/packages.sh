@@ -1,0 +1,30 @@
+# Sourced by ./play and ./check: what each of them needs from Debian, and how it gets there.
+
+build_packages=(cmake g++ ninja-build qt6-base-dev qt6-translations-l10n)
+# A virtual screen with a window manager, keys and clicks, pictures, and the accessibility bus.
+screen_packages=(xvfb xauth openbox xdotool imagemagick x11-utils dbus-daemon at-spi2-core python3-pyatspi fonts-dejavu-core)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
+lint_packages=(clang-format clang-tidy cppcheck)
+
+# Installs those of the named packages that are missing. Without the rights to do so it prints the command and stops.
+install_missing() {
+  local missing=() package
+  for package in "$@"; do
+    [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
+      missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return
+  local install=(apt-get install --yes --no-install-recommends "${missing[@]}")
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null || ! { sudo -n true 2>/dev/null || [ -t 0 ]; }; then
+      echo "Missing packages, and no rights to install them. As root, run:" >&2
+      echo "  apt-get update && ${install[*]}" >&2
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "Installing ${missing[*]}"
+  "${as_root[@]}" apt-get update --quiet --quiet
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive "${install[@]}" --quiet --quiet
+}

@@ -1,0 +1,44 @@
+#include "ui/announcer.h"
+
+#include <QAccessible>
+#include <utility>
+
+namespace brontavia {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kLongestAnnouncement = 500;
+
+}  // namespace
+
+Announcer::Announcer(QWidget* window) : QLabel(window) {
+  setObjectName(u"Announcer"_s);
+  setTextFormat(Qt::PlainText);
+  setFocusPolicy(Qt::NoFocus);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  setFixedSize(1, 1);
+  hide();
+  speak_.setSingleShot(true);
+  connect(&speak_, &QTimer::timeout, this, &Announcer::Speak);
+}
+
+void Announcer::Announce(const QString& text) {
+  if (text.trimmed().isEmpty()) return;
+  waiting_ << text.left(kLongestAnnouncement).trimmed();
+  speak_.start(0);
+}
+
+void Announcer::Speak() {
+  const QString text = std::exchange(waiting_, {}).join(u". "_s).left(kLongestAnnouncement);
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+  QAccessibleAnnouncementEvent event(window(), text);
+  QAccessible::updateAccessibility(&event);
+#else
+  hide();
+  setText(text);
+  show();
+#endif
+}
+
+}  // namespace brontavia

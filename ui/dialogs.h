@@ -1,0 +1,29 @@
+// The platform's dialogs, seen from a flow. WidgetDialogs shows them; tests answer from a script.
+#pragma once
+
+#include <QString>
+
+namespace brontavia {
+
+enum class Buttons { Ok, OkCancel, YesNo };
+enum class Button { Ok, Cancel, Yes, No };
+
+class Dialogs {
+ public:
+  Dialogs() = default;
+  Dialogs(const Dialogs&) = delete;
+  Dialogs& operator=(const Dialogs&) = delete;
+  virtual ~Dialogs() = default;
+
+  // Shows `text`, as plain text, until a button is pressed; meanwhile other events are handled. An empty title shows
+  // the program's name. Closed without a button: Cancel or No where there is one.
+  virtual Button MessageBox(const QString& text, const QString& title, Buttons buttons) = 0;
+
+  // Asks for one line. Meanwhile other events are handled. Returns what was typed, unchanged; empty when cancelled.
+  virtual QString InputBox(const QString& prompt, const QString& title, const QString& proposal) = 0;
+
+  // Closes every box that is open, as if it had been cancelled.
+  virtual void CloseAll() = 0;
+};
+
+}  // namespace brontavia

@@ -1,0 +1,69 @@
+// The window that all games share: the frames that guide the connection, the game frame with its board and text boxes,
+// and the way that events take to the flow. A game derives from it and puts its board in.
+#pragma once
+
+#include <QWidget>
+
+#include "net/connection_flow.h"
+#include "net/tcp_connection.h"
+#include "ui/screen.h"
+#include "ui/widget_dialogs.h"
+
+class QBoxLayout;
+class QGroupBox;
+
+namespace brontavia {
+
+class Announcer;
+class BoardView;
+class TextBox;
+
+class GameWindow : public QWidget, protected Screen {
+  Q_OBJECT
+
+ public:
+  explicit GameWindow(const WindowTraits& window);
+
+  // Once the window shows: starts its connection.
+  void Load();
+
+ signals:
+  // Nothing of the window is on the stack any more: it may be destroyed.
+  void Finished(brontavia::AfterWindow after);
+
+ protected:
+  // What the flow of a game stands on.
+  Seams MakeSeams(ProcessValues& values);
+
+  // For the constructor of a game, once its flow and board exist. Both are the game's and outlive nothing.
+  void Attach(ConnectionFlow& flow, BoardView& board);
+
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void SetCaption(const QString& caption) override;
+  void ShowFrame(Frame frame, bool visible) override;
+  void SetStatus(const QString& text) override;
+  void AddMessage(const QString& line) override;
+  void ClearMessages() override;
+  void Beep() override;
+
+  QGroupBox* MakeServerFrame();
+  QGroupBox* MakeClientFrame(const WindowTraits& window);
+  QGroupBox* MakeGameFrame();
+
+  TcpConnection connection_;
+  WidgetDialogs dialogs_;
+  ConnectionFlow* flow_ = nullptr;
+  BoardView* board_ = nullptr;
+  // Made with the game frame.
+  QBoxLayout* game_layout_ = nullptr;
+  TextBox* status_ = nullptr;
+  TextBox* messages_ = nullptr;
+  QGroupBox* server_frame_;
+  QGroupBox* client_frame_;
+  QGroupBox* game_frame_;
+  Announcer* announcer_;
+};
+
+}  // namespace brontavia

@@ -1,0 +1,32 @@
+// What a flow shows of itself besides boards and boxes. The game window shows it; tests record it.
+#pragma once
+
+#include <QString>
+
+namespace brontavia {
+
+enum class Frame { FrServidor, FrCliente, FrJuego };
+
+class Screen {
+ public:
+  Screen() = default;
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
+  virtual ~Screen() = default;
+
+  virtual void SetCaption(const QString& caption) = 0;
+
+  // A hidden frame is disabled as well.
+  virtual void ShowFrame(Frame frame, bool visible) = 0;
+
+  // TBEstado: one text, replaced as a whole.
+  virtual void SetStatus(const QString& text) = 0;
+
+  // TBMensajes: appends a line break and `line`, and selects the line so that the box scrolls to it.
+  virtual void AddMessage(const QString& line) = 0;
+  virtual void ClearMessages() = 0;
+
+  virtual void Beep() = 0;
+};
+
+}  // namespace brontavia

@@ -1,0 +1,42 @@
+#include "ui/text_box.h"
+
+#include <QFontMetrics>
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace brontavia {
+namespace {
+
+constexpr int kMostLines = 5000;
+
+}  // namespace
+
+TextBox::TextBox(const QString& name, const QString& accessible_name, QWidget* parent) : QPlainTextEdit(parent) {
+  setObjectName(name);
+  setAccessibleName(accessible_name);
+  setReadOnly(true);
+  setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  setTabChangesFocus(true);
+  setMaximumBlockCount(kMostLines);
+}
+
+void TextBox::SetText(const QString& text) { setPlainText(text); }
+
+void TextBox::AddLine(const QString& line) {
+  QTextCursor cursor(document());
+  cursor.movePosition(QTextCursor::End);
+  cursor.insertBlock();
+  const int before = cursor.position();
+  cursor.insertText(line);
+  const int end = cursor.position();
+  cursor.setPosition(qMin(before, end));
+  cursor.setPosition(end, QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
+}
+
+void TextBox::SetMinimumLines(int lines) {
+  const int frame = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+  setMinimumHeight(QFontMetrics(font()).lineSpacing() * lines + frame + 2);
+}
+
+}  // namespace brontavia

@@ -1,0 +1,84 @@
+#include "ui/widget_dialogs.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <memory>
+
+namespace brontavia {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kProgramName = u"BRONTAVIA"_s;
+constexpr int kInputWidth = 440;
+
+// Labels break lines at "\n" and would show the "\r" before it.
+QString ForLabel(QString text) { return text.replace(u"\r\n"_s, u"\n"_s); }
+
+QMessageBox::StandardButtons StandardButtonsOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::Ok:
+      return QMessageBox::Ok;
+    case Buttons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+  }
+  return QMessageBox::Ok;
+}
+
+// A box that was closed without a button counts as refused.
+Button ButtonOf(int result, Buttons buttons) {
+  switch (buttons) {
+    case Buttons::Ok:
+      return Button::Ok;
+    case Buttons::OkCancel:
+      return result == QMessageBox::Ok ? Button::Ok : Button::Cancel;
+    case Buttons::YesNo:
+      return result == QMessageBox::Yes ? Button::Yes : Button::No;
+  }
+  return Button::Cancel;
+}
+
+}  // namespace
+
+Button WidgetDialogs::MessageBox(const QString& text, const QString& title, Buttons buttons) {
+  const auto box = std::make_unique<QMessageBox>(&parent_);
+  box->setWindowTitle(title.isEmpty() ? kProgramName : title);
+  box->setTextFormat(Qt::PlainText);
+  box->setText(ForLabel(text));
+  box->setIcon(buttons == Buttons::Ok ? QMessageBox::Information : QMessageBox::Question);
+  box->setStandardButtons(StandardButtonsOf(buttons));
+  box->setDefaultButton(buttons == Buttons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
+  return ButtonOf(Run(*box), buttons);
+}
+
+QString WidgetDialogs::InputBox(const QString& prompt, const QString& title, const QString& proposal) {
+  const auto box = std::make_unique<QInputDialog>(&parent_);
+  box->setWindowTitle(title);
+  box->setInputMode(QInputDialog::TextInput);
+  box->setLabelText(ForLabel(prompt));
+  box->setTextValue(proposal);
+  for (QLabel* label : box->findChildren<QLabel*>()) {
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+  }
+  box->resize(kInputWidth, box->sizeHint().height());
+  return Run(*box) == QDialog::Accepted ? box->textValue() : QString();
+}
+
+int WidgetDialogs::Run(QDialog& dialog) {
+  open_.append(&dialog);
+  const int result = dialog.exec();
+  open_.removeAll(&dialog);
+  return result;
+}
+
+void WidgetDialogs::CloseAll() {
+  for (const auto& dialog : QList(open_)) {
+    if (dialog) dialog->reject();
+  }
+}
+
+}  // namespace brontavia

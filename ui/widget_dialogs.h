@@ -1,0 +1,29 @@
+// The dialogs on screen. Every text is shown as plain text.
+#pragma once
+
+#include <QDialog>
+#include <QList>
+#include <QPointer>
+
+#include "ui/dialogs.h"
+
+namespace brontavia {
+
+class WidgetDialogs : public Dialogs {
+ public:
+  // `parent` outlives the dialogs.
+  explicit WidgetDialogs(QWidget& parent) : parent_(parent) {}
+
+  Button MessageBox(const QString& text, const QString& title, Buttons buttons) override;
+  QString InputBox(const QString& prompt, const QString& title, const QString& proposal) override;
+  void CloseAll() override;
+
+ private:
+  // Shows `dialog` until it is done; returns its result.
+  int Run(QDialog& dialog);
+
+  QWidget& parent_;
+  QList<QPointer<QDialog>> open_;
+};
+
+}  // namespace brontavia
