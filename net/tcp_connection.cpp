@@ -130,7 +130,7 @@ void TcpConnection::Use(SocketPointer socket) {
   connect(socket_.get(), &QTcpSocket::readyRead, this, &Connection::DataArrival, Qt::QueuedConnection);
   connect(socket_.get(), &QTcpSocket::connected, this,
           [this] { socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1); });
-  connect(socket_.get(), &QTcpSocket::disconnected, this, &Connection::Lost, Qt::QueuedConnection);
+  connect(socket_.get(), &QTcpSocket::disconnected, this, &TcpConnection::TellLost, Qt::QueuedConnection);
   if (socket_->bytesAvailable() > 0) QMetaObject::invokeMethod(this, &Connection::DataArrival, Qt::QueuedConnection);
 }
 
@@ -153,16 +153,21 @@ void TcpConnection::Flush() {
 }
 
 void TcpConnection::CheckSent() {
-  if (State() != ConnectionState::Connected) {
-    sent_check_.stop();
-    return;
-  }
+  if (State() != ConnectionState::Connected) return;  // TellLost is on its way
   if (socket_->bytesToWrite() > 0 || Unacknowledged(*socket_) > 0) {
     sent_check_.start(kBetweenChecks);
     return;
   }
   sent_check_.stop();
   emit SendComplete();
+}
+
+void TcpConnection::TellLost() {
+  // A peer that closes in order has read what it was sent; one that had not would have reset the connection.
+  const bool sent = sent_check_.isActive() && socket_ && socket_->error() == QAbstractSocket::RemoteHostClosedError;
+  sent_check_.stop();
+  if (sent) emit SendComplete();
+  emit Lost();
 }
 
 QString TcpConnection::GetData() { return socket_ ? FromWire(socket_->readAll()) : QString(); }

@@ -39,6 +39,7 @@ class TcpConnection : public Connection {
   void TellNextRequest();
   void Use(SocketPointer socket);
   void CheckSent();
+  void TellLost();
 
   std::unique_ptr<QTcpServer, LetGo> server_;
   SocketPointer requester_;  // asked about, not yet answered

@@ -17,6 +17,7 @@ class ThreeInRowFlow : public GameFlow {
   void BoardClicked(CellIndex cell);
 
   [[nodiscard]] BoardModel& FG1() { return fg1_; }
+  [[nodiscard]] const BoardModel& FG1() const { return fg1_; }
   [[nodiscard]] const ThreeInRowBoard& Board() const { return board_; }
 
  protected:

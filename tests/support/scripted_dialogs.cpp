@@ -1,0 +1,82 @@
+#include "tests/support/scripted_dialogs.h"
+
+#include <gtest/gtest.h>
+
+namespace brontavia::test {
+
+ScriptedDialogs::~ScriptedDialogs() {
+  for (const Expected& expected : script_) {
+    ADD_FAILURE() << qPrintable(owner_) << ": box not shown: " << qPrintable(expected.Title) << " / "
+                  << qPrintable(expected.Text);
+  }
+}
+
+void ScriptedDialogs::Expect(const QString& title, const QString& text, Meanwhile meanwhile) {
+  Expect(title, text, Button::Ok, std::move(meanwhile));
+}
+
+void ScriptedDialogs::Expect(const QString& title, const QString& text, Button answer, Meanwhile meanwhile) {
+  script_.push_back({.Title = title, .Text = text, .Answer = answer, .While = std::move(meanwhile)});
+}
+
+void ScriptedDialogs::ExpectInput(const QString& title, const QString& prompt, const QString& proposal,
+                                  const QString& answer, Meanwhile meanwhile) {
+  script_.push_back({.Input = true,
+                     .Title = title,
+                     .Text = prompt,
+                     .Proposal = proposal,
+                     .Typed = answer,
+                     .While = std::move(meanwhile)});
+}
+
+std::optional<ScriptedDialogs::Expected> ScriptedDialogs::Next(const QString& title, const QString& text,
+                                                               const QString& proposal, bool input) {
+  Shown << title + u": " + text;
+  const std::string where = owner_.toStdString() + ": " + title.toStdString() + " / " + text.toStdString();
+  if (script_.empty()) {
+    ADD_FAILURE() << "unexpected box of " << where;
+    return std::nullopt;
+  }
+  Expected expected = std::move(script_.front());
+  script_.pop_front();
+  EXPECT_EQ(expected.Input, input) << where;
+  EXPECT_EQ(expected.Title.toStdString(), title.toStdString()) << where;
+  EXPECT_EQ(expected.Text.toStdString(), text.toStdString()) << where;
+  EXPECT_EQ(expected.Proposal.toStdString(), proposal.toStdString()) << where;
+  return expected;
+}
+
+bool ScriptedDialogs::StayOpen(const Meanwhile& meanwhile) {
+  ++open_;
+  if (meanwhile) meanwhile();
+  const bool still_open = closed_ == 0;
+  if (!still_open) --closed_;
+  --open_;
+  return still_open;
+}
+
+Button ScriptedDialogs::MessageBox(const QString& text, const QString& title, Buttons buttons) {
+  const Button refused = buttons == Buttons::YesNo ? Button::No : Button::Cancel;
+  if (AnswerBox) {
+    Shown << title + u": " + text;
+    return AnswerBox(title);
+  }
+  const auto expected = Next(title, text, {}, false);
+  if (!expected) return refused;
+  const bool yes_no = expected->Answer == Button::Yes || expected->Answer == Button::No;
+  EXPECT_EQ(yes_no, buttons == Buttons::YesNo) << title.toStdString();
+  return StayOpen(expected->While) ? expected->Answer : refused;
+}
+
+QString ScriptedDialogs::InputBox(const QString& prompt, const QString& title, const QString& proposal) {
+  if (AnswerInput) {
+    Shown << title + u": " + prompt;
+    return AnswerInput(title);
+  }
+  const auto expected = Next(title, prompt, proposal, true);
+  return expected && StayOpen(expected->While) ? expected->Typed : QString();
+}
+
+void ScriptedDialogs::CloseAll() { closed_ = open_; }
+
+}  // namespace brontavia::test

@@ -1,0 +1,60 @@
+// Boxes answered from a script, in order. An unexpected box and a script left over fail the test.
+#pragma once
+
+#include <QStringList>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include "ui/dialogs.h"
+
+namespace brontavia::test {
+
+class ScriptedDialogs : public Dialogs {
+ public:
+  // What happens while a box is open, before it is answered.
+  using Meanwhile = std::function<void()>;
+
+  explicit ScriptedDialogs(QString owner) : owner_(std::move(owner)) {}
+  ~ScriptedDialogs() override;
+
+  // ---- The script ----
+
+  void Expect(const QString& title, const QString& text, Meanwhile meanwhile = {});  // one OK button
+  void Expect(const QString& title, const QString& text, Button answer, Meanwhile meanwhile = {});
+  void ExpectInput(const QString& title, const QString& prompt, const QString& proposal, const QString& answer,
+                   Meanwhile meanwhile = {});
+  // Instead of a script: every further box is answered by this, given its title.
+  std::function<Button(const QString& title)> AnswerBox;
+  std::function<QString(const QString& title)> AnswerInput;
+
+  QStringList Shown;  // titles and texts of all boxes, in order
+
+  Button MessageBox(const QString& text, const QString& title, Buttons buttons) override;
+  QString InputBox(const QString& prompt, const QString& title, const QString& proposal) override;
+  void CloseAll() override;
+
+ private:
+  struct Expected {
+    bool Input = false;
+    QString Title;
+    QString Text;
+    QString Proposal;
+    Button Answer = Button::Ok;
+    QString Typed;
+    Meanwhile While;
+  };
+
+  // The next box of the script when it is this one; fails the test and returns nothing otherwise.
+  std::optional<Expected> Next(const QString& title, const QString& text, const QString& proposal, bool input);
+  // Lets the box's meanwhile happen; returns whether the box was still open afterwards.
+  bool StayOpen(const Meanwhile& meanwhile);
+
+  QString owner_;
+  std::deque<Expected> script_;
+  int open_ = 0;
+  int closed_ = 0;  // how many of the open boxes have been closed by CloseAll
+};
+
+}  // namespace brontavia::test
