@@ -1,0 +1,3 @@
+#include <QString>
+
+QString Text();

@@ -1,0 +1,3 @@
+#include <QtCore/QString>
+
+QString Text();

@@ -1,0 +1,3 @@
+#include <QColor>
+
+QColor Colour();

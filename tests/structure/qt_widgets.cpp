@@ -1,0 +1,3 @@
+#include <QWidget>
+
+QWidget* Window();

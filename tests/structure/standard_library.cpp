@@ -1,0 +1,3 @@
+#include <string>
+
+std::u16string Text();
