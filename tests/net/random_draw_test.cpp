@@ -38,7 +38,7 @@ TEST(RandomDraw, FirstDrawIsFairOverTheSecondsOfADay) {
     clients += RandomDraw(RandomDraw::SeedOf(time)).Below(2);
   }
   const int draws = seconds / 7;
-  EXPECT_NEAR(clients, draws / 2, draws / 50);
+  EXPECT_NEAR(clients, 0.5 * draws, 0.02 * draws);
 }
 
 }  // namespace

@@ -36,11 +36,11 @@ void Place(ThreeInRowBoard& board, int player, int cell) {
   board.BeginMove(player);
 }
 
-// The server's board after both have placed three pieces: X in 0, 1, 5 and O in 4, 2, 6.
+// The server's board after both have placed three pieces: X in 0, 1, 5 and O in 4, 2, 3.
 ThreeInRowBoard MovingBoard() {
   ThreeInRowBoard board;
   for (const int cell : {0, 1, 5}) Place(board, kServer, cell);
-  for (const int cell : {4, 2, 6}) board.Apply(kClient, {.Lifted = kNoCell, .Target = cell});
+  for (const int cell : {4, 2, 3}) board.Apply(kClient, {.Lifted = kNoCell, .Target = cell});
   board.BeginMove(kServer);
   return board;
 }
@@ -147,7 +147,7 @@ TEST(Moving, PutsTheLiftedPieceOnAnotherEmptyCell) {
   ASSERT_EQ(board.Click(kServer, 5), TerClick::Lifted);
   ASSERT_EQ(board.Click(kServer, 8), TerClick::Moved);
   EXPECT_EQ(board.Move(), (TerMove{.Lifted = 5, .Target = 8}));
-  EXPECT_EQ(Shown(board), u"XXO*O*O*X");
+  EXPECT_EQ(Shown(board), u"XXOOO***X");
   board.EndMove(kServer);
   EXPECT_EQ(board.PosQuitada(), kNoCell);
   board.BeginMove(kServer);
@@ -157,9 +157,9 @@ TEST(Moving, PutsTheLiftedPieceOnAnotherEmptyCell) {
 TEST(Moving, RefusesToPutTheLiftedPieceOnAnother) {
   ThreeInRowBoard board = MovingBoard();
   ASSERT_EQ(board.Click(kServer, 5), TerClick::Lifted);
-  for (const int taken : {0, 1, 2, 4, 6}) EXPECT_EQ(board.Click(kServer, taken), TerClick::NotEmpty);
+  for (const int taken : {0, 1, 2, 3, 4}) EXPECT_EQ(board.Click(kServer, taken), TerClick::NotEmpty);
   EXPECT_EQ(board.PosQuitada(), 5);
-  EXPECT_EQ(Shown(board), u"XXO*O*O**");
+  EXPECT_EQ(Shown(board), u"XXOOO****");
 }
 
 TEST(Moving, PuttingThePieceBackIsNoMoveAndAPieceMustBeLiftedAgain) {
