@@ -1,0 +1,281 @@
+"""One running copy of the program: starts it, reads it through the accessibility bus, ends it."""
+
+import os
+import pathlib
+import random
+import shutil
+import signal
+import socket
+import subprocess
+import tempfile
+
+import pyatspi
+from gi.repository import Atspi
+
+import screen
+from waiting import LIMIT, wait_for_value, wait_until
+
+# The program's controls by role and by the name that a screen reader speaks.
+CONTROLS = {
+    "Text1": ("text", "Indicaciones"),
+    "Text2": ("text", "Explicación"),
+    "List1": ("list", "Juegos"),
+    "TbServ1": ("text", "Instrucciones"),
+    "TbCli1": ("text", "Instrucciones"),
+    "TBEstado": ("text", "Estado"),
+    "TBMensajes": ("text", "Mensajes"),
+    "TBJugadas": ("text", "Jugadas"),
+    "TBEntorno": ("text", "Posición"),
+    "TBReloj": ("text", "Relojes"),
+    "TBBarcos": ("text", "Barcos"),
+    "FrServidor": ("panel", "SERVIDOR"),
+    "FrCliente": ("panel", "CLIENTE"),
+    "FG1": ("panel", "Tablero"),
+    "FG2": ("panel", "Flota propia"),
+}
+
+_BOX_ROLES = ("dialog", "alert")
+# Nothing that a test looks for is inside these.
+_LEAVES = ("text", "push button", "label", "list item", "scroll bar", "notification")
+
+
+def free_port():
+    """A port that nobody listens on, outside the range that the system gives to outgoing connections."""
+    while True:
+        port = random.SystemRandom().randrange(20000, 32000)
+        with socket.socket() as probe:
+            try:
+                probe.bind(("0.0.0.0", port))
+            except OSError:
+                continue
+            return port
+
+
+def has_state(node, state):
+    return node.getState().contains(state)
+
+
+def is_showing(node):
+    return has_state(node, pyatspi.STATE_SHOWING)
+
+
+def is_focused(node):
+    return has_state(node, pyatspi.STATE_FOCUSED)
+
+
+def text_of(node):
+    return node.queryText().getText(0, -1)
+
+
+def extents_of(node):
+    box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    return box.x, box.y, box.width, box.height
+
+
+class Copy:
+    """A copy with its own directory, and thus with its own Brontavia.ini."""
+
+    def __init__(self, binary, ini=None, environment=None):
+        self._folder = tempfile.TemporaryDirectory(prefix="brontavia_")
+        self._errors = open(os.path.join(self._folder.name, "stderr"), "w+b")
+        executable = shutil.copy(binary, self._folder.name)
+        if ini is not None:
+            pathlib.Path(self._folder.name, "Brontavia.ini").write_bytes(ini.encode("latin-1"))
+        self._process = subprocess.Popen(
+            [executable], cwd="/", stderr=self._errors, env={**os.environ, **(environment or {})}
+        )
+        self.pid = self._process.pid
+        try:
+            self._application = wait_until("the program to reach the accessibility bus", self._find_application)
+        except BaseException:
+            self.end()
+            raise
+
+    def _find_application(self):
+        if self._process.poll() is not None:
+            raise AssertionError(f"the program ended at once with {self._process.returncode}: {self.errors()}")
+        for application in pyatspi.Registry.getDesktop(0):
+            if application is not None and application.get_process_id() == self.pid:
+                application.set_cache_mask(Atspi.Cache.NONE)
+                return application
+        return None
+
+    # ---- The process ----
+
+    def running(self):
+        return self._process.poll() is None
+
+    def exit_code(self, limit=LIMIT):
+        """Waits for the end of the process."""
+        return self._process.wait(limit)
+
+    def kill(self):
+        self._process.send_signal(signal.SIGKILL)
+        self._process.wait()
+
+    def errors(self):
+        """What the copy wrote to standard error."""
+        return pathlib.Path(self._errors.name).read_text(errors="replace")
+
+    def end(self):
+        if self.running():
+            self.kill()
+        self._errors.close()
+        self._folder.cleanup()
+
+    # ---- Windows and controls ----
+
+    def windows(self):
+        """Main window and boxes that are on the screen."""
+        return [window for window in self._application if window is not None and is_showing(window)]
+
+    def main_window(self):
+        for window in self.windows():
+            if window.getRoleName() not in _BOX_ROLES:
+                return window
+        raise LookupError("the main window")
+
+    def boxes(self):
+        return [window for window in self.windows() if window.getRoleName() in _BOX_ROLES]
+
+    def box(self, title):
+        """The open box with a title, once it is there."""
+
+        def look():
+            return next((box for box in self.boxes() if box.name == title), None)
+
+        try:
+            return wait_until(f"the box {title!r}", look)
+        except TimeoutError as error:
+            there = [(box.name, label_of(box)) for box in self.boxes()]
+            raise AssertionError(f"no box {title!r} came; open boxes: {there}; {self._state()}") from error
+
+    def _state(self):
+        if not self.running():
+            return f"the process has ended with {self._process.returncode}: {self.errors()}"
+        return f"the main window is {self.caption()!r}"
+
+    def caption(self):
+        return self.main_window().name
+
+    def find(self, role, name):
+        """A control on the screen, or None."""
+        for window in reversed(self.windows()):
+            found = find_below(window, role, name)
+            if found:
+                return found
+        return None
+
+    def control(self, name):
+        """A control by its name in the program, such as "TBEstado", once it is on the screen."""
+        return wait_until(f"the control {name}", lambda: self.find(*CONTROLS[name]))
+
+    def shows(self, name):
+        return self.find(*CONTROLS[name]) is not None
+
+    def text(self, name):
+        return text_of(self.control(name))
+
+    def button(self, caption):
+        return wait_until(f"the button {caption!r}", lambda: self.find("push button", caption))
+
+    # ---- Lists and boards ----
+
+    def entries(self):
+        return list(self.control("List1"))
+
+    def cells(self, board="FG1"):
+        """The cells of a board in row-major order."""
+        return list(self.control(board))
+
+    def columns(self, board="FG1"):
+        """How many cells a row of a board has."""
+        tops = [extents_of(cell)[1] for cell in self.cells(board)]
+        return tops.count(tops[0])
+
+    def board(self, board="FG1"):
+        """What the cells of a board display, in row-major order."""
+        return [cell.description for cell in self.cells(board)]
+
+    def current_cell(self, board="FG1"):
+        """The number of the cell under the board's cursor."""
+        selected = [has_state(cell, pyatspi.STATE_SELECTED) for cell in self.cells(board)]
+        if True not in selected:
+            raise LookupError(f"the current cell of {board}")
+        return selected.index(True)
+
+    # ---- Expectations ----
+
+    def expect_caption(self, expected):
+        wait_for_value("the caption", self.caption, expected)
+
+    def expect_text(self, name, expected):
+        wait_for_value(name, lambda: self.text(name), expected)
+
+    def expect_board(self, expected, board="FG1"):
+        """The board's cells as one text, with rows parted by blanks: "*X* *O* ***"."""
+        wait_for_value(board, lambda: "".join(self.board(board)), expected.replace(" ", ""))
+
+    def expect_no_box(self):
+        boxes = [(box.name, label_of(box)) for box in self.boxes()]
+        assert not boxes, f"unexpected boxes: {boxes}"
+
+    # ---- To the front ----
+
+    def bring_to_front(self, window=None):
+        """Gives a window (without one: the box in front, or else the main window) the keyboard, uncovered.
+
+        Returns its number at the X server.
+        """
+
+        def front():
+            target = window or self._foremost()
+            candidates = [number for number, title in screen.windows_of(self.pid) if title == target.name]
+            if not candidates:
+                return None
+            if screen.in_front(candidates[-1]) and has_state(target, pyatspi.STATE_ACTIVE):
+                return candidates[-1]
+            screen.activate(candidates[-1])
+            return None
+
+        return wait_until("a window to come to the front", front)
+
+    def _foremost(self):
+        """The main window, or the box that covers all others."""
+        boxes = {box.name: box for box in self.boxes()}
+        if not boxes:
+            return self.main_window()
+        titles = [title for _, title in screen.windows_of(self.pid) if title in boxes]
+        return boxes[titles[-1]]
+
+
+def find_below(node, role, name):
+    """The first control on the screen below a node with a role and a name (any name when it is None), or None."""
+    if node.getRoleName() in _LEAVES:
+        return None
+    for child in node:
+        if child is None or not is_showing(child):
+            continue
+        if child.getRoleName() == role and name in (None, child.name):
+            return child
+        found = find_below(child, role, name)
+        if found:
+            return found
+    return None
+
+
+def label_of(box):
+    """The text of a message box or the prompt of an input box. An icon is a label without a name."""
+    return next((child.name for child in labels_below(box) if child.name), "")
+
+
+def labels_below(node):
+    for child in node:
+        if child is not None and child.getRoleName() == "label":
+            yield child
+        elif child is not None and child.getRoleName() not in _LEAVES:
+            yield from labels_below(child)
+
+
+# A copy that hangs is found out by the waits, not by a call that never returns.
+Atspi.set_timeout(3000, 10000)
