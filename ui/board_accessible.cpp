@@ -130,7 +130,6 @@ QAccessibleInterface* MakeInterface(const QString& /*class_name*/, QObject* obje
 }
 
 void Tell(BoardView& board, CellIndex cell, QAccessible::Event kind) {
-  if (!QAccessible::isActive()) return;
   QAccessibleEvent event(&board, kind);
   event.setChild(cell.Row * board.Model().columnCount() + cell.Column);
   QAccessible::updateAccessibility(&event);

@@ -1,0 +1,285 @@
+// The window of three in a row: two of them in one process, joined by real TCP, used as a user would.
+#include "games/three_in_row/form_ter.h"
+
+#include <gtest/gtest.h>
+
+#include <QPointer>
+#include <QPushButton>
+#include <QTcpServer>
+#include <QTest>
+
+#include "tests/support/box_answerer.h"
+#include "tests/support/printers.h"
+#include "tests/support/waiting.h"
+#include "ui/text_box.h"
+
+namespace brontavia::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kYes = u"Yes"_s;
+const QString kNo = u"No"_s;
+const QString kOk = u"OK"_s;
+
+std::int32_t FreePort() {
+  QTcpServer probe;
+  probe.listen(QHostAddress::LocalHost);
+  return probe.serverPort();
+}
+
+// A window as its owner keeps it: destroyed only once it has finished.
+struct OwnedWindow {
+  OwnedWindow(Role role, std::int32_t port) : Values{.ConnectionPort = port, .PlayerRole = role} {
+    Window = new FormTER(Values);
+    QObject::connect(Window, &GameWindow::Finished, Window, [this](AfterWindow after) {
+      Finished = after;
+      Window->deleteLater();
+    });
+    Window->show();
+    Window->Load();
+  }
+  OwnedWindow(const OwnedWindow&) = delete;
+  OwnedWindow& operator=(const OwnedWindow&) = delete;
+  ~OwnedWindow() { delete Window; }
+
+  template <typename Widget>
+  Widget* Control(const QString& name) {
+    return Window->findChild<Widget*>(name);
+  }
+  QString Text(const QString& box) {
+    return OnGui([&] { return Control<TextBox>(box)->toPlainText(); });
+  }
+  BoardView* FG1() { return Control<BoardView>(u"FG1"_s); }
+  void Press(const QString& button) {
+    Post([this, button] { Control<QPushButton>(button)->click(); });
+  }
+  void Click(int cell) {
+    const CellIndex index{cell / kTerSide, cell % kTerSide};
+    Post([this, index] { QTest::mouseClick(FG1(), Qt::LeftButton, {}, FG1()->CellRect(index).center()); });
+  }
+  bool ComesToShow(int cell, const QString& symbol) {
+    return Eventually([&] { return FG1()->Model().Text({cell / kTerSide, cell % kTerSide}) == symbol; });
+  }
+  void Close() {
+    Post([this] { Window->close(); });
+  }
+  bool Goes() {
+    return Eventually([this] { return Window.isNull(); });
+  }
+
+  ProcessValues Values;
+  QPointer<FormTER> Window;
+  std::optional<AfterWindow> Finished;
+};
+
+class FormTERPair : public testing::Test {
+ protected:
+  // ---- For the user's script ----
+
+  void Connect() {
+    Client.Press(u"CBConLocal"_s);
+    EXPECT_EQ(Answer(u"Solicitud de conexión"_s, kOk),
+              u"Se ha recibido una solicitud de conexión. ¿Desea aceptarla?"_s);
+  }
+
+  // Both are asked for their names; the client's box opened later and is on top.
+  bool BothAreAsked() {
+    return Eventually([this] {
+      return Server.Window->findChild<QDialog*>() != nullptr && Client.Window->findChild<QDialog*>() != nullptr;
+    });
+  }
+
+  void Handshake() {
+    Connect();
+    EXPECT_TRUE(BothAreAsked());
+    AnswerInput(u"Introducir nombre"_s, u"Luis"_s);
+    AnswerInput(u"Asignación del primer turno"_s, u"2"_s);
+    AnswerInput(u"Introducir nombre"_s, u"Ana"_s);
+    AnswerInput(u"Asignación del primer turno"_s, u"1"_s);
+    for (OwnedWindow* side : {&Server, &Client}) {
+      EXPECT_TRUE(Eventually([&] { return side->Text(u"TBMensajes"_s).contains(u"mutua"_s); }));
+    }
+  }
+
+  // X on 0, 1; O on 4, 8; X to move and win on 2.
+  void PlayUpToTheWin() {
+    Server.Click(0);
+    EXPECT_TRUE(Client.ComesToShow(0, u"X"_s));
+    Client.Click(4);
+    EXPECT_TRUE(Server.ComesToShow(4, u"O"_s));
+    Server.Click(1);
+    EXPECT_TRUE(Client.ComesToShow(1, u"X"_s));
+    Client.Click(8);
+    EXPECT_TRUE(Server.ComesToShow(8, u"O"_s));
+  }
+
+  // The user is in the server's window.
+  void Activate() {
+    OnGui([this] { Server.Window->activateWindow(); });
+    EXPECT_TRUE(Eventually([this] { return Server.Window->isActiveWindow(); }));
+  }
+
+  std::int32_t Port = FreePort();
+  OwnedWindow Server{Role::Server, Port};
+  OwnedWindow Client{Role::Client, Port};
+};
+
+TEST_F(FormTERPair, OpensWithTheFrameOfItsRoleAndItsCaption) {
+  EXPECT_EQ(Server.Window->objectName(), u"FormTER"_s);
+  EXPECT_EQ(Server.Window->windowTitle(), u"BRONTAVIA - TRES EN RAYA"_s);
+  EXPECT_TRUE(Server.Control<QWidget>(u"FrServidor"_s)->isVisible());
+  EXPECT_FALSE(Server.Control<QWidget>(u"FrCliente"_s)->isVisible());
+  EXPECT_FALSE(Server.Control<QWidget>(u"FrJuego"_s)->isVisible());
+  EXPECT_FALSE(Server.Control<QWidget>(u"FrJuego"_s)->isEnabled());
+  EXPECT_TRUE(Client.Control<QWidget>(u"FrCliente"_s)->isVisible());
+  EXPECT_EQ(Client.Control<QPushButton>(u"CbConectar"_s)->text(), u"CONECTAR"_s);
+  EXPECT_EQ(Client.Control<QPushButton>(u"CBConLocal"_s)->text(), u"CONEXIÓN LOCAL"_s);
+  EXPECT_TRUE(Client.Text(u"TbCli1"_s).endsWith(u"ordenador, pulse el botón de conexión local. \n"_s));
+  EXPECT_TRUE(Server.Text(u"TbServ1"_s).startsWith(u"El programa ha empezado a escuchar"_s));
+}
+
+TEST_F(FormTERPair, PlaysToTheEndAndIntoAnotherGame) {
+  AsUser([this] {
+    Handshake();
+    EXPECT_EQ(Server.Window->windowTitle(), u"Ana - Tres en raya"_s);
+    EXPECT_FALSE(Server.Control<QWidget>(u"FrServidor"_s)->isVisible());
+    EXPECT_TRUE(Server.Control<QWidget>(u"FrJuego"_s)->isEnabled());
+    PlayUpToTheWin();
+    EXPECT_EQ(Server.Text(u"TBEstado"_s), u"Coloque una ficha en el tablero"_s);
+    Server.Click(2);
+    EXPECT_EQ(Answer(u"Ha perdido"_s, kOk),
+              u"Ana             ha conseguido tres en raya antes que usted.\nPulse sobre el tablero para continuar."_s);
+    EXPECT_EQ(
+        Answer(u"Enhorabuena"_s, kOk),
+        u"¡Ha ganado! Consiguió hacer tres en raya antes que su rival.\nPulse sobre el tablero para continuar."_s);
+    Server.Click(0);
+    Answer(u"Tres en raya"_s, kYes);
+    EXPECT_TRUE(Eventually([&] { return Client.Text(u"TBMensajes"_s).contains(u"Nueva partida.Ana"_s); }));
+    Client.Click(0);
+    Answer(u"Tres en raya"_s, kYes);
+    for (int i = 0; i < 2; ++i) {
+      EXPECT_EQ(Answer(u"Nueva partida"_s, kOk), u"Marcador actual: \nAna  1 : Luis 0\nComienza jugando Luis."_s);
+    }
+  });
+}
+
+TEST_F(FormTERPair, AnyKeyBringsTheFocusToTheBoardButDoesNotPlay) {
+  AsUser([this] {
+    Handshake();
+    Activate();
+    auto* status = Server.Control<TextBox>(u"TBEstado"_s);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Down, Qt::Key_A, Qt::Key_Escape, Qt::Key_F1}) {
+      OnGui([&] {
+        status->setFocus();
+        QTest::keyClick(status, key);
+        EXPECT_TRUE(Server.FG1()->hasFocus()) << key;
+        EXPECT_EQ(Server.FG1()->Model().Text({0, 0}), u"*"_s);
+        EXPECT_EQ(Server.FG1()->Model().CurrentCell(), (CellIndex{0, 0}));
+      });
+    }
+  });
+}
+
+TEST_F(FormTERPair, TabAndCopyAndModifiersKeepTheirMeaning) {
+  AsUser([this] {
+    Handshake();
+    Activate();
+    OnGui([this] {
+      auto* status = Server.Control<TextBox>(u"TBEstado"_s);
+      auto* messages = Server.Control<TextBox>(u"TBMensajes"_s);
+      status->setFocus();
+      QTest::keyClick(status, Qt::Key_Control);
+      QTest::keyClick(status, Qt::Key_C, Qt::ControlModifier);
+      EXPECT_TRUE(status->hasFocus());
+      QTest::keyClick(status, Qt::Key_Tab);
+      EXPECT_TRUE(messages->hasFocus());
+      QTest::keyClick(messages, Qt::Key_Tab);
+      EXPECT_TRUE(Server.FG1()->hasFocus());
+      QTest::keyClick(Server.FG1(), Qt::Key_Backtab, Qt::ShiftModifier);
+      EXPECT_TRUE(messages->hasFocus());
+    });
+  });
+}
+
+TEST_F(FormTERPair, TheBoardHasTheFocusWhenPlayBegins) {
+  AsUser([this] {
+    Handshake();
+    Activate();
+    OnGui([this] {
+      EXPECT_TRUE(Server.FG1()->hasFocus());
+      QTest::keyClick(Server.FG1(), Qt::Key_Right);
+      QTest::keyClick(Server.FG1(), Qt::Key_Space);
+    });
+    EXPECT_TRUE(Client.ComesToShow(1, u"X"_s));
+  });
+}
+
+// ---- Closing ----
+
+TEST_F(FormTERPair, ClosingAsksAndYesLeadsBackToTheSelection) {
+  AsUser([this] {
+    Client.Close();
+    EXPECT_EQ(Answer(u"Tres en raya"_s, kYes),
+              u"¿Está seguro de que desea salir? La partida se dará por terminada y no se podrá reanudar."_s);
+    EXPECT_TRUE(Client.Goes());
+  });
+  EXPECT_EQ(Client.Finished, AfterWindow::Selection);
+}
+
+TEST_F(FormTERPair, ClosingWithNoEndsTheProgram) {
+  AsUser([this] {
+    Client.Close();
+    Answer(u"Tres en raya"_s, kNo);
+    EXPECT_TRUE(Client.Goes());
+  });
+  EXPECT_EQ(Client.Finished, AfterWindow::ProcessEnds);
+}
+
+TEST_F(FormTERPair, ClosingUnderTheBoxesOfTheHandshakeDestroysTheWindowWhenTheyHaveGone) {
+  AsUser([this] {
+    Connect();
+    EXPECT_TRUE(BothAreAsked());
+    for (OwnedWindow* side : {&Server, &Client}) {
+      side->Close();
+      Answer(u"Tres en raya"_s, kYes);
+    }
+    EXPECT_TRUE(Server.Goes());
+    EXPECT_TRUE(Client.Goes());
+    EXPECT_EQ(OnGui([] { return TopDialog(); }), nullptr);
+  });
+}
+
+TEST_F(FormTERPair, RefusingAnotherGameClosesBothWindows) {
+  AsUser([this] {
+    Handshake();
+    PlayUpToTheWin();
+    Server.Click(2);
+    Answer(u"Ha perdido"_s, kOk);
+    Answer(u"Enhorabuena"_s, kOk);
+    Client.Click(0);
+    Answer(u"Tres en raya"_s, kNo);
+    EXPECT_EQ(Answer(u"BRONTAVIA"_s, kOk),
+              u"Luis no desea jugar otra partida. Va a finalizarse la conexión y a cerrarse la ventana."_s);
+    EXPECT_TRUE(Server.Goes());
+    EXPECT_TRUE(Client.Goes());
+  });
+  EXPECT_EQ(Server.Finished, AfterWindow::Selection);
+  EXPECT_EQ(Client.Finished, AfterWindow::Selection);
+}
+
+TEST_F(FormTERPair, APortInUseIsToldAndEndsTheProgramAsFailed) {
+  std::optional<AfterWindow> finished;
+  AsUser([&] {
+    Post([&] {
+      const OwnedWindow second(Role::Server, Port);
+      finished = second.Finished;
+    });
+    EXPECT_TRUE(Answer(u"Error"_s, kOk).startsWith(u"No se puede escuchar en el puerto %1: "_s.arg(Port)));
+    EXPECT_TRUE(Eventually([&] { return finished.has_value(); }));
+  });
+  EXPECT_EQ(finished, AfterWindow::ProcessEndsFailed);
+}
+
+}  // namespace
+}  // namespace brontavia::test

@@ -1,0 +1,165 @@
+#include "ui/board_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "tests/support/printers.h"
+
+namespace brontavia::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class PlainPainter : public CellPainter {
+ public:
+  void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const override {
+    painter.fillRect(area, look.Current ? Qt::blue : Qt::white);
+  }
+};
+
+class Board : public testing::Test {
+ protected:
+  Board() : View(Model, Painter, QSize(180, 180)) {
+    View.setObjectName(u"FG1"_s);
+    View.setAccessibleName(u"Tablero"_s);
+    View.resize(500, 400);
+    QObject::connect(&View, &BoardView::CellClicked, &View, [this](CellIndex cell) { Clicks.push_back(cell); });
+    View.show();
+    View.setFocus();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&View));
+  }
+
+  void Press(int key) { QTest::keyClick(&View, static_cast<Qt::Key>(key)); }
+
+  BoardModel Model{3, 4, [](CellIndex cell) { return u"cell %1,%2"_s.arg(cell.Row).arg(cell.Column); }};
+  PlainPainter Painter;
+  BoardView View;
+  std::vector<CellIndex> Clicks;
+};
+
+TEST_F(Board, IsSquareAndCentredWhateverItsSize) {
+  const QRect first = View.CellRect({0, 0});
+  const QRect last = View.CellRect({2, 3});
+  const QRect board = first.united(last);
+  EXPECT_EQ(board.width(), board.height());
+  EXPECT_NEAR(board.center().x(), View.width() / 2, 1);
+  EXPECT_EQ(View.CellAt(first.center()), (CellIndex{0, 0}));
+  EXPECT_EQ(View.CellAt(last.bottomRight()), (CellIndex{2, 3}));
+  EXPECT_EQ(View.CellAt({1, 1}), std::nullopt);
+}
+
+TEST_F(Board, CellsLieSideBySideWithoutGaps) {
+  for (int column = 0; column < 3; ++column) {
+    EXPECT_EQ(View.CellRect({1, column}).right() + 1, View.CellRect({1, column + 1}).left());
+  }
+}
+
+TEST_F(Board, ArrowsMoveTheCurrentCellAndStopAtTheEdges) {
+  Press(Qt::Key_Left);
+  Press(Qt::Key_Up);
+  EXPECT_EQ(Model.CurrentCell(), (CellIndex{0, 0}));
+  Press(Qt::Key_Right);
+  Press(Qt::Key_Down);
+  EXPECT_EQ(Model.CurrentCell(), (CellIndex{1, 1}));
+  Press(Qt::Key_End);
+  EXPECT_EQ(Model.CurrentCell(), (CellIndex{1, 3}));
+  for (int i = 0; i < 9; ++i) Press(Qt::Key_Down);
+  EXPECT_EQ(Model.CurrentCell(), (CellIndex{2, 3}));
+  Press(Qt::Key_Home);
+  EXPECT_EQ(Model.CurrentCell(), (CellIndex{2, 0}));
+  EXPECT_TRUE(Clicks.empty());
+}
+
+TEST_F(Board, EnterAndSpaceClickTheCurrentCell) {
+  Model.SetCurrentCell({1, 2});
+  for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) Press(key);
+  EXPECT_EQ(Clicks, std::vector<CellIndex>(3, {1, 2}));
+}
+
+TEST_F(Board, AHeldKeyClicksOnce) {
+  QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, u" "_s, true);
+  QCoreApplication::sendEvent(&View, &repeated);
+  EXPECT_TRUE(Clicks.empty());
+  EXPECT_TRUE(repeated.isAccepted());
+}
+
+TEST_F(Board, AMouseClickMakesTheCellCurrentAndClicksIt) {
+  QTest::mouseClick(&View, Qt::LeftButton, {}, View.CellRect({2, 1}).center());
+  EXPECT_EQ(Model.CurrentCell(), (CellIndex{2, 1}));
+  EXPECT_EQ(Clicks, std::vector<CellIndex>({{2, 1}}));
+}
+
+TEST_F(Board, LeavingTheCellBeforeTheButtonIsUpIsNoClick) {
+  QTest::mousePress(&View, Qt::LeftButton, {}, View.CellRect({2, 1}).center());
+  QTest::mouseRelease(&View, Qt::LeftButton, {}, View.CellRect({2, 2}).center());
+  EXPECT_TRUE(Clicks.empty());
+}
+
+TEST_F(Board, OtherButtonsAndPlacesBesideTheCellsDoNothing) {
+  QTest::mouseClick(&View, Qt::RightButton, {}, View.CellRect({2, 1}).center());
+  QTest::mouseClick(&View, Qt::LeftButton, {}, QPoint(1, 1));
+  EXPECT_TRUE(Clicks.empty());
+  EXPECT_EQ(Model.CurrentCell(), (CellIndex{0, 0}));
+}
+
+// ---- As a screen reader meets it ----
+
+QAccessibleInterface* InterfaceOf(BoardView& view) { return QAccessible::queryAccessibleInterface(&view); }
+
+TEST_F(Board, IsANamedGroupOfOneItemACellInRowMajorOrder) {
+  QAccessibleInterface* board = InterfaceOf(View);
+  EXPECT_EQ(board->role(), QAccessible::Grouping);
+  EXPECT_EQ(board->text(QAccessible::Name), u"Tablero"_s);
+  ASSERT_EQ(board->childCount(), 12);
+  Model.SetCell({1, 2}, u"X"_s, kDefaultColour);
+  QAccessibleInterface* cell = board->child(6);
+  EXPECT_EQ(cell->role(), QAccessible::ListItem);
+  EXPECT_EQ(cell->text(QAccessible::Name), u"cell 1,2"_s);
+  EXPECT_EQ(cell->text(QAccessible::Description), u"X"_s);
+  EXPECT_EQ(cell->parent(), board);
+  EXPECT_EQ(board->indexOfChild(cell), 6);
+  EXPECT_EQ(cell->rect().size(), View.CellRect({1, 2}).size());
+  EXPECT_EQ(board->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
+  EXPECT_EQ(board->child(12), nullptr);
+  EXPECT_EQ(board->child(-1), nullptr);
+}
+
+TEST_F(Board, PressingAnItemIsAClick) {
+  QAccessibleActionInterface* action = InterfaceOf(View)->child(5)->actionInterface();
+  ASSERT_NE(action, nullptr);
+  EXPECT_EQ(action->actionNames(), QStringList(QAccessibleActionInterface::pressAction()));
+  action->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(Clicks, std::vector<CellIndex>({{1, 1}}));
+  EXPECT_EQ(Model.CurrentCell(), (CellIndex{1, 1}));
+}
+
+TEST_F(Board, TheCurrentCellHasTheFocusOfTheGroup) {
+  Press(Qt::Key_Down);
+  EXPECT_EQ(InterfaceOf(View)->focusChild(), InterfaceOf(View)->child(4));
+  EXPECT_TRUE(InterfaceOf(View)->child(4)->state().focused);
+  EXPECT_FALSE(InterfaceOf(View)->child(3)->state().focused);
+}
+
+// ---- The model ----
+
+TEST_F(Board, TheModelRefusesCellsOutsideTheBoard) {
+  EXPECT_THROW(Model.SetCurrentCell({3, 0}), std::out_of_range);
+  EXPECT_THROW(Model.SetCell({0, 4}, u"x"_s, 0), std::out_of_range);
+  EXPECT_THROW(static_cast<void>(Model.Text({-1, 0})), std::out_of_range);
+}
+
+TEST_F(Board, TheModelTellsOnlyRealChanges) {
+  const QSignalSpy changed(&Model, &BoardModel::dataChanged);
+  Model.SetCell({0, 0}, u"X"_s, 1);
+  Model.SetCell({0, 0}, u"X"_s, 1);
+  EXPECT_EQ(changed.count(), 1);
+  EXPECT_EQ(Model.index(0, 0).data().toString(), u"X"_s);
+  EXPECT_EQ(Model.index(0, 0).data(BoardModel::ForeColourRole).toInt(), 1);
+  EXPECT_EQ(Model.index(0, 0).data(Qt::AccessibleTextRole).toString(), u"cell 0,0"_s);
+}
+
+}  // namespace
+}  // namespace brontavia::test

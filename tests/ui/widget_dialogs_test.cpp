@@ -1,0 +1,97 @@
+#include "ui/widget_dialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "tests/support/box_answerer.h"
+#include "tests/support/printers.h"
+
+namespace brontavia::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class Boxes : public testing::Test {
+ protected:
+  Boxes() { Window.show(); }
+
+  // Does `act` while the next box is open.
+  static void Meanwhile(const std::function<void()>& act) { QTimer::singleShot(0, act); }
+
+  QWidget Window;
+  WidgetDialogs Dialogs{Window};
+};
+
+TEST_F(Boxes, ReturnTheButtonThatWasPressed) {
+  Meanwhile([] { Answer(u"t"_s, u"OK"_s); });
+  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::OkCancel), Button::Ok);
+  Meanwhile([] { Answer(u"t"_s, u"Cancel"_s); });
+  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::OkCancel), Button::Cancel);
+  Meanwhile([] { Answer(u"t"_s, u"Yes"_s); });
+  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::YesNo), Button::Yes);
+  Meanwhile([] { Answer(u"t"_s, u"No"_s); });
+  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::YesNo), Button::No);
+}
+
+TEST_F(Boxes, EscapeAndTheCloseBoxRefuse) {
+  Meanwhile([] { QTest::keyClick(TopDialog(), Qt::Key_Escape); });
+  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::YesNo), Button::No);
+  Meanwhile([] { TopDialog()->close(); });
+  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::OkCancel), Button::Cancel);
+  Meanwhile([] { QTest::keyClick(TopDialog(), Qt::Key_Escape); });
+  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::Ok), Button::Ok);
+  Meanwhile([] { QTest::keyClick(TopDialog(), Qt::Key_Escape); });
+  EXPECT_EQ(Dialogs.InputBox(u"x"_s, u"t"_s, u"proposal"_s), QString());
+}
+
+TEST_F(Boxes, EnterTakesTheFirstButton) {
+  Meanwhile([] { QTest::keyClick(TopDialog(), Qt::Key_Return); });
+  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::YesNo), Button::Yes);
+  Meanwhile([] { QTest::keyClick(TopDialog(), Qt::Key_Return); });
+  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::OkCancel), Button::Ok);
+}
+
+TEST_F(Boxes, ShowMarkupAsTextAndLineBreaksAsLines) {
+  Meanwhile([] {
+    const auto* box = qobject_cast<QMessageBox*>(TopDialog());
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    EXPECT_EQ(Answer(u"<b>t</b>"_s, u"OK"_s), u"<b>a</b>\nb"_s);
+  });
+  Dialogs.MessageBox(u"<b>a</b>\r\nb"_s, u"<b>t</b>"_s, Buttons::Ok);
+  Meanwhile([] {
+    for (const QLabel* label : TopDialog()->findChildren<QLabel*>()) EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    TopDialog()->reject();
+  });
+  Dialogs.InputBox(u"<b>a</b>"_s, u"t"_s, {});
+}
+
+TEST_F(Boxes, WithoutATitleHaveTheNameOfTheProgram) {
+  Meanwhile([] { Answer(u"BRONTAVIA"_s, u"OK"_s); });
+  Dialogs.MessageBox(u"x"_s, {}, Buttons::Ok);
+}
+
+TEST_F(Boxes, AnInputReturnsWhatWasTypedUnchanged) {
+  Meanwhile([] { AnswerInput(u"t"_s, u"  <b>Ana</b> "_s); });
+  EXPECT_EQ(Dialogs.InputBox(u"x"_s, u"t"_s, u"Servidor"_s), u"  <b>Ana</b> "_s);
+  Meanwhile([] { QTest::keyClick(TopDialog(), Qt::Key_Return); });
+  EXPECT_EQ(Dialogs.InputBox(u"x"_s, u"t"_s, u"Servidor"_s), u"Servidor"_s);
+}
+
+TEST_F(Boxes, NestedOnesAllCloseTogether) {
+  Button inner = Button::Yes;
+  Meanwhile([&] {
+    Meanwhile([&] { Dialogs.CloseAll(); });
+    inner = Dialogs.MessageBox(u"inner"_s, u"t"_s, Buttons::YesNo);
+  });
+  EXPECT_EQ(Dialogs.MessageBox(u"outer"_s, u"t"_s, Buttons::OkCancel), Button::Cancel);
+  EXPECT_EQ(inner, Button::No);
+}
+
+}  // namespace
+}  // namespace brontavia::test
