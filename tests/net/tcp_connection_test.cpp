@@ -191,7 +191,7 @@ TEST_F(Tcp, ASendIsNotCompleteWhileThePeerHoldsItBack) {
   raw.connectToHost(u"127.0.0.1"_s, static_cast<quint16>(Port));
   ASSERT_TRUE(Eventually([&] { return !Server.Requests.isEmpty(); }));
   ASSERT_TRUE(Server.Socket.Accept(Server.Requests[0]));
-  Server.Socket.SendData(QString(64 << 20, u'x'));
+  Server.Socket.SendData(QString(24 << 20, u'x'));
   LetPass(150);
   EXPECT_EQ(Server.Completed, 0);
   raw.setReadBufferSize(0);
