@@ -31,7 +31,7 @@ beside() {
 # The server itself takes the first free display number, so that any number of screens can start at the same time.
 number=$XDG_RUNTIME_DIR/display
 : >"$number"
-beside bash -c 'exec Xvfb -displayfd 3 -screen 0 1680x1240x24 -nolisten tcp 3>"$0"' "$number"
+beside bash -c 'exec Xvfb -displayfd 3 -screen 0 1680x1240x24 -nolisten tcp -noreset 3>"$0"' "$number"
 wait_for test -s "$number"
 DISPLAY=:$(cat "$number")
 export DISPLAY
@@ -39,4 +39,6 @@ beside openbox
 beside /usr/libexec/at-spi-bus-launcher --launch-immediately
 manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK _NET_CLIENT_LIST | grep -c 'window id' | grep -qx 2; }
 wait_for manager_runs
+# The first key of all makes the server announce a keyboard, and the manager takes its key bindings anew meanwhile.
+xdotool key Shift_L
 "$@"

@@ -184,6 +184,9 @@ class Copy:
     def entries(self):
         return list(self.control("List1"))
 
+    def selected_entry(self):
+        return self._selected(self.entries(), "List1")
+
     def cells(self, board="FG1"):
         """The cells of a board in row-major order."""
         return list(self.control(board))
@@ -199,9 +202,13 @@ class Copy:
 
     def current_cell(self, board="FG1"):
         """The number of the cell under the board's cursor."""
-        selected = [has_state(cell, pyatspi.STATE_SELECTED) for cell in self.cells(board)]
+        return self._selected(self.cells(board), board)
+
+    @staticmethod
+    def _selected(nodes, name):
+        selected = [has_state(node, pyatspi.STATE_SELECTED) for node in nodes]
         if True not in selected:
-            raise LookupError(f"the current cell of {board}")
+            raise LookupError(f"what is selected in {name}")
         return selected.index(True)
 
     # ---- Expectations ----

@@ -128,6 +128,9 @@ class KeyHand(Hand):
     def _in_list(self):
         return any(is_focused(entry) for entry in self.copy.entries()) and is_focused(self.copy.control("List1"))
 
+    def focus_on(self, control):
+        self._focus(lambda: self.copy.find(*CONTROLS[control]), None, control, is_focused)
+
     def move_to_cell(self, number, board="FG1"):
         """Moves the board's cursor with the arrows."""
         self._focus(

@@ -68,6 +68,11 @@ class Player:
     def shown_name(self):
         return self.name or self.proposal
 
+    @property
+    def kept_name(self):
+        """What both copies remember of the name."""
+        return self.shown_name[:15].strip()
+
 
 SERVER = Player("Servidor")
 CLIENT = Player("Cliente")
@@ -125,10 +130,10 @@ def report_line(copy):
     )
 
 
-def starter(copy, server=SERVER, client=CLIENT):
+def starter(copy, server=SERVER):
     """0 when the server begins and 1 when the client does, as the report has it."""
     line = report_line(copy)
-    return 0 if f" comienza jugando {server.shown_name}. " in line else 1
+    return 0 if f" comienza jugando {server.kept_name}. " in line else 1
 
 
 def score_text(game, server_name, server_score, client_name, client_score, starter_name):

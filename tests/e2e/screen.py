@@ -56,6 +56,11 @@ def click(x, y, times=1):
     _run("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "30", "1")
 
 
+def drag(start, end):
+    """Presses the button in one place and lets it go in another."""
+    _run(*f"xdotool mousemove {start[0]} {start[1]} mousedown 1 mousemove {end[0]} {end[1]} mouseup 1".split())
+
+
 def frame_of(window):
     """The widths of a window's frame: left, right, top, bottom."""
     extents = _run("xprop", "-id", str(window), "_NET_FRAME_EXTENTS")

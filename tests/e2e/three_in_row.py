@@ -22,17 +22,17 @@ MOVE = "Mueva una ficha del tablero"
 
 
 def loss_text(name):
-    return f"{name[:15]:15} ha conseguido tres en raya antes que usted.\nPulse sobre el tablero para continuar."
+    return f"{name:15} ha conseguido tres en raya antes que usted.\nPulse sobre el tablero para continuar."
 
 
 def passed_turn_line(name):
     """In the mover's log."""
-    return f"Turno de jugar para {name[:15]:15}"
+    return f"Turno de jugar para {name:15}"
 
 
 def got_turn_line(name):
     """In the log of the player who is to move next."""
-    return f" Turno de {name[:15].strip()} para jugar."
+    return f" Turno de {name} para jugar."
 
 
 class Session:
@@ -42,7 +42,7 @@ class Session:
         self.tell = tell  # takes a line about each step
         self.hands = (server_hand, client_hand)
         self.copies = (server_hand.copy, client_hand.copy)
-        self.names = (server.shown_name, client.shown_name)
+        self.names = (server.kept_name, client.kept_name)
         self.scores = [0, 0]
         self.marks = list("*********")
 
