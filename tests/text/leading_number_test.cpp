@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
+#include <clocale>
+#include <cstdlib>
 #include <limits>
 #include <string>
 
@@ -106,6 +109,23 @@ TEST(LeadingNumberLength, TenThousandDigitsAreBeyondEveryNumber) {
 }
 
 TEST(LeadingNumberLength, TenThousandZerosAreStillNothing) { EXPECT_EQ(Val(std::u16string(10000, u'0') + u"7"), 7); }
+
+// An application object takes over the user's locale, and in Spanish a comma stands before the fraction.
+TEST(LeadingNumberLocale, ThePointIsThePointWhereverTheUserLives) {
+  const QTemporaryDir directory;
+  const std::string command =
+      "localedef -i es_ES -f UTF-8 '" + directory.path().toStdString() + "/es_ES.UTF-8' >/dev/null 2>&1";
+  const bool made = std::system(command.c_str()) == 0;
+  qputenv("LOCPATH", directory.path().toLocal8Bit());
+  const bool set = made && std::setlocale(LC_NUMERIC, "es_ES.UTF-8") != nullptr;
+  const double fraction = Val(u"2001.5");
+  const double comma = Val(u"2001,5");
+  std::setlocale(LC_NUMERIC, "C");
+  qunsetenv("LOCPATH");
+  if (!set) GTEST_SKIP() << "this system can make no Spanish locale";
+  EXPECT_EQ(fraction, 2001.5);
+  EXPECT_EQ(comma, 2001);
+}
 
 }  // namespace
 }  // namespace brontavia
