@@ -1,5 +1,6 @@
 #include "app/form2.h"
 
+#include <QAccessible>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QListWidget>
@@ -45,6 +46,17 @@ Form2::Form2() : list1_(new QListWidget) {
 }
 
 bool Form2::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == list1_ && event->type() == QEvent::FocusIn) {
+    // A list tells a screen reader of its own focus alone; which game is selected is told after it.
+    QMetaObject::invokeMethod(
+        list1_,
+        [list = list1_] {
+          QAccessibleEvent selected(list, QAccessible::Focus);
+          selected.setChild(list->currentRow());
+          QAccessible::updateAccessibility(&selected);
+        },
+        Qt::QueuedConnection);
+  }
   if (watched != list1_ || event->type() != QEvent::KeyPress) return false;
   const int key = static_cast<QKeyEvent*>(event)->key();
   if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;

@@ -25,12 +25,14 @@ Announcer::Announcer(QWidget* window) : QLabel(window) {
 
 void Announcer::Announce(const QString& text) {
   if (text.trimmed().isEmpty()) return;
-  waiting_ << text.left(kLongestAnnouncement).trimmed();
+  QString sentence = text.left(kLongestAnnouncement).trimmed();
+  if (sentence.back().isLetterOrNumber()) sentence += u'.';
+  waiting_ << sentence;
   speak_.start(0);
 }
 
 void Announcer::Speak() {
-  const QString text = std::exchange(waiting_, {}).join(u". "_s).left(kLongestAnnouncement);
+  const QString text = std::exchange(waiting_, {}).join(u' ').left(kLongestAnnouncement);
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
   QAccessibleAnnouncementEvent event(window(), text);
   QAccessible::updateAccessibility(&event);

@@ -160,7 +160,13 @@ std::optional<CellIndex> BoardView::CellAfterKey(int key) const {
 void BoardView::focusInEvent(QFocusEvent* event) {
   QWidget::focusInEvent(event);
   update();
-  TellFocus(*this);
+  // After the focus of the board itself has been told, so that the way in speaks the current cell.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (hasFocus()) TellFocus(*this);
+      },
+      Qt::QueuedConnection);
 }
 
 void BoardView::focusOutEvent(QFocusEvent* event) {

@@ -55,12 +55,12 @@ TEST(Announcer, SpeaksTheTextsOfOneHandlerTogether) {
   window.show();
   announcer->Announce(u"one"_s);
   announcer->Announce(u"  "_s);
-  announcer->Announce(u" two "_s);
+  announcer->Announce(u" two! "_s);
   EXPECT_TRUE(announcer->isHidden());
   ASSERT_TRUE(Eventually([&] { return announcer->isVisible(); }));
   QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(announcer);
   EXPECT_EQ(heard->role(), QAccessible::Notification);
-  EXPECT_EQ(heard->text(QAccessible::Name), u"one. two"_s);
+  EXPECT_EQ(heard->text(QAccessible::Name), u"one. two!"_s);
   announcer->Announce(QString(100'000, u'x'));
   ASSERT_TRUE(Eventually([&] { return heard->text(QAccessible::Name).startsWith(u'x'); }));
   EXPECT_LE(heard->text(QAccessible::Name).size(), 500);
