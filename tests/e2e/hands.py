@@ -131,6 +131,9 @@ class KeyHand(Hand):
     def focus_on(self, control):
         self._focus(lambda: self.copy.find(*CONTROLS[control]), None, control, is_focused)
 
+    def focus_on_button(self, caption):
+        self._focus(lambda: self.copy.find("push button", caption), None, f"button {caption!r}", is_focused)
+
     def move_to_cell(self, number, board="FG1"):
         """Moves the board's cursor with the arrows."""
         self._focus(

@@ -82,4 +82,11 @@ def picture(path, crop=None):
 
 
 def picture_of(window, path):
-    _run("import", "-silent", "-window", str(window), str(path))
+    """A window with its frame and whatever covers it."""
+    text = _run("xwininfo", "-id", str(window))
+    x, y, width, height = (
+        int(re.search(rf"{name}:\s+(-?\d+)", text)[1])
+        for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+    )
+    left, right, top, bottom = frame_of(window)
+    picture(path, f"{width + left + right}x{height + top + bottom}{x - left:+}{y - top:+}")

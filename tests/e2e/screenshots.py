@@ -1,0 +1,132 @@
+"""Pictures of every window, light and dark, at 100 % and 200 %.
+
+usage: screenshots.py BINARY OUTPUT_DIR
+"""
+
+import pathlib
+import sys
+import tempfile
+
+import handshake
+import screen
+import three_in_row
+from driver import Copy, free_port
+from hands import KeyHand
+
+# The colours of Breeze Dark in the file from which Qt's KDE theme takes its palette.
+_DARK_COLOURS = """\
+[General]
+ColorScheme=BreezeDark
+
+[Colors:Window]
+BackgroundNormal=42,46,50
+BackgroundAlternate=49,54,59
+ForegroundNormal=252,252,252
+ForegroundInactive=161,169,177
+
+[Colors:View]
+BackgroundNormal=27,30,32
+BackgroundAlternate=35,38,41
+ForegroundNormal=252,252,252
+ForegroundInactive=161,169,177
+ForegroundLink=29,153,243
+ForegroundVisited=155,89,182
+
+[Colors:Button]
+BackgroundNormal=49,54,59
+BackgroundAlternate=30,87,116
+ForegroundNormal=252,252,252
+ForegroundInactive=161,169,177
+
+[Colors:Selection]
+BackgroundNormal=61,174,233
+BackgroundAlternate=30,87,116
+ForegroundNormal=252,252,252
+ForegroundInactive=161,169,177
+
+[Colors:Tooltip]
+BackgroundNormal=49,54,59
+ForegroundNormal=252,252,252
+
+[Colors:Complementary]
+BackgroundNormal=42,46,50
+ForegroundNormal=252,252,252
+"""
+_DARK_DESKTOP = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_SESSION_VERSION": "5", "KDE_FULL_SESSION": "true"}
+_SCALES = {"100": "1", "200": "2"}
+_SERVER = handshake.Player("Servidor", "Nombre de 15 ca", "1")  # as long as names are kept
+_CLIENT = handshake.Player("Cliente", "Luis", "2")
+
+
+class Album:
+    """One look of the program, window after window."""
+
+    def __init__(self, binary, folder, look, environment):
+        self._folder = folder
+        self._look = look
+        port = str(free_port())
+        copies = []
+        try:
+            for _ in range(2):
+                copies.append(Copy(binary, port, environment))
+            self._fill(*(KeyHand(copy) for copy in copies))
+        finally:
+            for copy in copies:
+                copy.end()
+
+    def _take(self, hand, name):
+        """The main window of a copy, with the box that is open over it."""
+        copy = hand.copy
+        copy.bring_to_front()
+        title = copy.main_window().name
+        window = next(number for number, its_title in screen.windows_of(copy.pid) if its_title == title)
+        path = self._folder / f"{name}_{self._look}.png"
+        screen.picture_of(window, path)
+        print(path, flush=True)
+
+    def _fill(self, server, client):
+        game = three_in_row.GAME
+        self._take(server, "start")
+        server.focus_on_button(handshake.SERVER_BUTTON)
+        self._take(server, "start_explained")
+        handshake.choose_role(server, server=True)
+        handshake.choose_role(client, server=False)
+        self._take(server, "selection")
+        handshake.choose_game(server, True, game)
+        handshake.choose_game(client, False, game)
+        self._take(server, "server_frame")
+        self._take(client, "client_frame")
+        client.press_button(handshake.LOCAL_BUTTON)
+        server.copy.box(handshake.REQUEST_TITLE)
+        self._take(server, "request")
+        handshake.answer_request(server)
+        server.copy.box(handshake.NAME_TITLE)
+        self._take(server, "name")
+        handshake.answer_name(server, _SERVER, game)
+        handshake.answer_name(client, _CLIENT, game)
+        handshake.answer_turn(server, _SERVER)
+        handshake.answer_turn(client, _CLIENT)
+        session = three_in_row.Session(server, client, _SERVER, _CLIENT)
+        session.place_all(0)
+        self._take(server, "mid_game")
+        session.move_to_win(0, lambda: self._take(server, "loss"))
+        client.click_cell(4)
+        client.copy.box(game.title)
+        self._take(client, "rematch")
+
+
+def main(binary, output):
+    folder = pathlib.Path(output)
+    folder.mkdir(parents=True, exist_ok=True)
+    with tempfile.TemporaryDirectory() as config:
+        pathlib.Path(config, "kdeglobals").write_text(_DARK_COLOURS, encoding="utf-8")
+        looks = {"light": {}, "dark": {**_DARK_DESKTOP, "XDG_CONFIG_HOME": config, "XDG_CONFIG_DIRS": config}}
+        for colour, environment in looks.items():
+            for percent, factor in _SCALES.items():
+                Album(binary, folder, f"{colour}_{percent}", {**environment, "QT_SCALE_FACTOR": factor})
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
+    main(*sys.argv[1:])
