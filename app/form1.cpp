@@ -13,7 +13,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr QSize kFirstSize(560, 420);
+constexpr QSize kFirstSize(560, 400);
+constexpr int kButtonLines = 3;
 
 QString ServerExplanation(std::int32_t port) {
   return u"Si elige esta opción,para poder jugar deberá:\r\n"
@@ -69,6 +70,7 @@ QPushButton* Form1::MakeRoleButton(Role role) {
   auto* button = new QPushButton(server ? u"Jugar como servidor"_s : u"Jugar como cliente"_s);
   button->setObjectName(server ? u"Command1(0)"_s : u"Command1(1)"_s);
   button->setAutoDefault(true);
+  button->setMinimumHeight(kButtonLines * button->fontMetrics().lineSpacing());
   button->installEventFilter(this);
   connect(button, &QPushButton::clicked, this, [this, role] { emit RoleChosen(role); });
   return button;

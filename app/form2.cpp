@@ -17,6 +17,7 @@ using namespace Qt::StringLiterals;
 
 constexpr QSize kFirstSize(420, 320);
 constexpr int kTextLines = 2;
+constexpr int kEntrySpacing = 4;
 
 }  // namespace
 
@@ -31,6 +32,7 @@ Form2::Form2() : list1_(new QListWidget) {
   list1_->setAccessibleName(u"Juegos"_s);
   for (const WindowTraits* window : kGameWindows) list1_->addItem(window->ListEntry.toString());
   list1_->setCurrentRow(0);
+  list1_->setSpacing(kEntrySpacing);
   list1_->installEventFilter(this);
   connect(list1_, &QListWidget::itemDoubleClicked, this, &Form2::ChooseSelected);
   auto* leave = new QPushButton(u"SALIR"_s);

@@ -17,8 +17,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr QSize kFirstSize(800, 560);
-constexpr int kBoardStretch = 3;
-constexpr int kTextStretch = 2;
+constexpr int kBoardStretch = 5;
+constexpr int kTextStretch = 3;
 constexpr int kStatusLines = 3;
 
 // A visible caption above a text box. The box itself has its accessible name, so the caption is for the eye alone.
