@@ -3,6 +3,8 @@
 from handshake import Player
 from three_in_row import GAME, Session
 
+__all__ = ["CLIENT", "GAME", "SERVER", "play"]  # what demo.py needs of each game's demonstration
+
 SERVER = Player("Servidor", "Ana", "1")
 CLIENT = Player("Cliente", "Luis", "2")
 

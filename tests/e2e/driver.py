@@ -13,6 +13,7 @@ import pyatspi
 from gi.repository import Atspi
 
 import screen
+from tree import BOX_ROLES, extents_of, find_below, has_state, is_showing, label_of, text_of
 from waiting import LIMIT, wait_for_value, wait_until
 
 # The program's controls by role and by the name that a screen reader speaks.
@@ -34,10 +35,6 @@ CONTROLS = {
     "FG2": ("panel", "Flota propia"),
 }
 
-_BOX_ROLES = ("dialog", "alert")
-# Nothing that a test looks for is inside these.
-_LEAVES = ("text", "push button", "label", "list item", "scroll bar", "notification")
-
 
 def free_port():
     """A port that nobody listens on, outside the range that the system gives to outgoing connections."""
@@ -49,27 +46,6 @@ def free_port():
             except OSError:
                 continue
             return port
-
-
-def has_state(node, state):
-    return node.getState().contains(state)
-
-
-def is_showing(node):
-    return has_state(node, pyatspi.STATE_SHOWING)
-
-
-def is_focused(node):
-    return has_state(node, pyatspi.STATE_FOCUSED)
-
-
-def text_of(node):
-    return node.queryText().getText(0, -1)
-
-
-def extents_of(node):
-    box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-    return box.x, box.y, box.width, box.height
 
 
 class Copy:
@@ -131,12 +107,12 @@ class Copy:
 
     def main_window(self):
         for window in self.windows():
-            if window.getRoleName() not in _BOX_ROLES:
+            if window.getRoleName() not in BOX_ROLES:
                 return window
         raise LookupError("the main window")
 
     def boxes(self):
-        return [window for window in self.windows() if window.getRoleName() in _BOX_ROLES]
+        return [window for window in self.windows() if window.getRoleName() in BOX_ROLES]
 
     def box(self, title):
         """The open box with a title, once it is there."""
@@ -254,35 +230,3 @@ class Copy:
             return self.main_window()
         titles = [title for _, title in screen.windows_of(self.pid) if title in boxes]
         return boxes[titles[-1]]
-
-
-def find_below(node, role, name):
-    """The first control on the screen below a node with a role and a name (any name when it is None), or None."""
-    if node.getRoleName() in _LEAVES:
-        return None
-    for child in node:
-        if child is None or not is_showing(child):
-            continue
-        if child.getRoleName() == role and name in (None, child.name):
-            return child
-        found = find_below(child, role, name)
-        if found:
-            return found
-    return None
-
-
-def label_of(box):
-    """The text of a message box or the prompt of an input box. An icon is a label without a name."""
-    return next((child.name for child in labels_below(box) if child.name), "")
-
-
-def labels_below(node):
-    for child in node:
-        if child is not None and child.getRoleName() == "label":
-            yield child
-        elif child is not None and child.getRoleName() not in _LEAVES:
-            yield from labels_below(child)
-
-
-# A copy that hangs is found out by the waits, not by a call that never returns.
-Atspi.set_timeout(3000, 10000)

@@ -1,7 +1,8 @@
 """How a person uses a copy: with the mouse alone or with the keyboard alone. Both offer the same operations."""
 
 import screen
-from driver import CONTROLS, extents_of, find_below, is_focused, label_of, text_of
+from driver import CONTROLS
+from tree import extents_of, find_below, is_focused, label_of, text_of
 from waiting import wait_for_value, wait_until
 
 OK = "Aceptar"

@@ -56,7 +56,7 @@ class Peer:
 
     @contextlib.contextmanager
     def expect_one_write(self, expected):
-        """As expect, for what the body brings about; the bytes come in one segment: the copy has written them at once."""
+        """As expect, for what the body brings about; the bytes come in one segment, so they were written at once."""
         before = self._data_segments()
         yield
         self.expect(expected)

@@ -19,11 +19,6 @@ def stacking():
     return _window_ids(_run("xprop", "-root", "_NET_CLIENT_LIST_STACKING"))
 
 
-def active_window():
-    ids = _window_ids(_run("xprop", "-root", "_NET_ACTIVE_WINDOW"))
-    return ids[0] if ids else 0
-
-
 def windows_of(pid):
     """The windows of a process as (id, title), the topmost last."""
     found = []

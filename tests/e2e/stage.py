@@ -1,8 +1,9 @@
 """Two copies side by side on the screen, with pictures and a transcript of what they say."""
 
 import screen
-from driver import Copy, extents_of, free_port
+from driver import CONTROLS, Copy, free_port
 from hands import Witness
+from tree import extents_of, text_of
 from waiting import wait_for_value
 
 # Where the insides of the windows begin. A game window is 800 x 560 at first; its frame comes on top.
@@ -20,8 +21,8 @@ class Transcript(Witness):
 
     def look(self):
         for copy, name in self._speakers:
-            control = copy.find("text", "Mensajes") if copy.running() else None
-            now = control.queryText().getText(0, -1) if control else ""
+            control = copy.find(*CONTROLS["TBMensajes"]) if copy.running() else None
+            now = text_of(control) if control else ""
             before = self._log[copy.pid]
             self._log[copy.pid] = now
             new = now[len(before) :] if now.startswith(before) else now

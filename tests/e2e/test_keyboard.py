@@ -4,9 +4,9 @@ import cases
 import handshake
 import screen
 import three_in_row
-from driver import is_focused, text_of
 from handshake import Player
 from hands import OK, KeyHand
+from tree import is_focused, text_of
 from waiting import wait_until
 
 SERVER = Player("Servidor", "Ana", "2")

@@ -4,8 +4,8 @@ import cases
 import handshake
 import screen
 import three_in_row
-from driver import extents_of
 from hands import MouseHand
+from tree import extents_of
 
 
 class Mouse(cases.CopiesTest):
