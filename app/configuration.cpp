@@ -21,7 +21,7 @@ QString FirstLine(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return {};
   const QByteArray bytes = file.read(kLongestLine);
-  const auto end = std::find_if(bytes.begin(), bytes.end(), [](char c) { return c == '\r' || c == '\n'; });
+  const auto* const end = std::find_if(bytes.begin(), bytes.end(), [](char c) { return c == '\r' || c == '\n'; });
   return FromWire(bytes.left(end - bytes.begin()));
 }
 

@@ -15,6 +15,7 @@ class GameWindow;
 
 class WindowOwner : public QObject {
   Q_OBJECT
+  Q_DISABLE_COPY_MOVE(WindowOwner)
 
  public:
   // `directory` holds "Brontavia.ini".

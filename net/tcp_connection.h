@@ -13,6 +13,7 @@ namespace brontavia {
 
 class TcpConnection : public Connection {
   Q_OBJECT
+  Q_DISABLE_COPY_MOVE(TcpConnection)
 
  public:
   TcpConnection();

@@ -56,7 +56,8 @@ bool BoardModel::Holds(CellIndex cell) const {
 
 std::size_t BoardModel::Position(CellIndex cell) const {
   if (!Holds(cell)) throw std::out_of_range("cell outside the board");
-  return static_cast<std::size_t>(cell.Row * columns_ + cell.Column);
+  return static_cast<std::size_t>(cell.Row) * static_cast<std::size_t>(columns_) +
+         static_cast<std::size_t>(cell.Column);
 }
 
 }  // namespace brontavia

@@ -48,8 +48,8 @@ class GameWindow : public QWidget, protected Screen {
   void ClearMessages() override;
   void Beep() override;
 
-  QGroupBox* MakeServerFrame();
-  QGroupBox* MakeClientFrame(const WindowTraits& window);
+  static QGroupBox* MakeServerFrame();
+  static QGroupBox* MakeClientFrame(const WindowTraits& window);
   QGroupBox* MakeGameFrame();
 
   TcpConnection connection_;

@@ -141,7 +141,7 @@ QWidget* OpenWindow() {
 // ---- For the user's script ----
 
 bool Shows(const QString& name) {
-  return Eventually([&] { return OpenWindow() && OpenWindow()->objectName() == name; });
+  return Eventually([&] { return OpenWindow() != nullptr && OpenWindow()->objectName() == name; });
 }
 
 void Press(const QString& button) {

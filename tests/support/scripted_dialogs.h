@@ -17,6 +17,8 @@ class ScriptedDialogs : public Dialogs {
   using Meanwhile = std::function<void()>;
 
   explicit ScriptedDialogs(QString owner) : owner_(std::move(owner)) {}
+  ScriptedDialogs(const ScriptedDialogs&) = delete;
+  ScriptedDialogs& operator=(const ScriptedDialogs&) = delete;
   ~ScriptedDialogs() override;
 
   // ---- The script ----

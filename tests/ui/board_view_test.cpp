@@ -45,7 +45,7 @@ TEST_F(Board, IsSquareAndCentredWhateverItsSize) {
   const QRect last = View.CellRect({2, 3});
   const QRect board = first.united(last);
   EXPECT_EQ(board.width(), board.height());
-  EXPECT_NEAR(board.center().x(), View.width() / 2, 1);
+  EXPECT_NEAR(board.center().x(), 0.5 * View.width(), 1);
   EXPECT_EQ(View.CellAt(first.center()), (CellIndex{0, 0}));
   EXPECT_EQ(View.CellAt(last.bottomRight()), (CellIndex{2, 3}));
   EXPECT_EQ(View.CellAt({1, 1}), std::nullopt);
