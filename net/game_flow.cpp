@@ -96,6 +96,7 @@ void GameFlow::DecideFirstTurn(QStringView mutual_ending) {
 }
 
 void GameFlow::TurnDecided(const QString& text) {
+  if (OwnPlayer() == 0) return;  // the server decides itself
   const auto decision = ReadTurnDecision(text);
   if (!decision) throw MalformedMessage("the starter is neither 0 nor 1");
   SettleFirstTurn(decision->Starter, decision->Drawn, Window().Report.Ending);

@@ -32,7 +32,8 @@ inline constexpr Message kName{u"Nombre|", 8};
 inline constexpr Message kTurnChoice{u"turno|", 7};
 
 // "Turnodef|" + starter + how: "0" the server or "1" the client starts, by "0" mutual decision or "1" draw. Server,
-// when it has decided. Read from the whole text: the starter at position 10, the last character tells how.
+// when it has decided; ignored at the server. Read from the whole text: the starter at position 10, the last character
+// tells how.
 inline constexpr Message kTurnDecided{u"Turnodef|"};
 
 // "Seguir|Si". Either side, when its player wants another game.

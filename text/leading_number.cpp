@@ -1,5 +1,6 @@
 #include "text/leading_number.h"
 
+#include <clocale>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -90,7 +91,7 @@ double Val(std::u16string_view text) {
   number += '0';  // so that ".5" and a lone sign are numbers to strtod
   CopyDigits(scanner, number);
   if (scanner.Take(u'.')) {
-    number += '.';
+    number += std::localeconv()->decimal_point;  // strtod knows no other; with a display it is the user's own
     CopyDigits(scanner, number);
   }
   number += Exponent(scanner);

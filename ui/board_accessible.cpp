@@ -57,7 +57,10 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleActionInte
   [[nodiscard]] QStringList actionNames() const override { return {pressAction()}; }
   [[nodiscard]] QStringList keyBindingsForAction(const QString& /*action*/) const override { return {}; }
   void doAction(const QString& action) override {
-    if (action == pressAction() && board_->isEnabled()) board_->Click(cell_);
+    if (action != pressAction() || !board_->isEnabled()) return;
+    // Later: a click may open a box, and the screen reader waits for this call to return.
+    QMetaObject::invokeMethod(
+        board_, [board = board_, cell = cell_] { board->Click(cell); }, Qt::QueuedConnection);
   }
 
  private:

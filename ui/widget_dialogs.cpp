@@ -10,7 +10,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString kProgramName = u"BRONTAVIA"_s;
+const QString kProgramName = u"Brontavia"_s;
 constexpr int kInputWidth = 440;
 
 // Labels break lines at "\n" and would show the "\r" before it.

@@ -33,6 +33,15 @@ void ThreeInRowFlow::ResetBoard() {
   session_.GameOver = false;
   session_.RematchWanted = {};
   session_.CurrentTurn = session_.StartingPlayer = 1 - session_.StartingPlayer;
+}
+
+void ThreeInRowFlow::ResetForSession() {
+  ResetBoard();
+  Screen().SetStatus({});  // the messages stay: they tell that the connection stands
+}
+
+void ThreeInRowFlow::ResetForNewGame() {
+  ResetBoard();
   EmptyTexts();
 }
 

@@ -21,8 +21,8 @@ class ThreeInRowFlow : public GameFlow {
   [[nodiscard]] const ThreeInRowBoard& Board() const { return board_; }
 
  protected:
-  void ResetForSession() override { ResetBoard(); }
-  void ResetForNewGame() override { ResetBoard(); }
+  void ResetForSession() override;
+  void ResetForNewGame() override;
 
  private:
   void ResetBoard();

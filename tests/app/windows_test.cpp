@@ -196,7 +196,7 @@ TEST_F(Windows, AGameThatIsNotBuiltYetSaysSoAndStaysInTheSelection) {
     EXPECT_TRUE(Shows(u"Form2"_s));
     for (const int row : {1, 2, 3, 4}) {
       const QString name = Choose(row);
-      EXPECT_EQ(Answer(u"BRONTAVIA"_s, u"OK"_s), QString(name + u": este juego todavía no está disponible."));
+      EXPECT_EQ(Answer(u"Brontavia"_s, u"OK"_s), QString(name + u": este juego todavía no está disponible."));
       EXPECT_TRUE(Shows(u"Form2"_s));
     }
   });

@@ -166,6 +166,22 @@ TEST(Handshake, TheClientOnlyRecordsAChoice) {
   EXPECT_EQ(pair.Client.Flow.State().TurnChoices[1], 2);
 }
 
+TEST(Handshake, TheServerIgnoresADecision) {
+  TerPair pair;
+  pair.Connect();
+  const QStringList lines = pair.Server.Screen.Lines;
+  pair.Server.Connection.Receive(u"Turnodef|11"_s);
+  pair.Settle();
+  EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(pair.Server.Screen.Lines, lines);
+}
+
+TEST(Handshake, TheClientKeepsTheMessageThatTheConnectionStands) {
+  TerPair pair;
+  pair.Connect();
+  EXPECT_TRUE(pair.Client.Screen.Messages.startsWith(u"\r\nConexión establecida.Listo para jugar.\r\n"_s));
+}
+
 TEST(Handshake, NobodyMovesBeforeTheFirstTurnIsSettled) {
   TerPair pair;
   pair.Server.Dialogs.Expect(box::kRequestTitle, box::kRequest, Button::Ok);

@@ -72,7 +72,7 @@ TEST_F(Boxes, ShowMarkupAsTextAndLineBreaksAsLines) {
 }
 
 TEST_F(Boxes, WithoutATitleHaveTheNameOfTheProgram) {
-  Meanwhile([] { Answer(u"BRONTAVIA"_s, u"OK"_s); });
+  Meanwhile([] { Answer(u"Brontavia"_s, u"OK"_s); });
   Dialogs.MessageBox(u"x"_s, {}, Buttons::Ok);
 }
 

@@ -259,7 +259,7 @@ TEST_F(FormTERPair, RefusingAnotherGameClosesBothWindows) {
     Answer(u"Enhorabuena"_s, kOk);
     Client.Click(0);
     Answer(u"Tres en raya"_s, kNo);
-    EXPECT_EQ(Answer(u"BRONTAVIA"_s, kOk),
+    EXPECT_EQ(Answer(u"Brontavia"_s, kOk),
               u"Luis no desea jugar otra partida. Va a finalizarse la conexión y a cerrarse la ventana."_s);
     EXPECT_TRUE(Server.Goes());
     EXPECT_TRUE(Client.Goes());
