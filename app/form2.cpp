@@ -37,6 +37,7 @@ Form2::Form2() : list1_(new QListWidget) {
   connect(list1_, &QListWidget::itemDoubleClicked, this, &Form2::ChooseSelected);
   auto* leave = new QPushButton(u"SALIR"_s);
   leave->setObjectName(u"Command1"_s);
+  leave->setAutoDefault(true);
   connect(leave, &QPushButton::clicked, this, &Form2::LeaveRequested);
 
   auto* layout = new QVBoxLayout(this);

@@ -1,6 +1,4 @@
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QTranslator>
 
 #include "app/window_owner.h"
 #include "ui/board_accessible.h"
@@ -8,10 +6,6 @@
 int main(int argc, char* argv[]) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  QTranslator standard_buttons;  // in Spanish like everything else, whatever the system's language
-  if (standard_buttons.load(QStringLiteral("qtbase_es"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    QApplication::installTranslator(&standard_buttons);
-  }
   brontavia::InstallAccessibleFactory();
   brontavia::WindowOwner owner(QApplication::applicationDirPath());
   owner.ShowStart();

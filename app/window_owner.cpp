@@ -1,6 +1,7 @@
 #include "app/window_owner.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
 #include <array>
 #include <cstdlib>
 
@@ -38,7 +39,15 @@ void WindowOwner::ShowStart() {
   Open(form);
 }
 
+void WindowOwner::TranslateStandardButtons() {
+  if (!standard_buttons_.isEmpty()) return;
+  if (standard_buttons_.load(u"qtbase_es"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(&standard_buttons_);
+  }
+}
+
 void WindowOwner::ShowSelection() {
+  TranslateStandardButtons();
   auto* form = new Form2;
   connect(form, &Form2::GameChosen, this, &WindowOwner::ChooseGame);
   connect(form, &Form2::LeaveRequested, this, [this] { WindowFinished(AfterWindow::ProcessEnds); });

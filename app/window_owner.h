@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTranslator>
 #include <QWidget>
 
 #include "net/event_guard.h"
@@ -24,8 +25,13 @@ class WindowOwner : public QObject {
 
   void ShowStart();
 
+  [[nodiscard]] const ProcessValues& Values() const { return values_; }
+
  private:
   void ShowSelection();
+  // Standard buttons speak Spanish like everything else, whatever the system's language. Loaded with the first window
+  // that can open a box: the start window shows sooner.
+  void TranslateStandardButtons();
   void ChooseGame(int index, const QString& name);
   void ShowGame(GameWindow* game);
   void WindowFinished(AfterWindow after);
@@ -34,6 +40,7 @@ class WindowOwner : public QObject {
   void CloseWindow();
 
   ProcessValues values_;
+  QTranslator standard_buttons_;
   QPointer<QWidget> window_;
 };
 

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "net/common_messages.h"
+#include "net/counted.h"
 #include "text/qt_text.h"
 
 namespace brontavia {
@@ -16,12 +17,13 @@ const QString kLocalHost = u"127.0.0.1"_s;
 // and TCP holds the peer back.
 constexpr int kMaxReadsOnStack = 8;
 
-// Long enough that the peer normally gets a repeated text once.
+// The first pause: long enough that the peer normally gets a repeated text once.
 constexpr std::chrono::milliseconds kBetweenRepeatedSends{50};
 
 }  // namespace
 
 ConnectionFlow::ConnectionFlow(const WindowTraits& window, const Seams& seams) : window_(window), seams_(seams) {
+  guard_.setObjectName(window_.Window.toString());
   connect(&seams_.Connection, &Connection::ConnectionRequest, this, &ConnectionFlow::AnswerRequest);
   connect(&seams_.Connection, &Connection::DataArrival, this, &ConnectionFlow::DataArrived);
   connect(&seams_.Connection, &Connection::SendComplete, this, [this] {
@@ -124,9 +126,10 @@ void ConnectionFlow::DataArrived() {
     return;
   }
   guard_.Run([this] {
-    ++reads_on_stack_;
-    HandleRead();
-    --reads_on_stack_;
+    {
+      const Counted reading(reads_on_stack_);
+      HandleRead();
+    }
     if (!read_waiting_ || Ended()) return;
     read_waiting_ = false;
     QMetaObject::invokeMethod(this, &ConnectionFlow::DataArrived, Qt::QueuedConnection);
@@ -154,29 +157,25 @@ bool ConnectionFlow::Send(const QString& text) {
 
 void ConnectionFlow::SendUntilComplete(const QString& text) {
   send_complete_ = false;
-  ++open_boxes_and_waits_;
-  while (!send_complete_ && !Ended() && Send(text)) {
-    guard_.WaitUntil([this] { return send_complete_ || ConnectionLost(); }, kBetweenRepeatedSends);
+  const Counted waiting(open_boxes_and_waits_);
+  // Each pause is twice the last: a text sent sooner than the line acknowledges would keep every send unfinished.
+  for (auto pause = kBetweenRepeatedSends; !send_complete_ && !Ended() && Send(text); pause *= 2) {
+    guard_.WaitUntil([this] { return send_complete_ || ConnectionLost(); }, pause);
   }
-  --open_boxes_and_waits_;
 }
 
 // ---- Boxes and the end ----
 
 Button ConnectionFlow::ShowBox(const QString& text, const QString& title, Buttons buttons) {
   seams_.Connection.Flush();
-  ++open_boxes_and_waits_;
-  const Button answer = seams_.Dialogs.MessageBox(text, title, buttons);
-  --open_boxes_and_waits_;
-  return answer;
+  const Counted open(open_boxes_and_waits_);
+  return seams_.Dialogs.MessageBox(text, title, buttons);
 }
 
 QString ConnectionFlow::Ask(const QString& prompt, const QString& title, const QString& proposal) {
   seams_.Connection.Flush();
-  ++open_boxes_and_waits_;
-  const QString answer = seams_.Dialogs.InputBox(prompt, title, proposal);
-  --open_boxes_and_waits_;
-  return answer;
+  const Counted open(open_boxes_and_waits_);
+  return seams_.Dialogs.InputBox(prompt, title, proposal);
 }
 
 void ConnectionFlow::RunUserAction(const std::function<void()>& handler) {

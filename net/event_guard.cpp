@@ -2,15 +2,32 @@
 
 #include <QEventLoop>
 #include <QTimer>
+#include <cstdio>
+
+#include "net/counted.h"
 
 namespace brontavia {
+namespace {
+
+constexpr int kEventLoopsClosed = -1;  // what a loop returns at once when the program is quitting
+
+}  // namespace
+
+void ReportInternalError(const QString& where, const std::exception& error) {
+  std::fprintf(stderr, "%s: %s\n", qPrintable(where), error.what());
+}
 
 void EventGuard::Run(const std::function<void()>& handler) {
   if (Ended()) return;
   if (handlers_on_stack_ == 0) ++outermost_event_;
-  ++handlers_on_stack_;
-  handler();
-  --handlers_on_stack_;
+  {
+    const Counted running(handlers_on_stack_);
+    try {
+      handler();
+    } catch (const std::exception& error) {
+      ReportInternalError(objectName(), error);
+    }
+  }
   if (Ended()) FinishWhenIdle();
 }
 
@@ -34,7 +51,9 @@ bool EventGuard::WaitUntil(const std::function<bool()>& done, std::optional<std:
     loop.quit();
   });
   if (limit) timer.start(*limit);
-  while (!done() && !Ended() && !expired) loop.exec();
+  while (!done() && !Ended() && !expired) {
+    if (loop.exec() == kEventLoopsClosed) break;
+  }
   return done();
 }
 

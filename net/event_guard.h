@@ -6,7 +6,9 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <chrono>
+#include <exception>
 #include <functional>
 #include <optional>
 
@@ -19,13 +21,16 @@ enum class AfterWindow {
   ProcessEndsFailed  // the program ends with exit code 1
 };
 
+// One line to standard error about a handler that was stopped. `where` names the window or the message.
+void ReportInternalError(const QString& where, const std::exception& error);
+
 class EventGuard : public QObject {
   Q_OBJECT
 
  public:
   using QObject::QObject;
 
-  // Runs `handler`, unless the window has ended.
+  // Runs `handler`, unless the window has ended. What it throws stops it alone: one line goes to standard error.
   void Run(const std::function<void()>& handler);
 
   // Marks the window as ended. Only the first call counts.

@@ -1,6 +1,5 @@
 #include "net/game_flow.h"
 
-#include <cstdio>
 #include <exception>
 #include <limits>
 #include <utility>
@@ -35,8 +34,7 @@ void GameFlow::HandleMessage(const QString& text) {
     try {
       handlers_.at(message)(From(text, message->PayloadFrom).toString());
     } catch (const std::exception& error) {
-      std::fprintf(stderr, "%s %s: %s\n", qPrintable(Window().Window.toString()), qPrintable(message->Token.toString()),
-                   error.what());
+      ReportInternalError(Window().Window + u' ' + message->Token, error);
     }
   }
 }
@@ -45,6 +43,7 @@ void GameFlow::HandleMessage(const QString& text) {
 
 void GameFlow::StartSession() {
   Screen().ShowFrame(Frame::FrJuego, true);
+  session_.TurnSettled = false;
   ResetForSession();
   AskName();
   if (!Ended()) AskFirstTurn();
@@ -119,7 +118,6 @@ void GameFlow::AskForRematch() {
   const Button answer = ShowBox(u"¿Desea jugar otra partida?"_s, Window().RematchTitle.toString(), Buttons::YesNo);
   if (Ended()) return;
   if (answer == Button::Yes) {
-    if (!session_.GameOver) return;  // the other player's wish has begun the new game while the question stood
     Send(message::kRematchYes.Token.toString());
     if (Ended()) return;
     session_.RematchWanted.at(static_cast<std::size_t>(OwnPlayer())) = true;

@@ -24,7 +24,7 @@ struct Session {
   std::array<std::int16_t, 2> TurnChoices{-1, -1};
   int CurrentTurn = 0;
   int StartingPlayer = 0;
-  bool TurnSettled = false;  // the first turn of the first game has been decided; no move before
+  bool TurnSettled = false;  // the session's first turn has been decided; no move before
   std::array<std::int16_t, 2> Scores{};
   bool GameOver = false;
   std::array<bool, 2> RematchWanted{};

@@ -3,6 +3,7 @@
 #include <QHostAddress>
 #include <chrono>
 #include <limits>
+#include <utility>
 
 #ifdef Q_OS_LINUX
 #include <linux/sockios.h>
@@ -145,6 +146,16 @@ bool TcpConnection::SendData(const QString& text) {
   if (State() != ConnectionState::Connected) return false;
   socket_->write(ToWire(text));
   sent_check_.start(kShortestSend);
+  if (!std::exchange(flush_queued_, true)) {
+    // Behind the handler that sends, so that its texts leave together, but before this side repaints.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          flush_queued_ = false;
+          Flush();
+        },
+        Qt::QueuedConnection);
+  }
   return true;
 }
 

@@ -47,6 +47,7 @@ class TcpConnection : public Connection {
   int request_ = 0;          // its number
   SocketPointer socket_;
   QTimer sent_check_;
+  bool flush_queued_ = false;
 };
 
 }  // namespace brontavia

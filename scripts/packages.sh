@@ -14,17 +14,13 @@ install_missing() {
       missing+=("$package")
   done
   [ ${#missing[@]} -eq 0 ] && return
-  local install=(apt-get install --yes --no-install-recommends "${missing[@]}")
+  local install="apt-get update && apt-get install --yes --no-install-recommends ${missing[*]}"
   local as_root=()
-  if [ "$(id -u)" -ne 0 ]; then
-    if ! command -v sudo >/dev/null || ! { sudo -n true 2>/dev/null || [ -t 0 ]; }; then
-      echo "Missing packages, and no rights to install them. As root, run:" >&2
-      echo "  apt-get update && ${install[*]}" >&2
-      exit 1
-    fi
-    as_root=(sudo)
-  fi
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
   echo "Installing ${missing[*]}"
-  "${as_root[@]}" apt-get update --quiet --quiet
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive "${install[@]}" --quiet --quiet
+  if ! "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive sh -c "${install//apt-get/apt-get --quiet --quiet}"; then
+    echo "These packages are missing and could not be installed. As root, run:" >&2
+    echo "  $install" >&2
+    exit 1
+  fi
 }

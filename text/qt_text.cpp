@@ -11,6 +11,10 @@ QString TrimBlanks(QStringView text) { return QStringView(TrimBlanks(Characters(
 
 QString FixedWidth(QStringView text, int width) { return text.toString().leftJustified(width, u' ', true); }
 
+QString Shortened(const QString& text, qsizetype most) {
+  return text.size() <= most ? text : QString(text.first(most - 1) + u'…');
+}
+
 QStringView From(QStringView text, int position) {
   return position > text.size() ? QStringView() : text.sliced(position - 1);
 }

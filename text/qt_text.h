@@ -21,6 +21,9 @@ QString TrimBlanks(QStringView text);
 // `text` in exactly `width` characters: cut, or padded with blanks on the right.
 QString FixedWidth(QStringView text, int width);
 
+// `text`, or when it has more than `most` characters its beginning and "…", `most` characters in all.
+QString Shortened(const QString& text, qsizetype most);
+
 // The rest of `text` from the character at `position` on, counted from 1; empty beyond the end.
 QStringView From(QStringView text, int position);
 

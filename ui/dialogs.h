@@ -16,7 +16,8 @@ class Dialogs {
   virtual ~Dialogs() = default;
 
   // Shows `text`, as plain text, until a button is pressed; meanwhile other events are handled. An empty title shows
-  // the program's name. Closed without a button: Cancel or No where there is one.
+  // the program's name. Closed without a button it counts as cancelled; a Yes/No box closes by its buttons alone, or by
+  // CloseAll, which counts as No.
   virtual Button MessageBox(const QString& text, const QString& title, Buttons buttons) = 0;
 
   // Asks for one line. Meanwhile other events are handled. Returns what was typed, unchanged; empty when cancelled.

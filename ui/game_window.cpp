@@ -87,6 +87,8 @@ QGroupBox* GameWindow::MakeClientFrame(const WindowTraits& window) {
   connect_here->setObjectName(u"CBConLocal"_s);
   auto* connect_there = new QPushButton(u"CONECTAR"_s);
   connect_there->setObjectName(u"CbConectar"_s);
+  connect_here->setAutoDefault(true);
+  connect_there->setAutoDefault(true);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(connect_here);
   buttons->addWidget(connect_there);

@@ -35,7 +35,7 @@ class GameWindow : public QWidget, protected Screen {
   // What the flow of a game stands on.
   Seams MakeSeams(ProcessValues& values);
 
-  // For the constructor of a game, once its flow and board exist. Both are the game's and outlive nothing.
+  // For the constructor of a game, once its flow and board exist. Both are members of the game.
   void Attach(ConnectionFlow& flow, BoardView& board);
 
   void closeEvent(QCloseEvent* event) override;

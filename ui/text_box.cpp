@@ -4,10 +4,14 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include "text/qt_text.h"
+
 namespace brontavia {
 namespace {
 
 constexpr int kMostLines = 5000;
+// A peer can send a line of any length; laying out a megabyte would take minutes.
+constexpr qsizetype kLongestLine = 4000;
 
 }  // namespace
 
@@ -27,7 +31,7 @@ void TextBox::AddLine(const QString& line) {
   cursor.movePosition(QTextCursor::End);
   cursor.insertBlock();
   const int before = cursor.position();
-  cursor.insertText(line);
+  cursor.insertText(Shortened(line, kLongestLine));
   const int end = cursor.position();
   cursor.setPosition(qMin(before, end));
   cursor.setPosition(end, QTextCursor::KeepAnchor);

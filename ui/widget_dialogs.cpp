@@ -1,9 +1,12 @@
 #include "ui/widget_dialogs.h"
 
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <memory>
+
+#include "text/qt_text.h"
 
 namespace brontavia {
 namespace {
@@ -13,8 +16,27 @@ using namespace Qt::StringLiterals;
 const QString kProgramName = u"Brontavia"_s;
 constexpr int kInputWidth = 440;
 
-// Labels break lines at "\n" and would show the "\r" before it.
-QString ForLabel(QString text) { return text.replace(u"\r\n"_s, u"\n"_s); }
+// Labels break lines at "\n" and would show the "\r" before it. A text that a peer made long is cut to what fits a
+// screen.
+QString ForLabel(const QString& text) {
+  constexpr qsizetype kMostCharacters = 1500;
+  return Shortened(text, kMostCharacters).replace(u"\r\n"_s, u"\n"_s);
+}
+
+// Keeps a box open until one of its buttons is pressed: a question that only Yes or No answers must not be answered by
+// a reflex on Esc or the close box.
+class OnlyButtonsAnswer : public QObject {
+ public:
+  using QObject::QObject;
+
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Close) {
+      event->ignore();
+      return true;
+    }
+    return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel);
+  }
+};
 
 QMessageBox::StandardButtons StandardButtonsOf(Buttons buttons) {
   switch (buttons) {
@@ -51,6 +73,7 @@ Button WidgetDialogs::MessageBox(const QString& text, const QString& title, Butt
   box->setIcon(buttons == Buttons::Ok ? QMessageBox::Information : QMessageBox::Question);
   box->setStandardButtons(StandardButtonsOf(buttons));
   box->setDefaultButton(buttons == Buttons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
+  if (buttons == Buttons::YesNo) box->installEventFilter(new OnlyButtonsAnswer(box.get()));
   return ButtonOf(Run(*box), buttons);
 }
 

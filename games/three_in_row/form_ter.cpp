@@ -8,7 +8,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr float kFaint = 0.5F;  // of an empty cell's mark
 constexpr QSize kSmallestBoard(180, 180);  // three cells of 60 pixels (900 twips)
 
 void DrawPiece(QPainter& painter, const QRectF& area, char16_t symbol, const QColor& colour, qreal width) {
@@ -50,9 +49,7 @@ void TerPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& lo
     QFont font = painter.font();
     font.setPixelSize(qMax(8, static_cast<int>(area.height() / 3)));
     painter.setFont(font);
-    QColor faint = palette.color(QPalette::Text);
-    faint.setAlphaF(kFaint);
-    painter.setPen(look.Current ? highlighted : faint);
+    painter.setPen(look.Current ? highlighted : palette.color(QPalette::Text));
     painter.drawText(area, Qt::AlignCenter, look.Text);
     return;
   }

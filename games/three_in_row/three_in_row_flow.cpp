@@ -98,7 +98,7 @@ void ThreeInRowFlow::FinishOwnMove() {
   ShowBox(u"¡Ha ganado! Consiguió hacer tres en raya antes que su rival."_s + kCrLf +
               u"Pulse sobre el tablero para continuar.",
           u"Enhorabuena"_s);
-  AddPoint(session_.CurrentTurn);
+  AddPoint(OwnPlayer());
   session_.GameOver = true;
 }
 

@@ -180,7 +180,7 @@ TEST_F(Windows, FollowEachOtherOneAtATime) {
     const QPointer<QWidget> first = OnGui([] { return OpenWindow(); });
     EXPECT_TRUE(first->findChild<QWidget*>(u"FrCliente"_s)->isVisible());
     Close();
-    Answer(u"Tres en raya"_s, u"Yes"_s);
+    Answer(u"Tres en raya"_s, u"Sí"_s);
     EXPECT_TRUE(Shows(u"Form2"_s));
     EXPECT_TRUE(Eventually([&] { return first.isNull(); }));
     Choose(0);
@@ -196,10 +196,13 @@ TEST_F(Windows, AGameThatIsNotBuiltYetSaysSoAndStaysInTheSelection) {
     EXPECT_TRUE(Shows(u"Form2"_s));
     for (const int row : {1, 2, 3, 4}) {
       const QString name = Choose(row);
-      EXPECT_EQ(Answer(u"Brontavia"_s, u"OK"_s), QString(name + u": este juego todavía no está disponible."));
+      EXPECT_EQ(Answer(u"Brontavia"_s, u"Aceptar"_s), QString(name + u": este juego todavía no está disponible."));
       EXPECT_TRUE(Shows(u"Form2"_s));
     }
   });
+  EXPECT_EQ(Owner.Values().PlayerRole, Role::Server);
+  EXPECT_EQ(Owner.Values().SelectedGameIndex, 4);
+  EXPECT_EQ(Owner.Values().SelectedGameName, u"Ajedrez"_s);
 }
 
 TEST_F(Windows, ClosingTheStartWindowEndsTheProcess) {

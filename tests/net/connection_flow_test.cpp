@@ -298,6 +298,18 @@ TEST(ConnectionFlow, UserActionsWaitForTheBoxThatIsOpen) {
   EXPECT_TRUE(ran);
 }
 
+TEST(ConnectionFlow, AnErrorInsideAnActionStopsOnlyIt) {
+  BareCopy client(Role::Client);
+  client.Flow.Load();
+  client.Flow.RunUserAction([] { throw std::out_of_range("cell outside the board"); });
+  bool ran = false;
+  client.Flow.RunUserAction([&] { ran = true; });
+  EXPECT_TRUE(ran);
+  client.Dialogs.Expect(box::kCloseTitle, box::kClose, Button::Yes);
+  client.Flow.CloseRequested();
+  EXPECT_EQ(client.Finished, AfterWindow::Selection);
+}
+
 // ---- Closing ----
 
 TEST(ConnectionFlow, EachWindowAsksOrDoesNotAskBeforeItCloses) {

@@ -267,6 +267,7 @@ TEST(Dispatcher, AnAcceptanceIsSearchedForNothingElse) {
   QCoreApplication::processEvents();
   EXPECT_FALSE(pair.Client.Finished);
   EXPECT_EQ(pair.Client.Screen.Caption, u"Eva - Tres en raya"_s);
+  EXPECT_FALSE(pair.Client.Flow.State().TurnSettled);
   EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 1 - turn) << "a session that starts resets the board";
 }
 
@@ -336,23 +337,6 @@ TEST_F(Rematch, AYesThatComesWhileTheQuestionStandsCounts) {
   EXPECT_EQ(Pair.Client.Flow.State().CurrentTurn, 1);
 }
 
-TEST_F(Rematch, AYesToAQuestionThatANewGameHasOvertakenSaysNothing) {
-  AnswerRematch(Pair.Server, Button::Yes);
-  const QString score = u"Marcador actual: \r\nAna  1 : Luis 0\r\nComienza jugando Luis."_s;
-  Pair.Server.Dialogs.Expect(box::kRematchTitle, box::kRematch, Button::Yes, [&] {
-    Pair.Client.Dialogs.Expect(box::kRematchTitle, box::kRematch, Button::Yes);
-    Pair.Client.Dialogs.Expect(box::kNewGameTitle, score);
-    Pair.Server.Dialogs.Expect(box::kNewGameTitle, score);
-    Pair.Settle();
-    Pair.Client.Click(0);
-    Pair.Settle();
-  });
-  Pair.Server.Click(0);
-  Pair.Settle();
-  EXPECT_EQ(Pair.Server.Connection.Sent.filter(u"Seguir|Si"_s).size(), 1);
-  EXPECT_FALSE(Pair.Server.Flow.State().RematchWanted[0]);
-}
-
 TEST_F(Rematch, NoClosesBothWindows) {
   Pair.Client.Dialogs.Expect(
       {}, u"Ana no desea jugar otra partida. Va a finalizarse la conexión y a cerrarse la ventana."_s);
@@ -375,6 +359,14 @@ TEST_F(Rematch, ARefusalIsRepeatedAtLeastFiftyMillisecondsApartUntilItHasCertain
   const qsizetype refusals = Pair.Server.Connection.Sent.filter(u"Seguir|No"_s).size();
   EXPECT_GE(refusals, 2);
   EXPECT_LE(refusals, 1 + clock.elapsed() / 50);
+  EXPECT_EQ(Pair.Server.Finished, AfterWindow::Selection);
+}
+
+TEST_F(Rematch, ARefusalEndsAlsoWhenTheLineAcknowledgesLaterThanItIsRepeated) {
+  Pair.Client.Connection.blockSignals(true);
+  Pair.Server.Connection.AcknowledgeAfter = 180;
+  Pair.Server.Dialogs.Expect(box::kRematchTitle, box::kRematch, Button::No);
+  Pair.Server.Click(0);
   EXPECT_EQ(Pair.Server.Finished, AfterWindow::Selection);
 }
 

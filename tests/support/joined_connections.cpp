@@ -89,7 +89,14 @@ void TestConnection::Flush() {
   if (outbox_.isEmpty()) return;
   const QStringList texts = std::exchange(outbox_, {});
   if (peer_ != nullptr && peer_->state_ == ConnectionState::Connected) peer_->Deliver(texts);
-  if (HoldSendComplete || std::exchange(completion_queued_, true)) return;
+  if (HoldSendComplete) return;
+  if (AcknowledgeAfter > 0) {
+    acknowledgement_.setSingleShot(true);
+    acknowledgement_.callOnTimeout(this, &TestConnection::Complete, Qt::UniqueConnection);
+    acknowledgement_.start(AcknowledgeAfter);
+    return;
+  }
+  if (std::exchange(completion_queued_, true)) return;
   QMetaObject::invokeMethod(this, &TestConnection::Complete, Qt::QueuedConnection);
 }
 

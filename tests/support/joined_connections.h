@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QStringList>
+#include <QTimer>
 
 #include "net/connection.h"
 
@@ -36,6 +37,7 @@ class TestConnection : public Connection {
   Reads Cut = Reads::AsSent;             // of what this side receives
   int BytesPerRead = 0;                  // when positive: each read is cut into pieces of this many characters
   bool HoldSendComplete = false;         // the peer's TCP never acknowledges
+  int AcknowledgeAfter = 0;              // milliseconds from the last send until all are acknowledged
   std::optional<QString> ListenFailure;  // reason with which Listen fails
   QStringList Sent;                      // every text handed to SendData while connected
   QStringList Targets;                   // "host:port" of every Connect
@@ -51,6 +53,8 @@ class TestConnection : public Connection {
  private:
   void Deliver(const QStringList& texts);
   void Complete();
+
+  QTimer acknowledgement_;
 
   TestConnection* peer_ = nullptr;
   ConnectionState state_ = ConnectionState::Closed;

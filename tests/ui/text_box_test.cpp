@@ -40,6 +40,15 @@ TEST(TextBox, KeepsTheLastFiveThousandLines) {
   EXPECT_EQ(box.textCursor().selectedText(), u"5999"_s);
 }
 
+TEST(TextBox, ShowsTheBeginningOfALineOfAMegabyteAtOnce) {
+  TextBox box(u"TBMensajes"_s, u"Mensajes"_s);
+  box.show();
+  box.AddLine(QString(1 << 20, u'x'));
+  box.AddLine(QString(1 << 20, u'\n'));
+  EXPECT_LT(box.toPlainText().size(), 10'000);
+  EXPECT_TRUE(box.toPlainText().startsWith(QString(u'\n' + QString(3999, u'x') + u'…')));
+}
+
 TEST(TextBox, IsReadOnlySelectableByKeysAndLeftWithTab) {
   const TextBox box(u"TBEstado"_s, u"Estado"_s);
   EXPECT_TRUE(box.isReadOnly());

@@ -40,14 +40,28 @@ TEST_F(Boxes, ReturnTheButtonThatWasPressed) {
 }
 
 TEST_F(Boxes, EscapeAndTheCloseBoxRefuse) {
-  Meanwhile([] { QTest::keyClick(TopDialog(), Qt::Key_Escape); });
-  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::YesNo), Button::No);
   Meanwhile([] { TopDialog()->close(); });
   EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::OkCancel), Button::Cancel);
   Meanwhile([] { QTest::keyClick(TopDialog(), Qt::Key_Escape); });
   EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::Ok), Button::Ok);
   Meanwhile([] { QTest::keyClick(TopDialog(), Qt::Key_Escape); });
   EXPECT_EQ(Dialogs.InputBox(u"x"_s, u"t"_s, u"proposal"_s), QString());
+}
+
+TEST_F(Boxes, AQuestionIsAnsweredByItsButtonsAlone) {
+  Meanwhile([] {
+    QTest::keyClick(TopDialog(), Qt::Key_Escape);
+    TopDialog()->close();
+    ASSERT_NE(TopDialog(), nullptr);
+    EXPECT_TRUE(TopDialog()->isVisible());
+    Answer(u"t"_s, u"Yes"_s);
+  });
+  EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::YesNo), Button::Yes);
+}
+
+TEST_F(Boxes, CutATextThatFitsNoScreen) {
+  Meanwhile([] { EXPECT_EQ(Answer(u"t"_s, u"OK"_s).size(), 1500); });
+  Dialogs.MessageBox(QString(1 << 20, u'x'), u"t"_s, Buttons::Ok);
 }
 
 TEST_F(Boxes, EnterTakesTheFirstButton) {

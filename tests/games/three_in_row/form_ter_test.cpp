@@ -5,10 +5,10 @@
 
 #include <QPointer>
 #include <QPushButton>
-#include <QTcpServer>
 #include <QTest>
 
 #include "tests/support/box_answerer.h"
+#include "tests/support/free_port.h"
 #include "tests/support/printers.h"
 #include "tests/support/waiting.h"
 #include "ui/text_box.h"
@@ -21,12 +21,6 @@ using namespace Qt::StringLiterals;
 const QString kYes = u"Yes"_s;
 const QString kNo = u"No"_s;
 const QString kOk = u"OK"_s;
-
-std::int32_t FreePort() {
-  QTcpServer probe;
-  probe.listen(QHostAddress::LocalHost);
-  return probe.serverPort();
-}
 
 // A window as its owner keeps it: destroyed only once it has finished.
 struct OwnedWindow {

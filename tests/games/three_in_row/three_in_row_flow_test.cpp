@@ -170,6 +170,18 @@ TEST_F(ThreeInRow, AClickWhileTheWinnersBoxIsOpenIsNoSecondMove) {
   EXPECT_EQ(Pair.Server.Connection.Sent.filter(u"Haganado|"_s).size(), 1);
 }
 
+TEST_F(ThreeInRow, TheWinnersPointIsHisWhateverArrivesWhileHisBoxIsOpen) {
+  Pair.Client.Dialogs.Expect(box::kLostTitle, u"Ana            "_s + box::kLostEnding);
+  Pair.Server.Dialogs.Expect(box::kWonTitle, box::kWon, [&] {
+    Pair.Server.Connection.Receive(u"Jug|-1|7"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Pair.Server.Flow.State().CurrentTurn, 1);
+  });
+  Pair.Play({0, 4, 1, 8, 2});
+  EXPECT_EQ(Pair.Server.Flow.State().Scores[0], 1);
+  EXPECT_EQ(Pair.Server.Flow.State().Scores[1], 0);
+}
+
 TEST_F(ThreeInRow, ATokenInTheOtherOrderIsCutByPositionAllTheSame) {
   Pair.Client.Dialogs.Expect(box::kLostTitle, u"Ana            "_s + box::kLostEnding);
   Pair.Client.Connection.Receive(u"Haganado|0Jug|-1|4"_s);

@@ -1,0 +1,3 @@
+#include <QtWidgets/QWidget>
+
+QWidget* Window();
