@@ -21,7 +21,7 @@ lint_target(format-check "${find_sources} | xargs -0 clang-format --dry-run -Wer
 # but unshown warnings of system headers keeps the output to what matters.
 lint_target(tidy "run-clang-tidy -quiet -j ${processors} -p ${PROJECT_BINARY_DIR} \
 '^${PROJECT_SOURCE_DIR}/(${alternatives})/.*[.]cpp$' 2>&1 \
-| { grep -vE '^clang-tidy |^[0-9]+ warnings? (generated|treated)|^$' || true; }")
+| { grep -vE '^clang-tidy[^ ]* |^[0-9]+ warnings? (generated|treated)|^$' || true; }")
 
 lint_target(cppcheck "cppcheck -j ${processors} --quiet --error-exitcode=1 --inline-suppr --std=c++20 --language=c++ \
 --enable=warning,style,performance,portability --library=qt --library=googletest --suppressions-list=cmake/cppcheck.txt \

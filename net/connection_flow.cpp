@@ -155,6 +155,14 @@ bool ConnectionFlow::Send(const QString& text) {
   return false;
 }
 
+bool ConnectionFlow::SendAndWait(const QString& text) {
+  send_complete_ = false;
+  const Counted waiting(open_boxes_and_waits_);
+  if (!Send(text)) return false;
+  guard_.WaitUntil([this] { return send_complete_ || ConnectionLost(); });
+  return send_complete_ && !Ended();
+}
+
 void ConnectionFlow::SendUntilComplete(const QString& text) {
   send_complete_ = false;
   const Counted waiting(open_boxes_and_waits_);

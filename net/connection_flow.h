@@ -62,6 +62,9 @@ class ConnectionFlow : public QObject {
 
   // Returns whether the text went out. A failure is told to the user once for each event that sets off sends.
   bool Send(const QString& text);
+  // Sends `text` and lets other events be handled until the peer certainly has it, so that what is sent next is another
+  // read there. Returns false when the connection is lost or the window has ended before.
+  bool SendAndWait(const QString& text);
   // Sends `text` again and again until the peer certainly has it, the connection is lost or the window has ended.
   void SendUntilComplete(const QString& text);
 

@@ -67,6 +67,9 @@ class GameFlow : public ConnectionFlow {
   // The board was clicked after the end of a game.
   void AskForRematch();
 
+  // The generator of this window, seeded once.
+  RandomDraw& Random() { return random_; }
+
   Session session_;
 
  private:

@@ -29,7 +29,7 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleActionInte
 
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
     if (kind == QAccessible::Name) return board_->Model().Description(cell_);
-    if (kind == QAccessible::Description) return board_->Model().Text(cell_);
+    if (kind == QAccessible::Description) return board_->Model().Cell(cell_).Text;
     return {};
   }
 

@@ -5,59 +5,62 @@
 
 namespace brontavia {
 
-BoardModel::BoardModel(int rows, int columns, Describer describe, QObject* parent)
+BoardModel::BoardModel(const BoardShape& shape, Describer describe, QObject* parent)
     : QAbstractTableModel(parent),
-      rows_(rows),
-      columns_(columns),
+      shape_(shape),
       describe_(std::move(describe)),
-      cells_(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns)) {}
+      cells_(static_cast<std::size_t>(shape.Rows) * static_cast<std::size_t>(shape.Columns)),
+      current_{.Row = shape.HeaderCells, .Column = shape.HeaderCells} {}
 
-int BoardModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+int BoardModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : shape_.Rows; }
 
-int BoardModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : columns_; }
+int BoardModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : shape_.Columns; }
 
 QVariant BoardModel::data(const QModelIndex& index, int role) const {
   const CellIndex cell{index.row(), index.column()};
   if (!index.isValid() || !Holds(cell)) return {};
   switch (role) {
     case Qt::DisplayRole:
-      return Text(cell);
+      return Cell(cell).Text;
     case Qt::AccessibleTextRole:
       return Description(cell);
     case ForeColourRole:
-      return ForeColour(cell);
+      return Cell(cell).ForeColour;
+    case BackColourRole:
+      return Cell(cell).BackColour;
     default:
       return {};
   }
 }
 
-const QString& BoardModel::Text(CellIndex cell) const { return cells_[Position(cell)].Text; }
+const CellContent& BoardModel::Cell(CellIndex cell) const { return cells_[Position(cell)]; }
 
-ColourValue BoardModel::ForeColour(CellIndex cell) const { return cells_[Position(cell)].ForeColour; }
-
-void BoardModel::SetCell(CellIndex cell, const QString& text, ColourValue fore_colour) {
-  Content& content = cells_[Position(cell)];
-  if (content.Text == text && content.ForeColour == fore_colour) return;
-  content = {text, fore_colour};
+void BoardModel::SetCell(CellIndex cell, const CellContent& content) {
+  CellContent& held = cells_[Position(cell)];
+  if (held == content) return;
+  held = content;
   const QModelIndex changed = index(cell.Row, cell.Column);
   emit dataChanged(changed, changed);
 }
 
 void BoardModel::SetCurrentCell(CellIndex cell) {
-  if (!Holds(cell)) throw std::out_of_range("current cell outside the board");
+  if (!Holds(cell) || IsHeader(cell)) throw std::out_of_range("current cell outside the board");
   if (cell == current_) return;
   const CellIndex previous = std::exchange(current_, cell);
   emit CurrentCellChanged(previous, current_);
 }
 
 bool BoardModel::Holds(CellIndex cell) const {
-  return cell.Row >= 0 && cell.Row < rows_ && cell.Column >= 0 && cell.Column < columns_;
+  return cell.Row >= 0 && cell.Row < shape_.Rows && cell.Column >= 0 && cell.Column < shape_.Columns;
+}
+
+bool BoardModel::IsHeader(CellIndex cell) const {
+  return cell.Row < shape_.HeaderCells || cell.Column < shape_.HeaderCells;
 }
 
 std::size_t BoardModel::Position(CellIndex cell) const {
   if (!Holds(cell)) throw std::out_of_range("cell outside the board");
-  return static_cast<std::size_t>(cell.Row) * static_cast<std::size_t>(columns_) +
-         static_cast<std::size_t>(cell.Column);
+  return static_cast<std::size_t>(cell.Row * shape_.Columns + cell.Column);
 }
 
 }  // namespace brontavia

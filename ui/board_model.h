@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QString>
 #include <cstdint>
 #include <functional>
 #include <vector>
@@ -20,30 +21,49 @@ struct CellIndex {
 using ColourValue = std::int32_t;
 inline constexpr ColourValue kDefaultColour = 0;
 
+// Rows and columns of a board and the proportions of its cells (in twips, 15 to a pixel at the smallest size).
+struct BoardShape {
+  int Rows = 1;         // headers included
+  int Columns = 1;      // headers included
+  int HeaderCells = 0;  // 1: the first row and the first column are headers, which are never current
+  int CellWidth = 1;
+  int CellHeight = 1;
+  int HeaderSize = 1;  // height of the header row and width of the header column
+};
+
+struct CellContent {
+  QString Text;
+  ColourValue ForeColour = kDefaultColour;
+  ColourValue BackColour = kDefaultColour;
+  friend bool operator==(const CellContent&, const CellContent&) = default;
+};
+
 class BoardModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  enum Role { ForeColourRole = Qt::UserRole };
+  enum Role { ForeColourRole = Qt::UserRole, BackColourRole };
 
   // Given a cell, tells in words where it is and what is on it.
   using Describer = std::function<QString(CellIndex)>;
 
-  BoardModel(int rows, int columns, Describer describe, QObject* parent = nullptr);
+  BoardModel(const BoardShape& shape, Describer describe, QObject* parent = nullptr);
 
+  [[nodiscard]] const BoardShape& Shape() const { return shape_; }
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
 
-  // DisplayRole: the cell's text. ForeColourRole: its text's ColourValue. AccessibleTextRole: its description.
+  // DisplayRole: the cell's text. ForeColourRole, BackColourRole: its ColourValues. AccessibleTextRole: its
+  // description.
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
-  // The cell must lie on the board; these throw std::out_of_range otherwise.
-  [[nodiscard]] const QString& Text(CellIndex cell) const;
-  [[nodiscard]] ColourValue ForeColour(CellIndex cell) const;
-  void SetCell(CellIndex cell, const QString& text, ColourValue fore_colour);
+  // The cell must lie on the board; these throw std::out_of_range otherwise. No header becomes current.
+  [[nodiscard]] const CellContent& Cell(CellIndex cell) const;
+  void SetCell(CellIndex cell, const CellContent& content);
   void SetCurrentCell(CellIndex cell);
 
   [[nodiscard]] bool Holds(CellIndex cell) const;
+  [[nodiscard]] bool IsHeader(CellIndex cell) const;
   [[nodiscard]] QString Description(CellIndex cell) const { return describe_(cell); }
   [[nodiscard]] CellIndex CurrentCell() const { return current_; }
 
@@ -51,17 +71,11 @@ class BoardModel : public QAbstractTableModel {
   void CurrentCellChanged(brontavia::CellIndex previous, brontavia::CellIndex current);
 
  private:
-  struct Content {
-    QString Text;
-    ColourValue ForeColour = kDefaultColour;
-  };
-
   [[nodiscard]] std::size_t Position(CellIndex cell) const;
 
-  int rows_;
-  int columns_;
+  BoardShape shape_;
   Describer describe_;
-  std::vector<Content> cells_;
+  std::vector<CellContent> cells_;
   CellIndex current_;
 };
 

@@ -11,6 +11,13 @@ namespace {
 
 constexpr int kMargin = 4;  // around the cells, for the focus frame
 constexpr int kPreferredScale = 2;
+constexpr int kTwipsPerPixel = 15;
+
+QSize SizeInTwips(const BoardShape& shape) {
+  const int headers = shape.HeaderCells * shape.HeaderSize;
+  return {headers + (shape.Columns - shape.HeaderCells) * shape.CellWidth,
+          headers + (shape.Rows - shape.HeaderCells) * shape.CellHeight};
+}
 
 QColor ColourOf(ColourValue value) {
   if (value == kDefaultColour) return {};
@@ -19,11 +26,13 @@ QColor ColourOf(ColourValue value) {
 
 }  // namespace
 
-BoardView::BoardView(BoardModel& model, const CellPainter& painter, QSize smallest, QWidget* parent)
+BoardView::BoardView(BoardModel& model, const CellPainter& painter, QWidget* parent)
     : QWidget(parent), model_(model), painter_(painter) {
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  const QSize smallest = SizeInTwips(model_.Shape()) / kTwipsPerPixel;
   setMinimumSize(smallest.grownBy(QMargins(kMargin, kMargin, kMargin, kMargin)));
+  Arrange();
   connect(&model_, &BoardModel::CurrentCellChanged, this, &BoardView::CurrentCellMoved);
   connect(&model_, &BoardModel::dataChanged, this, &BoardView::CellsChanged);
 }
@@ -33,23 +42,40 @@ BoardView::BoardView(BoardModel& model, const CellPainter& painter, QSize smalle
 QSize BoardView::sizeHint() const { return minimumSize() * kPreferredScale; }
 
 QRect BoardView::BoardRect() const {
-  const int side = std::min(width(), height()) - 2 * kMargin;
-  return {(width() - side) / 2, (height() - side) / 2, side, side};
+  const QSize room = size().shrunkBy(QMargins(kMargin, kMargin, kMargin, kMargin));
+  QRect board({}, SizeInTwips(model_.Shape()).scaled(room, Qt::KeepAspectRatio));
+  board.moveCenter(rect().center());
+  return board;
 }
 
-QRect BoardView::CellRect(CellIndex cell) const {
+void BoardView::Arrange() {
+  const BoardShape& shape = model_.Shape();
   const QRect board = BoardRect();
-  const auto edge = [](int length, int index, int count) { return length * index / count; };
-  const int rows = model_.rowCount();
-  const int columns = model_.columnCount();
-  const QPoint top_left(edge(board.width(), cell.Column, columns), edge(board.height(), cell.Row, rows));
-  const QPoint past_end(edge(board.width(), cell.Column + 1, columns), edge(board.height(), cell.Row + 1, rows));
-  return QRect(top_left, past_end - QPoint(1, 1)).translated(board.topLeft());
+  column_edges_ = Edges(board.left(), board.width(), shape.Columns, shape.CellWidth);
+  row_edges_ = Edges(board.top(), board.height(), shape.Rows, shape.CellHeight);
+}
+
+std::vector<int> BoardView::Edges(int start, int length, int count, int cell_size) const {
+  const BoardShape& shape = model_.Shape();
+  const auto size_of = [&](int cells) {
+    const int headers = std::min(cells, shape.HeaderCells);
+    return headers * shape.HeaderSize + (cells - headers) * cell_size;
+  };
+  std::vector<int> edges;
+  for (int cells = 0; cells <= count; ++cells) edges.push_back(start + length * size_of(cells) / size_of(count));
+  return edges;
+}
+
+void BoardView::resizeEvent(QResizeEvent* /*event*/) { Arrange(); }
+
+QRect BoardView::CellRect(CellIndex cell) const {
+  const auto column = static_cast<std::size_t>(cell.Column);
+  const auto row = static_cast<std::size_t>(cell.Row);
+  return {QPoint(column_edges_.at(column), row_edges_.at(row)),
+          QPoint(column_edges_.at(column + 1) - 1, row_edges_.at(row + 1) - 1)};
 }
 
 std::optional<CellIndex> BoardView::CellAt(QPoint position) const {
-  const QRect board = BoardRect();
-  if (!board.contains(position)) return std::nullopt;
   for (int row = 0; row < model_.rowCount(); ++row) {
     for (int column = 0; column < model_.columnCount(); ++column) {
       if (CellRect({row, column}).contains(position)) return CellIndex{row, column};
@@ -67,9 +93,12 @@ void BoardView::paintEvent(QPaintEvent* /*event*/) {
     for (int column = 0; column < model_.columnCount(); ++column) {
       const CellIndex cell{row, column};
       painter_.Paint(painter, CellRect(cell),
-                     {.Text = model_.Text(cell),
-                      .ForeColour = ColourOf(model_.ForeColour(cell)),
+                     {.Index = cell,
+                      .Text = model_.Cell(cell).Text,
+                      .ForeColour = ColourOf(model_.Cell(cell).ForeColour),
+                      .BackColour = ColourOf(model_.Cell(cell).BackColour),
                       .Current = cell == model_.CurrentCell(),
+                      .Header = model_.IsHeader(cell),
                       .Palette = palette()});
     }
   }
@@ -95,6 +124,7 @@ void BoardView::DrawFrame(QPainter& painter) const {
 // ---- Mouse and keys ----
 
 void BoardView::Click(CellIndex cell) {
+  if (model_.IsHeader(cell)) return;
   model_.SetCurrentCell(cell);
   emit CellClicked(cell);
 }
@@ -102,7 +132,7 @@ void BoardView::Click(CellIndex cell) {
 void BoardView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   pressed_ = CellAt(event->position().toPoint());
-  if (pressed_) model_.SetCurrentCell(*pressed_);
+  if (pressed_ && !model_.IsHeader(*pressed_)) model_.SetCurrentCell(*pressed_);
 }
 
 void BoardView::mouseReleaseEvent(QMouseEvent* event) {
@@ -124,30 +154,32 @@ void BoardView::keyPressEvent(QKeyEvent* event) {
   }
   if (const auto cell = CellAfterKey(event->key())) {
     model_.SetCurrentCell(*cell);
-  } else {
-    QWidget::keyPressEvent(event);
+    return;
   }
+  emit KeyPressed(event->key());
+  QWidget::keyPressEvent(event);
 }
 
 std::optional<CellIndex> BoardView::CellAfterKey(int key) const {
   CellIndex cell = model_.CurrentCell();
+  const int first = model_.Shape().HeaderCells;
   const int last_row = model_.rowCount() - 1;
   const int last_column = model_.columnCount() - 1;
   switch (key) {
     case Qt::Key_Up:
-      cell.Row = std::max(cell.Row - 1, 0);
+      cell.Row = std::max(cell.Row - 1, first);
       return cell;
     case Qt::Key_Down:
       cell.Row = std::min(cell.Row + 1, last_row);
       return cell;
     case Qt::Key_Left:
-      cell.Column = std::max(cell.Column - 1, 0);
+      cell.Column = std::max(cell.Column - 1, first);
       return cell;
     case Qt::Key_Right:
       cell.Column = std::min(cell.Column + 1, last_column);
       return cell;
     case Qt::Key_Home:
-      cell.Column = 0;
+      cell.Column = first;
       return cell;
     case Qt::Key_End:
       cell.Column = last_column;

@@ -1,9 +1,10 @@
-// A board on screen: one focusable widget that draws its model, keeps it square and moves the model's current cell by
-// mouse and arrow keys. To a screen reader it is a group of cells (ui/board_accessible.h).
+// A board on screen: one focusable widget that draws its model, keeps its proportions and moves the model's current
+// cell by mouse and arrow keys. To a screen reader it is a group of cells (ui/board_accessible.h).
 #pragma once
 
 #include <QWidget>
 #include <optional>
+#include <vector>
 
 #include "ui/board_model.h"
 #include "ui/cell_painter.h"
@@ -14,23 +15,26 @@ class BoardView : public QWidget {
   Q_OBJECT
 
  public:
-  // `smallest` is the size in pixels below which the board does not shrink. Model and painter outlive the view.
-  BoardView(BoardModel& model, const CellPainter& painter, QSize smallest, QWidget* parent = nullptr);
+  // The board does not shrink below the measures of its model's shape. Model and painter outlive the view.
+  BoardView(BoardModel& model, const CellPainter& painter, QWidget* parent = nullptr);
 
   [[nodiscard]] BoardModel& Model() const { return model_; }
   [[nodiscard]] QRect CellRect(CellIndex cell) const;
   [[nodiscard]] std::optional<CellIndex> CellAt(QPoint position) const;
 
-  // Makes `cell` current and clicks it.
+  // Makes `cell` current and clicks it. A header takes no clicks.
   void Click(CellIndex cell);
 
   [[nodiscard]] QSize sizeHint() const override;
 
  signals:
   void CellClicked(brontavia::CellIndex cell);
+  // A key (Qt::Key) that the board itself has no use for.
+  void KeyPressed(int key);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -39,6 +43,9 @@ class BoardView : public QWidget {
 
  private:
   [[nodiscard]] QRect BoardRect() const;
+  // Edges of the board's rows or columns, from `start` on, in `length` pixels: one more than there are cells.
+  [[nodiscard]] std::vector<int> Edges(int start, int length, int count, int cell_size) const;
+  void Arrange();
   [[nodiscard]] std::optional<CellIndex> CellAfterKey(int key) const;
   void DrawFrame(QPainter& painter) const;
   void CurrentCellMoved(CellIndex previous, CellIndex current);
@@ -46,6 +53,8 @@ class BoardView : public QWidget {
 
   BoardModel& model_;
   const CellPainter& painter_;
+  std::vector<int> column_edges_;
+  std::vector<int> row_edges_;
   std::optional<CellIndex> pressed_;
 };
 

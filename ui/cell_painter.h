@@ -6,12 +6,17 @@
 #include <QPalette>
 #include <QString>
 
+#include "ui/board_model.h"
+
 namespace brontavia {
 
 struct CellLook {
+  CellIndex Index;
   QString Text;
   QColor ForeColour;  // invalid: the board's default
+  QColor BackColour;  // invalid: the board's default
   bool Current = false;
+  bool Header = false;
   QPalette Palette;
 };
 
@@ -22,7 +27,7 @@ class CellPainter {
   CellPainter& operator=(const CellPainter&) = delete;
   virtual ~CellPainter() = default;
 
-  // Fills `area`, which is in device-independent pixels. The current cell is to show the highlight colours.
+  // Fills `area`, in device-independent pixels. The current cell shows the highlight colours.
   virtual void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const = 0;
 };
 

@@ -8,8 +8,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr QSize kSmallestBoard(180, 180);  // three cells of 60 pixels (900 twips)
-
 void DrawPiece(QPainter& painter, const QRectF& area, char16_t symbol, const QColor& colour, qreal width) {
   painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
   if (symbol == ThreeInRowBoard::PlayerSymbols[0]) {
@@ -68,7 +66,7 @@ void TerPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& lo
 FormTER::FormTER(ProcessValues& values)
     : GameWindow(kFormTER),
       flow_(MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
-      board_(std::make_unique<BoardView>(flow_.FG1(), painter_, kSmallestBoard)) {
+      board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
   board_->setObjectName(u"FG1"_s);
   board_->setAccessibleName(u"Tablero"_s);
   connect(board_.get(), &BoardView::CellClicked, &flow_, &ThreeInRowFlow::BoardClicked);

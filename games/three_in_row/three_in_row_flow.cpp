@@ -9,6 +9,8 @@ using namespace Qt::StringLiterals;
 
 constexpr std::array<ColourValue, 2> PlayerColours{0x0000FF, 0x00FF00};  // red for the server, green for the client
 
+constexpr BoardShape kFG1Shape{.Rows = kTerSide, .Columns = kTerSide, .CellWidth = 900, .CellHeight = 900};
+
 CellIndex IndexOf(int cell) { return {.Row = cell / kTerSide, .Column = cell % kTerSide}; }
 
 int CellOf(CellIndex index) { return index.Row * kTerSide + index.Column; }
@@ -16,7 +18,7 @@ int CellOf(CellIndex index) { return index.Row * kTerSide + index.Column; }
 }  // namespace
 
 ThreeInRowFlow::ThreeInRowFlow(const Seams& seams, unsigned seed)
-    : GameFlow(kFormTER, seams, seed), fg1_(kTerSide, kTerSide, [this](CellIndex cell) {
+    : GameFlow(kFormTER, seams, seed), fg1_(kFG1Shape, [this](CellIndex cell) {
         const char16_t symbol = board_.At(CellOf(cell));
         return u"Fila %1, columna %2: %3"_s.arg(cell.Row + 1)
             .arg(cell.Column + 1)
@@ -136,7 +138,7 @@ void ThreeInRowFlow::ShowCell(int cell) {
   ColourValue colour = kDefaultColour;
   if (symbol == ThreeInRowBoard::PlayerSymbols[0]) colour = PlayerColours[0];
   if (symbol == ThreeInRowBoard::PlayerSymbols[1]) colour = PlayerColours[1];
-  fg1_.SetCell(IndexOf(cell), QString(symbol), colour);
+  fg1_.SetCell(IndexOf(cell), {.Text = QString(symbol), .ForeColour = colour});
 }
 
 }  // namespace brontavia

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 
 #include "tests/support/ter_pair.h"
+#include "tests/support/waiting.h"
 #include "text/qt_text.h"
 
 namespace brontavia::test {
@@ -18,6 +19,7 @@ class BareFlow : public ConnectionFlow {
   using ConnectionFlow::ConnectionFlow;
   using ConnectionFlow::RunUserAction;
   using ConnectionFlow::Send;
+  using ConnectionFlow::SendAndWait;
   using ConnectionFlow::ShowBox;
 
   int Sessions = 0;
@@ -270,6 +272,33 @@ TEST(ConnectionFlow, TextsBeforeAndAfterABoxAreTwoReads) {
   });
   pair.Settle();
   EXPECT_EQ(pair.Client.Flow.Received, QStringList({u"onetwo"_s, u"three"_s}));
+}
+
+TEST(ConnectionFlow, ASendThatIsWaitedForAndTheNextAreTwoReadsAndClicksAreIgnoredMeanwhile) {
+  BarePair pair;
+  pair.Connect();
+  BareFlow& server = pair.Server.Flow;
+  bool clicked = false;
+  Post([&] { server.RunUserAction([&] { clicked = true; }); });
+  server.RunUserAction([&] {
+    EXPECT_TRUE(server.SendAndWait(u"first"_s));
+    server.Send(u"second"_s);
+  });
+  pair.Settle();
+  EXPECT_FALSE(clicked);
+  EXPECT_EQ(pair.Client.Flow.Received, QStringList({u"first"_s, u"second"_s}));
+}
+
+TEST(ConnectionFlow, AWaitEndsWhenTheLineBreaksOrTheWindowCloses) {
+  for (const bool closes : {false, true}) {
+    BarePair pair;
+    pair.Connect();
+    pair.Server.Connection.HoldSendComplete = true;
+    if (closes) pair.Server.Dialogs.Expect(box::kCloseTitle, box::kClose, Button::Yes);
+    Post([&] { closes ? pair.Server.Flow.CloseRequested() : pair.Server.Connection.Break(); });
+    pair.Server.Flow.RunUserAction([&] { EXPECT_FALSE(pair.Server.Flow.SendAndWait(u"x"_s)); });
+    EXPECT_EQ(pair.Server.Finished.has_value(), closes);
+  }
 }
 
 TEST(ConnectionFlow, AFailedSendIsToldOnceForEachActionAndNeverEndsTheWindow) {

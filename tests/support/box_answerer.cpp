@@ -34,7 +34,7 @@ QAbstractButton* ButtonOf(const QDialog& dialog, const QString& caption) {
 
 QString Press(QDialog& dialog, const QString& caption) {
   const QPointer<QDialog> box(&dialog);
-  const QString text = OnGui([&] { return TextOf(dialog); });
+  QString text = OnGui([&] { return TextOf(dialog); });
   QAbstractButton* button = OnGui([&] { return ButtonOf(dialog, caption); });
   if (button == nullptr) {
     ADD_FAILURE() << "no button " << caption.toStdString();

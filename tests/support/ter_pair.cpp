@@ -11,7 +11,7 @@ TerCopy::TerCopy(Role role, const QString& owner, unsigned seed)
 
 QString TerCopy::Shown() const {
   QString shown;
-  for (int cell = 0; cell < kTerCells; ++cell) shown += Flow.FG1().Text({cell / kTerSide, cell % kTerSide});
+  for (int cell = 0; cell < kTerCells; ++cell) shown += Flow.FG1().Cell({cell / kTerSide, cell % kTerSide}).Text;
   return shown;
 }
 

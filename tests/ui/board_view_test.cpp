@@ -22,7 +22,7 @@ class PlainPainter : public CellPainter {
 
 class Board : public testing::Test {
  protected:
-  Board() : View(Model, Painter, QSize(180, 180)) {
+  Board() : View(Model, Painter) {
     View.setObjectName(u"FG1"_s);
     View.setAccessibleName(u"Tablero"_s);
     View.resize(500, 400);
@@ -34,17 +34,18 @@ class Board : public testing::Test {
 
   void Press(int key) { QTest::keyClick(&View, static_cast<Qt::Key>(key)); }
 
-  BoardModel Model{3, 4, [](CellIndex cell) { return u"cell %1,%2"_s.arg(cell.Row).arg(cell.Column); }};
+  BoardModel Model{{.Rows = 3, .Columns = 4, .CellWidth = 600, .CellHeight = 800},
+                   [](CellIndex cell) { return u"cell %1,%2"_s.arg(cell.Row).arg(cell.Column); }};
   PlainPainter Painter;
   BoardView View;
   std::vector<CellIndex> Clicks;
 };
 
-TEST_F(Board, IsSquareAndCentredWhateverItsSize) {
+TEST_F(Board, KeepsItsProportionsAndTheMiddleWhateverItsSize) {
   const QRect first = View.CellRect({0, 0});
   const QRect last = View.CellRect({2, 3});
   const QRect board = first.united(last);
-  EXPECT_EQ(board.width(), board.height());
+  EXPECT_NEAR(board.width() / 4, board.height() / 4, 1) << "four columns of 600 twips, three rows of 800";
   EXPECT_NEAR(board.center().x(), 0.5 * View.width(), 1);
   EXPECT_EQ(View.CellAt(first.center()), (CellIndex{0, 0}));
   EXPECT_EQ(View.CellAt(last.bottomRight()), (CellIndex{2, 3}));
@@ -105,6 +106,53 @@ TEST_F(Board, OtherButtonsAndPlacesBesideTheCellsDoNothing) {
   EXPECT_EQ(Model.CurrentCell(), (CellIndex{0, 0}));
 }
 
+TEST_F(Board, TellsKeysThatItHasNoUseFor) {
+  std::vector<int> keys;
+  QObject::connect(&View, &BoardView::KeyPressed, &View, [&](int key) { keys.push_back(key); });
+  for (const int key : {Qt::Key_T, Qt::Key_Down, Qt::Key_Space, Qt::Key_Escape, Qt::Key_F2}) Press(key);
+  EXPECT_EQ(keys, (std::vector<int>{Qt::Key_T, Qt::Key_Escape, Qt::Key_F2}));
+}
+
+// ---- With headers ----
+
+class BoardWithHeaders : public testing::Test {
+ protected:
+  BoardWithHeaders() : View(Model, Painter) {
+    View.resize(708, 508);
+    QObject::connect(&View, &BoardView::CellClicked, &View, [this](CellIndex) { ++Clicks; });
+    View.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&View));
+  }
+
+  BoardModel Model{{.Rows = 4, .Columns = 3, .HeaderCells = 1, .CellWidth = 1000, .CellHeight = 600, .HeaderSize = 500},
+                   [](CellIndex) { return QString(); }};
+  PlainPainter Painter;
+  BoardView View;
+  int Clicks = 0;
+};
+
+TEST_F(BoardWithHeaders, HeadersHaveTheirOwnSize) {
+  // 2500 x 2300 twips in 700 x 500 pixels: the height decides.
+  const QRect corner = View.CellRect({0, 0});
+  const QRect cell = View.CellRect({2, 2});
+  EXPECT_NEAR(corner.height(), 500 * 500 / 2300, 1);
+  EXPECT_NEAR(corner.width(), corner.height(), 1);
+  EXPECT_NEAR(cell.height(), 500 * 600 / 2300, 1);
+  EXPECT_NEAR(cell.width(), 500 * 1000 / 2300, 1);
+}
+
+TEST_F(BoardWithHeaders, HeadersAreNeverCurrentAndTakeNoClicks) {
+  EXPECT_EQ(Model.CurrentCell(), (CellIndex{1, 1}));
+  for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Left, Qt::Key_Home}) QTest::keyClick(&View, key);
+  QTest::mouseClick(&View, Qt::LeftButton, {}, View.CellRect({0, 2}).center());
+  QTest::mouseClick(&View, Qt::LeftButton, {}, View.CellRect({2, 0}).center());
+  EXPECT_EQ(Model.CurrentCell(), (CellIndex{1, 1}));
+  EXPECT_EQ(Clicks, 0);
+  EXPECT_THROW(Model.SetCurrentCell({0, 1}), std::out_of_range);
+  QTest::mouseClick(&View, Qt::LeftButton, {}, View.CellRect({3, 2}).center());
+  EXPECT_EQ(Clicks, 1);
+}
+
 // ---- As a screen reader meets it ----
 
 QAccessibleInterface* InterfaceOf(BoardView& view) { return QAccessible::queryAccessibleInterface(&view); }
@@ -114,7 +162,7 @@ TEST_F(Board, IsANamedGroupOfOneItemACellInRowMajorOrder) {
   EXPECT_EQ(board->role(), QAccessible::Grouping);
   EXPECT_EQ(board->text(QAccessible::Name), u"Tablero"_s);
   ASSERT_EQ(board->childCount(), 12);
-  Model.SetCell({1, 2}, u"X"_s, kDefaultColour);
+  Model.SetCell({1, 2}, {.Text = u"X"_s});
   QAccessibleInterface* cell = board->child(6);
   EXPECT_EQ(cell->role(), QAccessible::ListItem);
   EXPECT_EQ(cell->text(QAccessible::Name), u"cell 1,2"_s);
@@ -149,17 +197,19 @@ TEST_F(Board, TheCurrentCellHasTheFocusOfTheGroup) {
 
 TEST_F(Board, TheModelRefusesCellsOutsideTheBoard) {
   EXPECT_THROW(Model.SetCurrentCell({3, 0}), std::out_of_range);
-  EXPECT_THROW(Model.SetCell({0, 4}, u"x"_s, 0), std::out_of_range);
-  EXPECT_THROW(static_cast<void>(Model.Text({-1, 0})), std::out_of_range);
+  EXPECT_THROW(Model.SetCell({0, 4}, {}), std::out_of_range);
+  EXPECT_THROW(static_cast<void>(Model.Cell({-1, 0})), std::out_of_range);
 }
 
 TEST_F(Board, TheModelTellsOnlyRealChanges) {
   const QSignalSpy changed(&Model, &BoardModel::dataChanged);
-  Model.SetCell({0, 0}, u"X"_s, 1);
-  Model.SetCell({0, 0}, u"X"_s, 1);
+  const CellContent content{.Text = u"X"_s, .ForeColour = 1, .BackColour = 2};
+  Model.SetCell({0, 0}, content);
+  Model.SetCell({0, 0}, content);
   EXPECT_EQ(changed.count(), 1);
   EXPECT_EQ(Model.index(0, 0).data().toString(), u"X"_s);
   EXPECT_EQ(Model.index(0, 0).data(BoardModel::ForeColourRole).toInt(), 1);
+  EXPECT_EQ(Model.index(0, 0).data(BoardModel::BackColourRole).toInt(), 2);
   EXPECT_EQ(Model.index(0, 0).data(Qt::AccessibleTextRole).toString(), u"cell 0,0"_s);
 }
 

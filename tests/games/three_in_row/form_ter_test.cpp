@@ -24,8 +24,8 @@ const QString kOk = u"OK"_s;
 
 // A window as its owner keeps it: destroyed only once it has finished.
 struct OwnedWindow {
-  OwnedWindow(Role role, std::int32_t port) : Values{.ConnectionPort = port, .PlayerRole = role} {
-    Window = new FormTER(Values);
+  OwnedWindow(Role role, std::int32_t port)
+      : Values{.ConnectionPort = port, .PlayerRole = role}, Window(new FormTER(Values)) {
     QObject::connect(Window, &GameWindow::Finished, Window, [this](AfterWindow after) {
       Finished = after;
       Window->deleteLater();
@@ -53,7 +53,7 @@ struct OwnedWindow {
     Post([this, index] { QTest::mouseClick(FG1(), Qt::LeftButton, {}, FG1()->CellRect(index).center()); });
   }
   bool ComesToShow(int cell, const QString& symbol) {
-    return Eventually([&] { return FG1()->Model().Text({cell / kTerSide, cell % kTerSide}) == symbol; });
+    return Eventually([&] { return FG1()->Model().Cell({cell / kTerSide, cell % kTerSide}).Text == symbol; });
   }
   void Close() {
     Post([this] { Window->close(); });
@@ -168,7 +168,7 @@ TEST_F(FormTERPair, AnyKeyBringsTheFocusToTheBoardButDoesNotPlay) {
         status->setFocus();
         QTest::keyClick(status, key);
         EXPECT_TRUE(Server.FG1()->hasFocus()) << key;
-        EXPECT_EQ(Server.FG1()->Model().Text({0, 0}), u"*"_s);
+        EXPECT_EQ(Server.FG1()->Model().Cell({0, 0}).Text, u"*"_s);
         EXPECT_EQ(Server.FG1()->Model().CurrentCell(), (CellIndex{0, 0}));
       });
     }

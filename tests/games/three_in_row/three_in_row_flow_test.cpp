@@ -32,12 +32,12 @@ TEST_F(ThreeInRow, APlacementIsSentAndShownInBothCopies) {
   EXPECT_EQ(Pair.Server.Connection.Sent.last(), u"Jug|-1|4"_s);
   EXPECT_EQ(Pair.Server.Shown(), u"****X****"_s);
   EXPECT_EQ(Pair.Client.Shown(), u"****X****"_s);
-  EXPECT_EQ(Pair.Client.Flow.FG1().ForeColour({1, 1}), kRed);
+  EXPECT_EQ(Pair.Client.Flow.FG1().Cell({1, 1}).ForeColour, kRed);
   EXPECT_EQ(Pair.Server.Screen.Lines.last(), u"Turno de jugar para Luis           "_s);
   EXPECT_EQ(Pair.Client.Screen.Lines.last(), u" Turno de Luis para jugar."_s);
   EXPECT_EQ(Pair.Client.Screen.Status, u"Coloque una ficha en el tablero"_s);
   Pair.Play({0});
-  EXPECT_EQ(Pair.Server.Flow.FG1().ForeColour({0, 0}), kGreen);
+  EXPECT_EQ(Pair.Server.Flow.FG1().Cell({0, 0}).ForeColour, kGreen);
 }
 
 TEST_F(ThreeInRow, AClickOutOfTurnMovesNothing) {
@@ -83,13 +83,13 @@ TEST_F(Moving, LiftingIsNotSentAndPuttingBackIsNoMove) {
   Pair.Server.Click(5);
   EXPECT_EQ(Pair.Server.Screen.Status, u"Coloque la ficha quitada en un sitio diferente"_s);
   EXPECT_EQ(Pair.Server.Shown(), u"XXOO***O*"_s);
-  EXPECT_EQ(Pair.Server.Flow.FG1().ForeColour({1, 2}), kDefaultColour);
+  EXPECT_EQ(Pair.Server.Flow.FG1().Cell({1, 2}).ForeColour, kDefaultColour);
   Pair.Server.Click(0);
   EXPECT_EQ(Pair.Server.Screen.Status, u"Elija una casilla vacía para colocar su ficha"_s);
   Pair.Server.Click(5);
   EXPECT_EQ(Pair.Server.Screen.Status, u"El movimiento realizado no es válido, vuelva a quitar una ficha"_s);
   EXPECT_EQ(Pair.Server.Shown(), u"XXOO*X*O*"_s);
-  EXPECT_EQ(Pair.Server.Flow.FG1().ForeColour({1, 2}), kRed);
+  EXPECT_EQ(Pair.Server.Flow.FG1().Cell({1, 2}).ForeColour, kRed);
   EXPECT_EQ(Pair.Server.Connection.Sent, sent);
   EXPECT_EQ(Pair.Server.Flow.State().CurrentTurn, 0);
   Pair.Server.Click(4);
@@ -102,7 +102,7 @@ TEST_F(Moving, AMoveIsSentWithBothCells) {
   Pair.Settle();
   EXPECT_EQ(Pair.Server.Connection.Sent.last(), u"Jug|5|8"_s);
   EXPECT_EQ(Pair.Client.Shown(), u"XXOO***OX"_s);
-  EXPECT_EQ(Pair.Client.Flow.FG1().ForeColour({1, 2}), kDefaultColour);
+  EXPECT_EQ(Pair.Client.Flow.FG1().Cell({1, 2}).ForeColour, kDefaultColour);
   EXPECT_EQ(Pair.Client.Screen.Status, u"Mueva una ficha del tablero"_s);
   EXPECT_EQ(Pair.Client.Flow.State().CurrentTurn, 1);
 }
