@@ -8,6 +8,7 @@
 #include "app/configuration.h"
 #include "app/form1.h"
 #include "app/form2.h"
+#include "games/naval/form_bar.h"
 #include "games/three_in_row/form_ter.h"
 #include "ui/widget_dialogs.h"
 
@@ -18,10 +19,13 @@ using namespace Qt::StringLiterals;
 
 using GameMaker = GameWindow* (*)(ProcessValues&);
 
+template <typename Window>
+GameWindow* Make(ProcessValues& values) {
+  return new Window(values);
+}
+
 // In the order of kGameWindows; none where the game cannot be played yet.
-constexpr std::array<GameMaker, 5> kGameMakers{
-    [](ProcessValues& values) -> GameWindow* { return new FormTER(values); }, nullptr, nullptr, nullptr, nullptr,
-};
+constexpr std::array<GameMaker, 5> kGameMakers{Make<FormTER>, Make<FormBAR>, nullptr, nullptr, nullptr};
 
 }  // namespace
 

@@ -41,6 +41,7 @@ void ConnectionFlow::Load() {
     seams_.Values.RemoteAddress.clear();
     own_player_ = server ? 0 : 1;
     Screen().SetCaption(window_.Caption.toString());
+    LoadGame();
     Screen().ShowFrame(Frame::FrJuego, false);
     Screen().ShowFrame(Frame::FrServidor, server);
     Screen().ShowFrame(Frame::FrCliente, !server);
@@ -148,11 +149,15 @@ void ConnectionFlow::HandleRead() {
 
 bool ConnectionFlow::Send(const QString& text) {
   if (seams_.Connection.SendData(text)) return true;
+  TellFailedSend();
+  return false;
+}
+
+void ConnectionFlow::TellFailedSend() {
   if (failure_told_in_event_ != guard_.OutermostEvent()) {
     failure_told_in_event_ = guard_.OutermostEvent();
     ShowBox(u"No hay conexión con el otro jugador. No se le ha podido enviar su última acción."_s, u"Error"_s);
   }
-  return false;
 }
 
 bool ConnectionFlow::SendAndWait(const QString& text) {
@@ -160,6 +165,7 @@ bool ConnectionFlow::SendAndWait(const QString& text) {
   const Counted waiting(open_boxes_and_waits_);
   if (!Send(text)) return false;
   guard_.WaitUntil([this] { return send_complete_ || ConnectionLost(); });
+  if (!send_complete_ && !Ended()) TellFailedSend();
   return send_complete_ && !Ended();
 }
 

@@ -48,6 +48,8 @@ class ConnectionFlow : public QObject {
   void Finished(brontavia::AfterWindow after);
 
  protected:
+  // The window loads, its connection not yet.
+  virtual void LoadGame() {}
   // The connection stands, and the client has found its game code in the acceptance.
   virtual void StartSession() = 0;
   virtual void HandleMessage(const QString& text) = 0;
@@ -78,6 +80,7 @@ class ConnectionFlow : public QObject {
 
  private:
   void ConnectTo(const QString& host);
+  void TellFailedSend();
   void AnswerRequest(int request);
   void DataArrived();
   void HandleRead();

@@ -158,8 +158,13 @@ void GameFlow::StartNewGame() {
 }
 
 void GameFlow::EmptyTexts() {
-  Screen().ClearMessages();
-  Screen().SetStatus({});
+  Screen().SetText(Box::TBMensajes, {});
+  SetStatus({});
+}
+
+void GameFlow::SetStatus(const QString& text) {
+  status_ = text;
+  Screen().SetText(Box::TBEstado, text);
 }
 
 void GameFlow::AddPoint(int player) {

@@ -63,6 +63,9 @@ class GameFlow : public ConnectionFlow {
   void HandleMessage(const QString& text) override;
   void AddMessage(const QString& line) { Screen().AddMessage(line); }
   void EmptyTexts();  // TBMensajes and TBEstado
+  // TBEstado is replaced by `text`, or gains it at its end.
+  void SetStatus(const QString& text);
+  void AddToStatus(const QString& text) { SetStatus(status_ + text); }
   void AddPoint(int player);
   // The board was clicked after the end of a game.
   void AskForRematch();
@@ -86,6 +89,7 @@ class GameFlow : public ConnectionFlow {
   void StartNewGame();
 
   RandomDraw random_;
+  QString status_;  // what TBEstado shows
   std::unordered_map<const Message*, Handler> handlers_;
 };
 

@@ -45,7 +45,15 @@ inline constexpr Message kRematchNo{u"Seguir|No", 1, kRematchYes.Token};
 
 // "Jug|" + the move's fields, which each game has its own of. The player who has moved.
 // Three in a row: lifted cell (-1 while placing) + "|" + target cell, both 0..8 in decimal.
+// Naval battle, for every shot: column, row and "A" (water) or "I" (hit), one character each.
 inline constexpr Message kMove{u"Jug|", 5};
+
+// "Datos|" + everything that the player has placed. Either side, once it is complete; "Listo|" follows as a read of its
+// own. Naval battle: seven blocks of five characters, one a ship.
+inline constexpr Message kPlaced{u"Datos|", 7};
+
+// "Listo|". Either side, right after its "Datos|" has certainly arrived: it is ready.
+inline constexpr Message kReady{u"Listo|"};
 
 // "Haganado|", in three in a row followed by the winner's player number, which nobody reads. The winner, right after
 // the winning move: both normally arrive as one read.

@@ -11,6 +11,8 @@ using namespace message;
 
 constexpr std::array<const Message*, 7> kTerMessages{&kName,       &kTurnChoice, &kTurnDecided, &kWon,
                                                      &kRematchYes, &kRematchNo,  &kMove};
+constexpr std::array<const Message*, 9> kBarMessages{&kName,      &kTurnChoice, &kTurnDecided, &kWon, &kRematchYes,
+                                                     &kRematchNo, &kPlaced,     &kReady,       &kMove};
 constexpr std::array<const Message*, 6> kCommonMessages{&kName, &kTurnChoice, &kTurnDecided,
                                                         &kWon,  &kRematchYes, &kRematchNo};
 constexpr std::array<const Message*, 5> kAjeMessages{&kName, &kTurnChoice, &kTurnDecided, &kRematchYes, &kRematchNo};
@@ -87,7 +89,7 @@ constexpr WindowTraits kFormBAR{
     .Report = kPlacingGameReport,
     .NewGameOpening = u"Comenzará jugando ",
     .NewGameEnding = u". Coloque sus barcos.",
-    .Messages = kCommonMessages,
+    .Messages = kBarMessages,
 };
 
 constexpr WindowTraits kFormMES{

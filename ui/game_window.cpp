@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -21,12 +22,11 @@ constexpr int kBoardStretch = 5;
 constexpr int kTextStretch = 3;
 constexpr int kStatusLines = 3;
 
-// A visible caption above a text box. The box itself has its accessible name, so the caption is for the eye alone.
-void AddCaptioned(QBoxLayout& layout, TextBox& box, int stretch) {
-  auto* caption = new QLabel(box.accessibleName());
-  caption->setBuddy(&box);
+// A visible caption above a control. The control has its accessible name itself; the caption is for the eye.
+void AddCaption(QBoxLayout& layout, QWidget& control) {
+  auto* caption = new QLabel(control.accessibleName());
+  caption->setBuddy(&control);
   layout.addWidget(caption);
-  layout.addWidget(&box, stretch);
 }
 
 }  // namespace
@@ -101,16 +101,27 @@ QGroupBox* GameWindow::MakeClientFrame(const WindowTraits& window) {
 QGroupBox* GameWindow::MakeGameFrame() {
   auto* frame = new QGroupBox;
   frame->setObjectName(u"FrJuego"_s);
-  status_ = new TextBox(u"TBEstado"_s, u"Estado"_s);
-  status_->SetMinimumLines(kStatusLines);
-  messages_ = new TextBox(u"TBMensajes"_s, u"Mensajes"_s);
-  auto* texts = new QVBoxLayout;
-  AddCaptioned(*texts, *status_, 0);
-  AddCaptioned(*texts, *messages_, 1);
-  status_->setFixedHeight(status_->minimumHeight());
   game_layout_ = new QHBoxLayout(frame);
-  game_layout_->addLayout(texts, kTextStretch);
+  text_layout_ = new QVBoxLayout;
+  game_layout_->addLayout(text_layout_, kTextStretch);
+  TextBox* status = AddTextBox(Box::TBEstado, u"TBEstado"_s, u"Estado"_s, 0);
+  status->SetMinimumLines(kStatusLines);
+  status->setFixedHeight(status->minimumHeight());
+  AddTextBox(Box::TBMensajes, u"TBMensajes"_s, u"Mensajes"_s, 1);
   return frame;
+}
+
+TextBox* GameWindow::AddTextBox(Box box, const QString& name, const QString& accessible_name, int stretch) {
+  auto* text_box = new TextBox(name, accessible_name);
+  boxes_[box] = text_box;
+  AddCaption(*text_layout_, *text_box);
+  text_layout_->addWidget(text_box, stretch);
+  return text_box;
+}
+
+void GameWindow::AddBoard(BoardView& board, int stretch) {
+  AddCaption(*text_layout_, board);
+  text_layout_->addWidget(&board, stretch);
 }
 
 // ---- What the flow shows ----
@@ -135,18 +146,20 @@ void GameWindow::ShowFrame(Frame frame, bool visible) {
   if (visible && frame == Frame::FrJuego) board_->setFocus();
 }
 
-void GameWindow::SetStatus(const QString& text) {
-  status_->SetText(text);
-  announcer_->Announce(text);
+void GameWindow::SetText(Box box, const QString& text) {
+  boxes_.at(box)->SetText(text);
+  if (box != Box::TBBarcos) announcer_->Announce(text);
 }
 
 void GameWindow::AddMessage(const QString& line) {
-  messages_->AddLine(line);
+  boxes_.at(Box::TBMensajes)->AddLine(line);
   announcer_->Announce(line);
 }
 
-void GameWindow::ClearMessages() { messages_->SetText({}); }
-
 void GameWindow::Beep() { QApplication::beep(); }
+
+void GameWindow::PlaySound(Player player, const QString& file) {
+  sounds_[player].Play(QDir(QApplication::applicationDirPath()).filePath(file));
+}
 
 }  // namespace brontavia

@@ -3,10 +3,12 @@
 #pragma once
 
 #include <QWidget>
+#include <map>
 
 #include "net/connection_flow.h"
 #include "net/tcp_connection.h"
 #include "ui/screen.h"
+#include "ui/sound_player.h"
 #include "ui/widget_dialogs.h"
 
 class QBoxLayout;
@@ -38,15 +40,19 @@ class GameWindow : public QWidget, protected Screen {
   // For the constructor of a game, once its flow and board exist. Both are members of the game.
   void Attach(ConnectionFlow& flow, BoardView& board);
 
+  // For the constructor of a game with more than the common controls: below the status and the messages.
+  TextBox* AddTextBox(Box box, const QString& name, const QString& accessible_name, int stretch);
+  void AddBoard(BoardView& board, int stretch);
+
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void SetCaption(const QString& caption) override;
   void ShowFrame(Frame frame, bool visible) override;
-  void SetStatus(const QString& text) override;
+  void SetText(Box box, const QString& text) override;
   void AddMessage(const QString& line) override;
-  void ClearMessages() override;
   void Beep() override;
+  void PlaySound(Player player, const QString& file) override;
 
   static QGroupBox* MakeServerFrame();
   static QGroupBox* MakeClientFrame(const WindowTraits& window);
@@ -58,8 +64,9 @@ class GameWindow : public QWidget, protected Screen {
   BoardView* board_ = nullptr;
   // Made with the game frame.
   QBoxLayout* game_layout_ = nullptr;
-  TextBox* status_ = nullptr;
-  TextBox* messages_ = nullptr;
+  QBoxLayout* text_layout_ = nullptr;
+  std::map<Box, TextBox*> boxes_;
+  std::map<Player, SoundPlayer> sounds_;
   QGroupBox* server_frame_;
   QGroupBox* client_frame_;
   QGroupBox* game_frame_;

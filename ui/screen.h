@@ -6,6 +6,8 @@
 namespace brontavia {
 
 enum class Frame { FrServidor, FrCliente, FrJuego };
+enum class Box { TBEstado, TBMensajes, TBBarcos };
+enum class Player { Mp1, MP2 };
 
 class Screen {
  public:
@@ -19,14 +21,16 @@ class Screen {
   // A hidden frame is disabled as well.
   virtual void ShowFrame(Frame frame, bool visible) = 0;
 
-  // TBEstado: one text, replaced as a whole.
-  virtual void SetStatus(const QString& text) = 0;
+  // Replaces the whole text of a box that the window has.
+  virtual void SetText(Box box, const QString& text) = 0;
 
   // TBMensajes: appends a line break and `line`, and selects the line so that the box scrolls to it.
   virtual void AddMessage(const QString& line) = 0;
-  virtual void ClearMessages() = 0;
 
   virtual void Beep() = 0;
+
+  // Plays a file that lies beside the executable, in place of what `player` is playing. What cannot be played is silent.
+  virtual void PlaySound(Player player, const QString& file) = 0;
 };
 
 }  // namespace brontavia

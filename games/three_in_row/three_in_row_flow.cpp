@@ -26,12 +26,15 @@ ThreeInRowFlow::ThreeInRowFlow(const Seams& seams, unsigned seed)
       }) {
   On(message::kMove, [this](const QString& payload) { MoveReceived(payload); });
   On(message::kWon, [this](const QString&) { Lost(); });
+}
+
+void ThreeInRowFlow::ShowBoard() {
   for (int cell = 0; cell < kTerCells; ++cell) ShowCell(cell);
 }
 
 void ThreeInRowFlow::ResetBoard() {
   board_.Reset();
-  for (int cell = 0; cell < kTerCells; ++cell) ShowCell(cell);
+  ShowBoard();
   session_.GameOver = false;
   session_.RematchWanted = {};
   session_.CurrentTurn = session_.StartingPlayer = 1 - session_.StartingPlayer;
@@ -39,7 +42,7 @@ void ThreeInRowFlow::ResetBoard() {
 
 void ThreeInRowFlow::ResetForSession() {
   ResetBoard();
-  Screen().SetStatus({});  // the messages stay: they tell that the connection stands
+  SetStatus({});  // the messages stay: they tell that the connection stands
 }
 
 void ThreeInRowFlow::ResetForNewGame() {
@@ -54,7 +57,7 @@ void ThreeInRowFlow::BoardClicked(CellIndex cell) {
     if (session_.GameOver) {
       AskForRematch();
     } else if (!session_.TurnSettled || session_.CurrentTurn != OwnPlayer()) {
-      Screen().SetStatus(u"No es su turno de jugar."_s);
+      SetStatus(u"No es su turno de jugar."_s);
     } else {
       OwnClick(CellOf(cell));
     }
@@ -66,16 +69,16 @@ void ThreeInRowFlow::OwnClick(int cell) {
   ShowCell(cell);
   switch (outcome) {
     case TerClick::NotEmpty:
-      Screen().SetStatus(u"Elija una casilla vacía para colocar su ficha"_s);
+      SetStatus(u"Elija una casilla vacía para colocar su ficha"_s);
       return;
     case TerClick::NotOwnPiece:
-      Screen().SetStatus(u"Pulse sobre una de sus propias fichas para moverla *"_s);
+      SetStatus(u"Pulse sobre una de sus propias fichas para moverla *"_s);
       return;
     case TerClick::Lifted:
-      Screen().SetStatus(u"Coloque la ficha quitada en un sitio diferente"_s);
+      SetStatus(u"Coloque la ficha quitada en un sitio diferente"_s);
       return;
     case TerClick::PutBack:
-      Screen().SetStatus(u"El movimiento realizado no es válido, vuelva a quitar una ficha"_s);
+      SetStatus(u"El movimiento realizado no es válido, vuelva a quitar una ficha"_s);
       return;
     case TerClick::Moved:
       FinishOwnMove();
@@ -116,9 +119,9 @@ void ThreeInRowFlow::MoveReceived(const QString& payload) {
   session_.CurrentTurn = 1 - session_.CurrentTurn;
   const QString name = session_.PlayerNames.Trimmed(session_.CurrentTurn);
   AddMessage(u" Turno de "_s + name + u" para jugar.");
-  Screen().SetStatus(name + u", le toca jugar");
+  SetStatus(name + u", le toca jugar");
   board_.BeginMove(OwnPlayer());
-  Screen().SetStatus(board_.PlacingPhase() ? u"Coloque una ficha en el tablero"_s : u"Mueva una ficha del tablero"_s);
+  SetStatus(board_.PlacingPhase() ? u"Coloque una ficha en el tablero"_s : u"Mueva una ficha del tablero"_s);
 }
 
 void ThreeInRowFlow::Lost() {
@@ -130,7 +133,7 @@ void ThreeInRowFlow::Lost() {
           u"Ha perdido"_s);
   AddPoint(session_.CurrentTurn);
   session_.GameOver = true;
-  Screen().ClearMessages();
+  Screen().SetText(Box::TBMensajes, {});
 }
 
 void ThreeInRowFlow::ShowCell(int cell) {

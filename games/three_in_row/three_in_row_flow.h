@@ -21,11 +21,13 @@ class ThreeInRowFlow : public GameFlow {
   [[nodiscard]] const ThreeInRowBoard& Board() const { return board_; }
 
  protected:
+  void LoadGame() override { ShowBoard(); }
   void ResetForSession() override;
   void ResetForNewGame() override;
 
  private:
   void ResetBoard();
+  void ShowBoard();
   void OwnClick(int cell);
   void FinishOwnMove();
   void MoveReceived(const QString& payload);

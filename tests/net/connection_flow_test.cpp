@@ -295,6 +295,7 @@ TEST(ConnectionFlow, AWaitEndsWhenTheLineBreaksOrTheWindowCloses) {
     pair.Connect();
     pair.Server.Connection.HoldSendComplete = true;
     if (closes) pair.Server.Dialogs.Expect(box::kCloseTitle, box::kClose, Button::Yes);
+    if (!closes) pair.Server.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
     Post([&] { closes ? pair.Server.Flow.CloseRequested() : pair.Server.Connection.Break(); });
     pair.Server.Flow.RunUserAction([&] { EXPECT_FALSE(pair.Server.Flow.SendAndWait(u"x"_s)); });
     EXPECT_EQ(pair.Server.Finished.has_value(), closes);

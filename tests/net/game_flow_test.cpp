@@ -315,7 +315,7 @@ TEST_F(Rematch, BothYesStartANewGameWithTheScoreAndTheOtherStarter) {
 }
 
 TEST_F(Rematch, AskingEmptiesTheTextsFirst) {
-  Pair.Server.Screen.SetStatus(u"old"_s);
+  Pair.Server.Screen.SetText(Box::TBEstado, u"old"_s);
   Pair.Server.Dialogs.Expect(box::kRematchTitle, box::kRematch, Button::Yes, [&] {
     EXPECT_EQ(Pair.Server.Screen.Status, QString());
     EXPECT_EQ(Pair.Server.Screen.Messages, QString());

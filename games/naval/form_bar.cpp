@@ -1,0 +1,75 @@
+#include "games/naval/form_bar.h"
+
+#include <QFontDatabase>
+#include <algorithm>
+
+#include "ui/text_box.h"
+
+namespace brontavia {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kShipLines = 9;  // title, headings and seven ships
+constexpr int kSmallestText = 7;
+constexpr int kLargestText = 20;
+constexpr qreal kTextInset = 2;
+
+// Black or white, whichever stands out more against `background`.
+QColor ReadableOn(const QColor& background) { return qGray(background.rgb()) < 128 ? Qt::white : Qt::black; }
+
+QColor BackgroundOf(const CellLook& look) {
+  if (look.Current) return look.Palette.color(QPalette::Highlight);
+  if (look.BackColour.isValid()) return look.BackColour;
+  return look.Palette.color(look.Header ? QPalette::Button : QPalette::Base);
+}
+
+QColor TextColourOf(const CellLook& look) {
+  if (look.Current) return look.Palette.color(QPalette::HighlightedText);
+  if (look.BackColour.isValid()) return ReadableOn(look.BackColour);
+  return look.Palette.color(look.Header ? QPalette::ButtonText : QPalette::Text);
+}
+
+}  // namespace
+
+void NavalPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& look) const {
+  painter.fillRect(area, BackgroundOf(look));
+  if (look.Current && look.BackColour.isValid()) {
+    // The current cell shows the highlight colours; a rim keeps telling what was fired at it.
+    painter.setPen(QPen(look.BackColour, area.width() / 8));
+    painter.setBrush(Qt::NoBrush);
+    const qreal half = area.width() / 16;
+    painter.drawRect(area.adjusted(half, half, -half, -half));
+  }
+  if (look.Text.isEmpty()) return;
+  QFont font = painter.font();
+  font.setPixelSize(
+      std::clamp(static_cast<int>(area.height() * (look.Text.size() > 2 ? 0.3 : 0.5)), kSmallestText, kLargestText));
+  painter.setFont(font);
+  painter.setPen(TextColourOf(look));
+  const QRectF room = area.adjusted(kTextInset, 0, -kTextInset, 0);
+  const QString shown = QFontMetrics(font).elidedText(look.Text, Qt::ElideRight, static_cast<int>(room.width()));
+  painter.drawText(room, (look.Header ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter, shown);
+}
+
+FormBAR::FormBAR(ProcessValues& values)
+    : GameWindow(kFormBAR),
+      flow_(MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
+      board_(std::make_unique<BoardView>(flow_.FG1(), painter_)),
+      own_fleet_(std::make_unique<BoardView>(flow_.FG2(), painter_)) {
+  board_->setObjectName(u"FG1"_s);
+  board_->setAccessibleName(u"Tablero"_s);
+  own_fleet_->setObjectName(u"FG2"_s);
+  own_fleet_->setAccessibleName(u"Flota propia"_s);
+  TextBox* ships = AddTextBox(Box::TBBarcos, u"TBBarcos"_s, u"Barcos"_s, 0);
+  ships->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  ships->SetMinimumLines(kShipLines);
+  ships->setFixedHeight(ships->minimumHeight());
+  ships->setLineWrapMode(QPlainTextEdit::NoWrap);
+  AddBoard(*own_fleet_, 2);
+  connect(board_.get(), &BoardView::CellClicked, &flow_, &NavalFlow::BoardClicked);
+  connect(board_.get(), &BoardView::KeyPressed, &flow_, &NavalFlow::BoardKeyPressed);
+  Attach(flow_, *board_);
+}
+
+}  // namespace brontavia

@@ -1,0 +1,31 @@
+// The window of the naval battle.
+#pragma once
+
+#include <memory>
+
+#include "games/naval/naval_flow.h"
+#include "ui/board_view.h"
+#include "ui/game_window.h"
+
+namespace brontavia {
+
+class NavalPainter : public CellPainter {
+ public:
+  void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const override;
+};
+
+class FormBAR : public GameWindow {
+  Q_OBJECT
+
+ public:
+  explicit FormBAR(ProcessValues& values);
+
+ private:
+  NavalFlow flow_;
+  NavalPainter painter_;
+  // They show the flow's grids, so they go first.
+  std::unique_ptr<BoardView> board_;
+  std::unique_ptr<BoardView> own_fleet_;
+};
+
+}  // namespace brontavia

@@ -1,0 +1,426 @@
+#include "games/naval/naval_flow.h"
+
+#include "text/qt_text.h"
+
+namespace brontavia {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr ColourValue kWaterColour = 0xFF0000;  // blue
+constexpr ColourValue kHitColour = 0x0000FF;    // red
+
+// Header row and column with eleven equal cells: 5800 / 12 twips in the large grid, 2900 / 12 in the small one.
+constexpr BoardShape GridShape(int cell) {
+  return {.Rows = kSeaSide + 1,
+          .Columns = kSeaSide + 1,
+          .HeaderCells = 1,
+          .CellWidth = cell,
+          .CellHeight = cell,
+          .HeaderSize = cell};
+}
+constexpr int kLargeCell = 5800 / 12;
+constexpr int kSmallCell = 2900 / 12;
+
+CellIndex IndexOf(Coordinate cell) { return {.Row = cell.Row, .Column = cell.Column}; }
+
+Coordinate CellOf(CellIndex index) { return {.Column = index.Column, .Row = index.Row}; }
+
+QChar ColumnLetter(int column) { return QChar(u'A' + column - 1); }
+
+QString CellName(Coordinate cell) { return ColumnLetter(cell.Column) + QString::number(cell.Row); }
+
+QString HeaderText(CellIndex cell) {
+  if (cell.Row == 0 && cell.Column == 0) return {};
+  return cell.Row == 0 ? QString(ColumnLetter(cell.Column)) : QString::number(cell.Row);
+}
+
+QString ToQString(std::u16string_view text) { return QStringView(text).toString(); }
+
+QChar StateLetter(ShipState state) {
+  switch (state) {
+    case ShipState::Intacto:
+      return u'I';
+    case ShipState::Tocado:
+      return u'T';
+    case ShipState::Hundido:
+      return u'H';
+  }
+  return u'I';
+}
+
+void ShowHeaders(BoardModel& grid) {
+  for (int i = 1; i <= kSeaSide; ++i) {
+    for (const CellIndex cell : {CellIndex{.Row = 0, .Column = i}, CellIndex{.Row = i, .Column = 0}}) {
+      grid.SetCell(cell, {.Text = HeaderText(cell)});
+    }
+  }
+}
+
+void SetText(BoardModel& grid, Coordinate cell, const QString& text) {
+  CellContent content = grid.Cell(IndexOf(cell));
+  content.Text = text;
+  grid.SetCell(IndexOf(cell), content);
+}
+
+}  // namespace
+
+NavalFlow::NavalFlow(const Seams& seams, unsigned seed)
+    : GameFlow(kFormBAR, seams, seed),
+      fg1_(GridShape(kLargeCell), [this](CellIndex cell) { return DescribeCell(cell); }),
+      fg2_(GridShape(kSmallCell), [this](CellIndex cell) { return DescribeOwnCell(cell); }) {
+  On(message::kPlaced, [this](const QString& data) { FleetReceived(data); });
+  On(message::kReady, [this](const QString&) { OpponentReady(); });
+  On(message::kMove, [this](const QString& payload) { ShotReceived(payload); });
+  On(message::kWon, [this](const QString&) { Lost(); });
+  connect(&fg1_, &BoardModel::CurrentCellChanged, this, [this](CellIndex /*previous*/, CellIndex current) {
+    RunUserAction([this, current] { SetStatus(DescribeCell(current)); });
+  });
+}
+
+void NavalFlow::LoadGame() {
+  ShowHeaders(fg1_);
+  ShowHeaders(fg2_);
+  InitFleet();
+}
+
+void NavalFlow::InitFleet() {
+  board_.InitFleet();
+  placement_mode_ = true;
+  ListShipsToPlace();
+  for (BoardModel* grid : {&fg1_, &fg2_}) {
+    for (const Coordinate cell : CellsBetween({1, 1}, {kSeaSide, kSeaSide})) grid->SetCell(IndexOf(cell), {});
+  }
+  fg1_.SetCurrentCell({.Row = 1, .Column = 1});
+  session_.GameOver = false;
+  ready_flags_ = {};
+  session_.RematchWanted = {};
+}
+
+void NavalFlow::FirstTurnSettled() { ShowBox(u"Coloque sus barcos"_s, {}); }
+
+// ---- What the user does ----
+
+void NavalFlow::BoardClicked(CellIndex cell) {
+  RunUserAction([this, cell] {
+    if (session_.GameOver) {
+      AskForRematch();
+    } else if (placement_mode_) {
+      ClickToPlace(CellOf(cell));
+    } else if (!session_.TurnSettled || session_.CurrentTurn != OwnPlayer()) {
+      SetStatus(u"No es su turno de jugar."_s);
+    } else {
+      FireShot(CellOf(cell));
+    }
+  });
+}
+
+void NavalFlow::BoardKeyPressed(int key) {
+  RunUserAction([this, key] {
+    if (!placement_mode_) return;
+    if (key == Qt::Key_Escape) {
+      SetStatus(u"Posición inicial borrada"_s);
+      board_.ErasePendingStart();
+    }
+    if (key == Qt::Key_T) ConfirmWithKey();
+  });
+}
+
+// ---- Placing ----
+
+void NavalFlow::ClickToPlace(Coordinate cell) {
+  const Coordinate start = board_.PendingStart();
+  const PlacementOutcome outcome = board_.ClickToPlace(cell);
+  switch (outcome.Step) {
+    case PlacementStep::OnShip:
+      if (ShowBox(u"¿Desea quitar ese barco?"_s, u"Batalla naval"_s, Buttons::YesNo) == Button::Yes && !Ended()) {
+        RemoveShip(outcome.Ship);
+      }
+      return;
+    case PlacementStep::OnMargin:
+      SetStatus(u"Esa posición no está libre"_s);
+      return;
+    case PlacementStep::StartFixed:
+      SetStatus(u"posición inicial fijada"_s);
+      return;
+    case PlacementStep::StartErased:
+      SetStatus(u"Posición inicial eliminada."_s);
+      return;
+    case PlacementStep::Diagonal:
+      ShowBox(u"No se pueden colocar los barcos en diagonal. La posición de inicio del barco es "_s +
+                  ColumnLetter(start.Column) + u", " + QString::number(start.Row),
+              {});
+      return;
+    case PlacementStep::TooLong:
+      ShowBox(u"No existen barcos de más de 5 casillas de largo"_s, {});
+      return;
+    case PlacementStep::Blocked:
+      ShowBox(u"Alguna de las casillas necesarias para colocar el barco no está libre."_s, {});
+      return;
+    case PlacementStep::NoSuchShip:
+      AddMessage(u"No quedan barcos de ese tamaño por colocar"_s);
+      return;
+    case PlacementStep::Placed:
+      ShipPlaced(outcome);
+      return;
+  }
+}
+
+void NavalFlow::ShipPlaced(const PlacementOutcome& outcome) {
+  for (const Coordinate cell : outcome.ShipCells) SetText(fg1_, cell, Name(outcome.Ship));
+  for (const Coordinate cell : outcome.MarginCells) SetText(fg1_, cell, u"Agua"_s);
+  ListShipsToPlace();
+  SetStatus(u"Colocado "_s + Name(outcome.Ship) + u", quedan " + QString::number(board_.ShipsToPlace()) +
+            u" barcos por colocar.");
+  if (board_.ShipsToPlace() >= 1) return;
+  const Button done = ShowBox(u"¿Ha terminado de colocar los barcos?"_s, u"Batalla naval"_s, Buttons::YesNo);
+  if (Ended()) return;
+  if (done == Button::No) {
+    AddMessage(u"Haga  modificaciones en las posiciones de sus barcos o pulse t cuando haya terminado"_s);
+  } else if (receiving_fleet_) {
+    ShowBox(
+        u"Espere un momento, está recibiendo la posición de los barcos enemigos, pulse t cuando desee volver a "
+        u"intentar enviar los barcos"_s,
+        {});
+  } else {
+    SendFleet();
+  }
+}
+
+void NavalFlow::RemoveShip(int number) {
+  for (const Coordinate cell : board_.RemoveShip(number)) SetText(fg1_, cell, {});
+  SetStatus(u"Eliminado "_s + Name(number) + u", quedan " + QString::number(board_.ShipsToPlace()) +
+            u" barcos por colocar.");
+}
+
+void NavalFlow::ConfirmWithKey() {
+  if (board_.ShipsToPlace() > 0) {
+    AddMessage(u"Aún faltan barcos por colocar "_s);
+  } else if (receiving_fleet_) {
+    ShowBox(
+        u"Espere un momento, está recibiendo la posición de los barcos enemigos, pulse t cuando desee volver a "
+        u"intentar enviar los barcos."_s,
+        {});
+  } else {
+    SendFleet();
+  }
+}
+
+void NavalFlow::ListShipsToPlace() {
+  QString list = u"Faltan por colocar:"_s + kCrLf;
+  for (int number = 1; number <= kShipsPerFleet; ++number) {
+    if (board_.Taken(number)) continue;
+    const ShipRecord& ship = board_.Ship(number);
+    list += ToQString(ship.Name) + u" (" + QString::number(ship.Length) + u" Casillas)" + kCrLf;
+  }
+  Screen().SetText(Box::TBBarcos, list);
+}
+
+// ---- Exchange of the fleets ----
+
+void NavalFlow::SendFleet() {
+  Screen().SetText(Box::TBMensajes, u"Enviando barcos: "_s);
+  if (!SendAndWait(message::kPlaced.Token + QString::fromStdU16String(FleetText(board_.Fleet())))) return;
+  Screen().SetText(Box::TBMensajes, u"barcos enviados "_s);
+  EmptyGrid(fg1_);
+  ShowOwnFleet();
+  Send(message::kReady.Token.toString());
+  if (Ended()) return;
+  ready_flags_.at(static_cast<std::size_t>(OwnPlayer())) = true;
+  if (BothReady()) {
+    BeginFiring();
+  } else {
+    waiting_for_opponent_ = true;
+    ShowBox(u"Espere a que el otro jugador termine de colocar sus barcos "_s, {});
+  }
+  placement_mode_ = false;
+}
+
+void NavalFlow::BeginFiring() {
+  waiting_for_opponent_ = false;
+  EmptyTexts();
+  ShowBox(u"Ambos jugadores están listos para empezar a disparar, "_s +
+              (session_.CurrentTurn == OwnPlayer() ? u" es su turno."_s : u" le toca al otro jugador."_s),
+          {});
+  if (!Ended()) ShowFleetStatus();
+}
+
+void NavalFlow::OpponentReady() {
+  ready_flags_.at(static_cast<std::size_t>(OtherPlayer())) = true;
+  if (BothReady()) {
+    BeginFiring();
+  } else {
+    AddMessage(u"El otro jugador ha terminado de colocar sus barcos y está esperando."_s);
+  }
+}
+
+void NavalFlow::FleetReceived(const QString& data) {
+  receiving_fleet_ = true;
+  const FleetReading reading = ReadFleet(Characters(data));
+  if (reading.BadBlock) {
+    ShowBox(u"Error. Datos actuales: "_s + data + u" numbarco = " + QString::number(*reading.BadBlock) +
+                u" recibidos: False, colocando = False, Limpiando = False Contadores: " +
+                QString::number(*reading.BadBlock) + u"; 0; 0; 0. Coor: " + QString::number(reading.BadCell.Column) +
+                u", " + QString::number(reading.BadCell.Row),
+            {});
+    return;
+  }
+  board_.TakeEnemyFleet(reading.Ships);
+  EmptyGrid(fg1_);
+  EmptyGrid(fg2_);
+  ShowOwnFleet();
+  receiving_fleet_ = false;
+}
+
+// ---- Firing ----
+
+void NavalFlow::FireShot(Coordinate cell) {
+  if (!BothReady() && waiting_for_opponent_) {
+    ShowBox(u"Por favor, Espere a que el otro jugador coloque sus barcos"_s, {});
+    return;
+  }
+  const ShotOutcome outcome = board_.Fire(cell);
+  const bool water = outcome.Step == ShotStep::Water;
+  fg1_.SetCell(IndexOf(cell),
+               {.Text = water ? u"Agua"_s : u"impacto"_s, .BackColour = water ? kWaterColour : kHitColour});
+  for (const Coordinate revealed : outcome.Revealed) {
+    fg1_.SetCell(IndexOf(revealed), {.Text = u"Agua"_s, .BackColour = kWaterColour});
+  }
+  if (water) {
+    SetStatus(u"¡Agua!"_s);
+    PlaySound(Sound::Water);
+    session_.CurrentTurn = 1 - session_.CurrentTurn;
+    AddToStatus(session_.CurrentTurn == OwnPlayer() ? u" es su turno."_s : u" le toca disparar al otro jugador."_s);
+  }
+  Send(message::kMove.Token + QString::fromStdU16String(ShotText({.Cell = cell, .Water = water})));
+  if (!Ended() && !water && outcome.Step != ShotStep::HitBefore) ShipHit(outcome);
+}
+
+void NavalFlow::ShipHit(const ShotOutcome& outcome) {
+  if (outcome.Step == ShotStep::Hit) {
+    SetStatus(u"¡Impacto!, Barco tocado. Siga disparando."_s);
+    return;
+  }
+  SetStatus(u"¡Impacto!, Barco hundido."_s);
+  ShowFleetStatus();
+  if (board_.EnemyShipsAfloat() > 0) {
+    AddToStatus(u" Siga disparando."_s);
+  } else {
+    Win();
+  }
+}
+
+void NavalFlow::Win() {
+  Send(message::kWon.Token.toString());
+  if (Ended()) return;
+  ShowBox(u"¡Enhorabuena, ha conseguido destruir todos los barcos enemigos!"_s, u"Ha ganado"_s);
+  if (Ended()) return;
+  AddMessage(u"Haga click en el tablero para continuar"_s);
+  session_.GameOver = true;
+  AddPoint(OwnPlayer());
+}
+
+void NavalFlow::ShotReceived(const QString& payload) {
+  if (session_.GameOver) return;
+  const auto shot = ReadShot(Characters(payload));
+  if (!shot) throw MalformedMessage("no shot at this sea");
+  QString line = u"Disparo enemigo  en "_s + CellName(shot->Cell);
+  if (shot->Water) {
+    line += u": Agua.";
+    PlaySound(Sound::Water);
+    session_.CurrentTurn = 1 - session_.CurrentTurn;
+    if (session_.CurrentTurn == OwnPlayer()) line += u" Le toca disparar.";
+  } else {
+    line += HitReport(board_.TakeHit(shot->Cell));
+    fg2_.SetCell(IndexOf(shot->Cell), {.Text = u"*"_s, .BackColour = kHitColour});
+    ShowFleetStatus();
+  }
+  SetStatus({});
+  AddMessage(line);
+}
+
+QString NavalFlow::HitReport(const ShotOutcome& outcome) {
+  QString report = u": Impacto en un "_s + Name(outcome.Ship);
+  PlaySound(Sound::Hit);
+  if (outcome.Step == ShotStep::Sunk) {
+    report += u", barco hundido.";
+    PlaySound(Sound::Sunk);
+  }
+  if (outcome.Step == ShotStep::Hit) report += u", barco tocado.";
+  return report;
+}
+
+void NavalFlow::Lost() {
+  EmptyTexts();
+  ShowBox(session_.PlayerNames.Trimmed(session_.CurrentTurn) + u" ha destruído todos sus barcos." + kCrLf +
+              u"Pulse sobre el tablero para continuar.",
+          u"Ha perdido"_s);
+  AddPoint(OtherPlayer());
+  session_.GameOver = true;
+  Screen().SetText(Box::TBMensajes, {});
+}
+
+void NavalFlow::ShowFleetStatus() {
+  QString table = u"Estado de los barcos"_s + kCrLf + u"Barcos propios | Barcos enemigos " + kCrLf;
+  for (int number = 1; number <= kShipsPerFleet; ++number) {
+    const ShipRecord& own = board_.Ship(number);
+    const ShipRecord& enemy = board_.Ship(number + kEnemyOffset);
+    table += ToQString(own.Name) + StateLetter(own.State) + u" |" + ToQString(enemy.Name) +
+             (enemy.State == ShipState::Hundido ? u'H' : u'?') + kCrLf;
+  }
+  Screen().SetText(Box::TBBarcos, table);
+}
+
+// ---- What the grids show ----
+
+void NavalFlow::ShowOwnFleet() {
+  for (int number = 1; number <= kShipsPerFleet; ++number) {
+    const ShipRecord& ship = board_.Ship(number);
+    // A ship that has not been placed lies on (0, 0), the corner of the headers.
+    for (const Coordinate cell : CellsBetween(ship.Start, ship.End)) SetText(fg2_, cell, Name(number).first(1));
+  }
+}
+
+void NavalFlow::EmptyGrid(BoardModel& grid) {
+  for (const Coordinate cell : CellsBetween({1, 1}, {kSeaSide, kSeaSide})) SetText(grid, cell, {});
+}
+
+QString NavalFlow::DescribeCell(CellIndex cell) const {
+  if (fg1_.IsHeader(cell)) return HeaderText(cell);
+  const Coordinate place = CellOf(cell);
+  const int code = placement_mode_ ? board_.OwnBoard(place) : board_.ShotBoard(place);
+  QString description = CellName(place) + u' ';
+  if (code == kWaterMargin) return description + u"Agua";
+  if (code == kShotHit) return description + u"Impacto";
+  return code == 0 ? description : description + Name(code);
+}
+
+QString NavalFlow::DescribeOwnCell(CellIndex cell) const {
+  if (fg2_.IsHeader(cell)) return fg2_.Cell(cell).Text;
+  const Coordinate place = CellOf(cell);
+  const int code = board_.OwnBoard(place);
+  QString description = CellName(place) + u' ';
+  if (code >= 1 && code <= kShipsPerFleet) description += Name(code);
+  if (fg2_.Cell(cell).BackColour == kHitColour) description += u" Impacto";
+  return description;
+}
+
+void NavalFlow::PlaySound(Sound sound) {
+  switch (sound) {
+    case Sound::Water:
+      Screen().PlaySound(Player::Mp1, u"Agua.wav"_s);
+      return;
+    case Sound::Hit:
+      Screen().PlaySound(Player::Mp1, u"Impacto.wav"_s);
+      return;
+    case Sound::Sunk:
+      // The other player, so that the hit of the same shot is not cut off.
+      Screen().PlaySound(Player::MP2, u"Hundido.wav"_s);
+      return;
+  }
+}
+
+QString NavalFlow::Name(int ship) const { return ToQString(TrimmedName(board_.Ship(ship))); }
+
+}  // namespace brontavia

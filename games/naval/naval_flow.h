@@ -1,0 +1,90 @@
+// A session of naval battle: turns the outcomes of NavalBoard into texts, messages, sounds and what FG1 and FG2 show.
+// FG1 is the own sea while placing and the opponent's from then on; FG2 is the own fleet under fire.
+#pragma once
+
+#include <array>
+
+#include "games/naval/naval_board.h"
+#include "net/game_flow.h"
+#include "ui/board_model.h"
+
+namespace brontavia {
+
+class NavalFlow : public GameFlow {
+  Q_OBJECT
+
+ public:
+  NavalFlow(const Seams& seams, unsigned seed);
+
+  // ---- Entries ----
+
+  // The user clicked `cell` of FG1, or pressed Enter or the space bar on it.
+  void BoardClicked(CellIndex cell);
+  // The user pressed another key (Qt::Key) on FG1: Esc and T mean something while placing.
+  void BoardKeyPressed(int key);
+
+  [[nodiscard]] BoardModel& FG1() { return fg1_; }
+  [[nodiscard]] const BoardModel& FG1() const { return fg1_; }
+  [[nodiscard]] BoardModel& FG2() { return fg2_; }
+  [[nodiscard]] const BoardModel& FG2() const { return fg2_; }
+  [[nodiscard]] const NavalBoard& Board() const { return board_; }
+  [[nodiscard]] bool PlacementMode() const { return placement_mode_; }
+  [[nodiscard]] bool ReceivingFleet() const { return receiving_fleet_; }
+  [[nodiscard]] bool WaitingForOpponent() const { return waiting_for_opponent_; }
+  [[nodiscard]] const std::array<bool, 2>& ReadyFlags() const { return ready_flags_; }
+
+ protected:
+  void LoadGame() override;
+  void ResetForSession() override { InitFleet(); }
+  void ResetForNewGame() override { InitFleet(); }
+  void FirstTurnSettled() override;
+
+ private:
+  enum class Sound { Water, Hit, Sunk };
+
+  void InitFleet();
+
+  // ---- Placing ----
+  void ClickToPlace(Coordinate cell);
+  void ShipPlaced(const PlacementOutcome& outcome);
+  void RemoveShip(int number);
+  void ConfirmWithKey();
+  void ListShipsToPlace();
+  // Sends the own fleet and that it is ready. Placing is over when that went well.
+  void SendFleet();
+
+  // ---- Exchange ----
+  void FleetReceived(const QString& data);
+  void OpponentReady();
+  [[nodiscard]] bool BothReady() const { return ready_flags_[0] && ready_flags_[1]; }
+  void BeginFiring();
+
+  // ---- Firing ----
+  void FireShot(Coordinate cell);
+  void ShipHit(const ShotOutcome& outcome);
+  void Win();
+  void ShotReceived(const QString& payload);
+  QString HitReport(const ShotOutcome& outcome);
+  void Lost();
+  void ShowFleetStatus();
+
+  // ---- What the grids show ----
+  void ShowOwnFleet();
+  void EmptyGrid(BoardModel& grid);
+  // What TBEstado says of a cell of FG1, and a screen reader too.
+  [[nodiscard]] QString DescribeCell(CellIndex cell) const;
+  [[nodiscard]] QString DescribeOwnCell(CellIndex cell) const;
+  void PlaySound(Sound sound);
+
+  [[nodiscard]] QString Name(int ship) const;  // trimmed, of FleetTable
+
+  NavalBoard board_;
+  BoardModel fg1_;
+  BoardModel fg2_;
+  bool placement_mode_ = true;
+  bool receiving_fleet_ = false;  // a fleet is being unpacked; stays set for good when one was malformed
+  bool waiting_for_opponent_ = false;
+  std::array<bool, 2> ready_flags_{};  // by player number
+};
+
+}  // namespace brontavia
