@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 constexpr QSize kFirstSize(800, 560);
 constexpr int kBoardStretch = 5;
 constexpr int kTextStretch = 3;
-constexpr int kStatusLines = 3;
+constexpr int kStatusLines = 2;
 
 // A visible caption above a control. The control has its accessible name itself; the caption is for the eye.
 void AddCaption(QBoxLayout& layout, QWidget& control) {
@@ -42,6 +42,8 @@ GameWindow::GameWindow(const WindowTraits& window)
   layout->addWidget(server_frame_);
   layout->addWidget(client_frame_);
   layout->addWidget(game_frame_);
+  // The flow shows what the role needs; frames that show together would make the window grow.
+  for (QGroupBox* frame : {server_frame_, client_frame_, game_frame_}) frame->hide();
   resize(kFirstSize);
 }
 
@@ -52,7 +54,7 @@ Seams GameWindow::MakeSeams(ProcessValues& values) {
 void GameWindow::Attach(ConnectionFlow& flow, BoardView& board) {
   flow_ = &flow;
   board_ = &board;
-  game_layout_->insertWidget(0, board_, kBoardStretch);
+  board_column_->insertWidget(0, board_, 1);
   connect(findChild<QPushButton*>(u"CbConectar"_s), &QPushButton::clicked, flow_, &ConnectionFlow::CbConectarClicked);
   connect(findChild<QPushButton*>(u"CBConLocal"_s), &QPushButton::clicked, flow_, &ConnectionFlow::CBConLocalClicked);
   connect(flow_, &ConnectionFlow::Finished, this, &GameWindow::Finished);
@@ -101,12 +103,17 @@ QGroupBox* GameWindow::MakeClientFrame(const WindowTraits& window) {
 QGroupBox* GameWindow::MakeGameFrame() {
   auto* frame = new QGroupBox;
   frame->setObjectName(u"FrJuego"_s);
-  game_layout_ = new QHBoxLayout(frame);
-  text_layout_ = new QVBoxLayout;
-  game_layout_->addLayout(text_layout_, kTextStretch);
-  TextBox* status = AddTextBox(Box::TBEstado, u"TBEstado"_s, u"Estado"_s, 0);
+  auto* columns = new QHBoxLayout(frame);
+  board_column_ = new QVBoxLayout;
+  text_column_ = new QVBoxLayout;
+  columns->addLayout(board_column_, kBoardStretch);
+  columns->addLayout(text_column_, kTextStretch);
+  auto* status = new TextBox(u"TBEstado"_s, u"Estado"_s);
   status->SetMinimumLines(kStatusLines);
   status->setFixedHeight(status->minimumHeight());
+  boxes_[Box::TBEstado] = status;
+  AddCaption(*board_column_, *status);
+  board_column_->addWidget(status);
   AddTextBox(Box::TBMensajes, u"TBMensajes"_s, u"Mensajes"_s, 1);
   return frame;
 }
@@ -114,14 +121,14 @@ QGroupBox* GameWindow::MakeGameFrame() {
 TextBox* GameWindow::AddTextBox(Box box, const QString& name, const QString& accessible_name, int stretch) {
   auto* text_box = new TextBox(name, accessible_name);
   boxes_[box] = text_box;
-  AddCaption(*text_layout_, *text_box);
-  text_layout_->addWidget(text_box, stretch);
+  AddCaption(*text_column_, *text_box);
+  text_column_->addWidget(text_box, stretch);
   return text_box;
 }
 
 void GameWindow::AddBoard(BoardView& board, int stretch) {
-  AddCaption(*text_layout_, board);
-  text_layout_->addWidget(&board, stretch);
+  AddCaption(*text_column_, board);
+  text_column_->addWidget(&board, stretch);
 }
 
 // ---- What the flow shows ----

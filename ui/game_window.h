@@ -40,7 +40,7 @@ class GameWindow : public QWidget, protected Screen {
   // For the constructor of a game, once its flow and board exist. Both are members of the game.
   void Attach(ConnectionFlow& flow, BoardView& board);
 
-  // For the constructor of a game with more than the common controls: below the status and the messages.
+  // For the constructor of a game with more than the common controls: below the messages.
   TextBox* AddTextBox(Box box, const QString& name, const QString& accessible_name, int stretch);
   void AddBoard(BoardView& board, int stretch);
 
@@ -63,8 +63,8 @@ class GameWindow : public QWidget, protected Screen {
   ConnectionFlow* flow_ = nullptr;
   BoardView* board_ = nullptr;
   // Made with the game frame.
-  QBoxLayout* game_layout_ = nullptr;
-  QBoxLayout* text_layout_ = nullptr;
+  QBoxLayout* board_column_ = nullptr;
+  QBoxLayout* text_column_ = nullptr;
   std::map<Box, TextBox*> boxes_;
   std::map<Player, SoundPlayer> sounds_;
   QGroupBox* server_frame_;

@@ -10,9 +10,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kShipLines = 9;  // title, headings and seven ships
-constexpr int kSmallestText = 7;
-constexpr int kLargestText = 20;
+constexpr int kShipLines = 10;  // title, headings, seven ships and the last line break
+constexpr int kSmallestText = 8;
+constexpr int kLargestText = 24;
 constexpr qreal kTextInset = 2;
 
 // Black or white, whichever stands out more against `background`.
@@ -30,6 +30,15 @@ QColor TextColourOf(const CellLook& look) {
   return look.Palette.color(look.Header ? QPalette::ButtonText : QPalette::Text);
 }
 
+// `font` in the largest size that shows `text` whole, or in the smallest that can be read.
+QFont FittingFont(QFont font, const QString& text, const QRectF& room) {
+  int size = std::clamp(static_cast<int>(room.height() / 2), kSmallestText, kLargestText);
+  do {
+    font.setPixelSize(size);
+  } while (QFontMetricsF(font).horizontalAdvance(text) > room.width() && --size >= kSmallestText);
+  return font;
+}
+
 }  // namespace
 
 void NavalPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& look) const {
@@ -42,12 +51,10 @@ void NavalPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& 
     painter.drawRect(area.adjusted(half, half, -half, -half));
   }
   if (look.Text.isEmpty()) return;
-  QFont font = painter.font();
-  font.setPixelSize(
-      std::clamp(static_cast<int>(area.height() * (look.Text.size() > 2 ? 0.3 : 0.5)), kSmallestText, kLargestText));
+  const QRectF room = area.adjusted(kTextInset, 0, -kTextInset, 0);
+  const QFont font = FittingFont(painter.font(), look.Text, room);
   painter.setFont(font);
   painter.setPen(TextColourOf(look));
-  const QRectF room = area.adjusted(kTextInset, 0, -kTextInset, 0);
   const QString shown = QFontMetrics(font).elidedText(look.Text, Qt::ElideRight, static_cast<int>(room.width()));
   painter.drawText(room, (look.Header ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter, shown);
 }
