@@ -1,5 +1,6 @@
 """One running copy of the program: starts it, reads it through the accessibility bus, ends it."""
 
+import itertools
 import os
 import pathlib
 import random
@@ -167,10 +168,14 @@ class Copy:
         """The cells of a board in row-major order."""
         return list(self.control(board))
 
+    def cell(self, number, board="FG1"):
+        return self.control(board)[number]
+
     def columns(self, board="FG1"):
         """How many cells a row of a board has."""
-        tops = [extents_of(cell)[1] for cell in self.cells(board)]
-        return tops.count(tops[0])
+        tops = (extents_of(cell)[1] for cell in self.control(board))
+        first = next(tops)
+        return 1 + sum(1 for _ in itertools.takewhile(lambda top: top == first, tops))
 
     def board(self, board="FG1"):
         """What the cells of a board display, in row-major order."""
@@ -178,14 +183,17 @@ class Copy:
 
     def current_cell(self, board="FG1"):
         """The number of the cell under the board's cursor."""
-        return self._selected(self.cells(board), board)
+        return self._selected(self.control(board), board)
 
     @staticmethod
     def _selected(nodes, name):
-        selected = [has_state(node, pyatspi.STATE_SELECTED) for node in nodes]
-        if True not in selected:
-            raise LookupError(f"what is selected in {name}")
-        return selected.index(True)
+        for number, node in enumerate(nodes):
+            if has_state(node, pyatspi.STATE_SELECTED):
+                return number
+        raise LookupError(f"what is selected in {name}")
+
+    def is_current_cell(self, number, board="FG1"):
+        return has_state(self.cell(number, board), pyatspi.STATE_SELECTED)
 
     # ---- Expectations ----
 

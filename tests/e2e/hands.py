@@ -2,7 +2,7 @@
 
 import screen
 from driver import CONTROLS
-from tree import extents_of, find_below, is_focused, label_of, text_of
+from tree import BOARDS, extents_of, find_below, is_focused, label_of, text_of
 from waiting import wait_for_value, wait_until
 
 OK = "Aceptar"
@@ -84,7 +84,7 @@ class MouseHand(Hand):
 
     def click_cell(self, number, board="FG1"):
         self.copy.control(board)
-        self._click(lambda: self.copy.cells(board)[number])
+        self._click(lambda: self.copy.cell(number, board))
         self._witness.look()
 
     def close_window(self):
@@ -137,19 +137,14 @@ class KeyHand(Hand):
 
     def move_to_cell(self, number, board="FG1"):
         """Moves the board's cursor with the arrows."""
-        self._focus(
-            lambda: self.copy.find(*CONTROLS[board]),
-            None,
-            board,
-            lambda _: any(is_focused(cell) for cell in self.copy.cells(board)),
-        )
+        self._focus(lambda: self.copy.find(*CONTROLS[board]), None, board, is_focused)
         columns = self.copy.columns(board)
         current = self.copy.current_cell(board)
         down, right = number // columns - current // columns, number % columns - current % columns
         keys = ["Down" if down > 0 else "Up"] * abs(down) + ["Right" if right > 0 else "Left"] * abs(right)
         if keys:
             screen.press(*keys)
-        wait_for_value("the current cell", lambda: self.copy.current_cell(board), number)
+        wait_until(f"cell {number} to be current", lambda: self.copy.is_current_cell(number, board))
 
     def click_cell(self, number, board="FG1", key="Return"):
         self.move_to_cell(number, board)
@@ -189,6 +184,6 @@ def focus_below(node):
     for child in node:
         if child is not None and is_focused(child):
             found.append((child.getRoleName(), child.name))
-        if child is not None and child.getRoleName() in ("panel", "filler", "list"):
+        if child is not None and child.getRoleName() in ("panel", "filler", "list") and child.name not in BOARDS:
             found += focus_below(child)
     return found

@@ -1,6 +1,7 @@
 """What happens before and after each game, the same for all games: roles, connection, names, first turn, leaving."""
 
 import dataclasses
+import re
 
 from hands import CANCEL, OK
 from waiting import wait_until
@@ -27,6 +28,8 @@ LEAVE_BUTTON = "SALIR"
 START_QUESTION = "Seleccione cómo desea jugar."
 SELECTION_QUESTION = "Elija a qué juego desea jugar. Los dos jugadores deben escoger el mismo."
 GAMES = ["TRES EN RAYA", "BATALLA NAVAL", "Mini-Estratega", "Estratega", "Ajedrez"]
+
+_REPORT = re.compile(" (comienza|comenzará) jugando ")
 
 SERVER_INSTRUCTIONS = (
     "El programa ha empezado a escuchar en el puerto seleccionado. Comunique al otro jugador su IP externa si no lo ha "
@@ -126,14 +129,14 @@ def report_line(copy):
     """The line of TBMensajes that tells who begins."""
     return wait_until(
         "the report of who begins",
-        lambda: next((line for line in copy.text("TBMensajes").split("\n") if " comienza jugando " in line), None),
+        lambda: next((line for line in copy.text("TBMensajes").split("\n") if _REPORT.search(line)), None),
     )
 
 
 def starter(copy, server=SERVER):
     """0 when the server begins and 1 when the client does, as the report has it."""
     line = report_line(copy)
-    return 0 if f" comienza jugando {server.kept_name}. " in line else 1
+    return 0 if f" jugando {server.kept_name}. " in line else 1
 
 
 def score_text(game, server_name, server_score, client_name, client_score, starter_name):

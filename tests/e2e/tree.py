@@ -6,6 +6,8 @@ from gi.repository import Atspi
 BOX_ROLES = ("dialog", "alert")
 # Nothing that a test looks for is inside these.
 _LEAVES = ("text", "push button", "label", "list item", "scroll bar", "notification")
+# The boards by their accessible names. They have nothing but cells, and many.
+BOARDS = ("Tablero", "Flota propia")
 
 # A copy that hangs is found out by the waits, not by a call that never returns.
 Atspi.set_timeout(3000, 10000)
@@ -34,7 +36,7 @@ def extents_of(node):
 
 def find_below(node, role, name):
     """The first control on the screen below a node with a role and a name (any name when it is None), or None."""
-    if node.getRoleName() in _LEAVES:
+    if node.getRoleName() in _LEAVES or node.name in BOARDS:
         return None
     for child in node:
         if child is None or not is_showing(child):

@@ -35,9 +35,8 @@ std::string Name(Coordinate cell) {
 
 // In the order of their columns, "A1 A2 B1".
 std::string Names(std::vector<Coordinate> cells) {
-  std::sort(cells.begin(), cells.end(), [](Coordinate a, Coordinate b) {
-    return std::pair(a.Column, a.Row) < std::pair(b.Column, b.Row);
-  });
+  std::sort(cells.begin(), cells.end(),
+            [](Coordinate a, Coordinate b) { return std::pair(a.Column, a.Row) < std::pair(b.Column, b.Row); });
   std::string names;
   for (const Coordinate cell : cells) names += (names.empty() ? "" : " ") + Name(cell);
   return names;
@@ -100,16 +99,8 @@ void Click(NavalBoard& board, const std::string& cells) {
 
 // Seven ships, as start and end in the order of their numbers.
 const std::string kWholeFleet = "A1 E1 A3 D3 A5 C5 E5 G5 I5 I7 A7 B7 J9 J10";
-const std::string kWholeFleetSea = Sea({"11111~....",
-                                        "~~~~~~....",
-                                        "2222~.....",
-                                        "~~~~~~~~~~",
-                                        "333~444~5~",
-                                        "~~~~~~~~5~",
-                                        "66~....~5~",
-                                        "~~~....~~~",
-                                        "........~7",
-                                        "........~7"});
+const std::string kWholeFleetSea = Sea({"11111~....", "~~~~~~....", "2222~.....", "~~~~~~~~~~", "333~444~5~",
+                                        "~~~~~~~~5~", "66~....~5~", "~~~....~~~", "........~7", "........~7"});
 
 // The opponent's ships from their ends, in the order of kWholeFleet.
 std::array<ShipRecord, kShipsPerFleet> Ships(const std::string& ends) {
@@ -336,9 +327,8 @@ TEST(Placing, AnErasedStartMayBeFixedAgain) {
 }
 
 TEST(Placing, IsStoredFromTheUpperLeftEndWhicheverWasClickedFirst) {
-  for (const auto& [start, end] :
-       {std::pair("J2", "J5"), std::pair("A1", "E1"), std::pair("A1", "A5"), std::pair("I10", "J10"),
-        std::pair("E5", "G5")}) {
+  for (const auto& [start, end] : {std::pair("J2", "J5"), std::pair("A1", "E1"), std::pair("A1", "A5"),
+                                   std::pair("I10", "J10"), std::pair("E5", "G5")}) {
     for (const bool backwards : {false, true}) {
       NavalBoard board;
       const std::string clicks = backwards ? std::string(end) + ' ' + start : std::string(start) + ' ' + end;
@@ -353,7 +343,7 @@ TEST(Placing, IsStoredFromTheUpperLeftEndWhicheverWasClickedFirst) {
   }
 }
 
-// The cells of `board` for which `chosen` holds, by its distance from the ship between two cells.
+// The cells that are `least` to `most` cells away, in any direction, from the ship between two cells.
 std::string CellsAtDistance(Coordinate start, Coordinate end, int least, int most) {
   std::vector<Coordinate> cells;
   for (const Coordinate cell : AllCells()) {
@@ -429,7 +419,7 @@ const Placement kPlacements[] = {
 INSTANTIATE_TEST_SUITE_P(At, Margin, testing::ValuesIn(kPlacements),
                          [](const auto& tested) { return std::string(tested.param.Name); });
 
-TEST(Margin, OfASecondShipTellsOnlyTheCellsThatWereFree) {
+TEST(Placing, TellsOnlyTheMarginCellsThatWereFree) {
   NavalBoard board;
   Click(board, "A1 B1 D1");
   const PlacementOutcome outcome = board.ClickToPlace(Cell("E1"));
@@ -489,12 +479,12 @@ struct Line {
 TEST(FreeCells, AreCountedOnStraightLinesAlone) {
   NavalBoard board;
   Click(board, "E5 F5");  // margin D4 to G6
-  for (const Line& line : {Line{"A1", "J1", true}, Line{"A1", "A1", true}, Line{"E5", "E5", false},
-                           Line{"D4", "D4", false}, Line{"A4", "C4", true}, Line{"A4", "D4", false},
-                           Line{"D4", "A4", false}, Line{"A5", "J5", false}, Line{"J5", "A5", false},
-                           Line{"E1", "E3", true}, Line{"E1", "E10", false}, Line{"E10", "E1", false},
-                           Line{"E7", "E10", true}, Line{"H6", "J6", true}, Line{"G6", "J6", false},
-                           Line{"A1", "J10", true}, Line{"D4", "G6", true}, Line{"E5", "F6", true}}) {
+  for (const Line& line :
+       {Line{"A1", "J1", true}, Line{"A1", "A1", true}, Line{"E5", "E5", false}, Line{"D4", "D4", false},
+        Line{"A4", "C4", true}, Line{"A4", "D4", false}, Line{"D4", "A4", false}, Line{"A5", "J5", false},
+        Line{"J5", "A5", false}, Line{"E1", "E3", true}, Line{"E1", "E10", false}, Line{"E10", "E1", false},
+        Line{"E7", "E10", true}, Line{"H6", "J6", true}, Line{"G6", "J6", false}, Line{"A1", "J10", true},
+        Line{"D4", "G6", true}, Line{"E5", "F6", true}}) {
     EXPECT_EQ(board.CellsAreFree(Cell(line.Start), Cell(line.End)), line.Free) << line.Start << ' ' << line.End;
   }
 }
@@ -551,12 +541,12 @@ TEST_P(RemovedShip, LeavesTheMarginsOfItsNeighbours) {
 const Removal kRemovals[] = {
     {"Alone", "D5 E5", 6, kEmptySea, "C4 C5 C6 D4 D5 D6 E4 E5 E6 F4 F5 F6"},
     {"InTheFirstCorner", "A1 A2", 6, kEmptySea, "A1 A2 A3 B1 B2 B3"},
-    {"InTheLastCorner", "I10 J10", 6, kEmptySea, "H10 H9 I10 I9 J10 J9"},
+    {"InTheLastCorner", "I10 J10", 6, kEmptySea, "H9 H10 I9 I10 J9 J10"},
     {"BesideAnother", "A1 B1 D1 E1", 6, Sea({"..~77~....", "..~~~~...."}), "A1 A2 B1 B2"},
     {"BesideAnotherTheOtherWay", "A1 B1 D1 E1", 7, Sea({"66~.......", "~~~......."}), "D1 D2 E1 E2 F1 F2"},
     {"AcrossACorner", "A1 B1 D3 E3", 6, Sea({"..~~~~....", "..~77~....", "..~~~~...."}, 2), "A1 A2 B1 B2 C1"},
-    {"BetweenTwo", "A2 A3 C2 C3 E2 E4", 7,
-     Sea({"~~.~~~....", "6~.~3~....", "6~.~3~....", "~~.~3~....", "...~~~...."}), "C1 C2 C3 C4"},
+    {"BetweenTwo", "A2 A3 C2 C3 E2 E4", 7, Sea({"~~.~~~....", "6~.~3~....", "6~.~3~....", "~~.~3~....", "...~~~...."}),
+     "C1 C2 C3 C4"},
     {"UnderALongerOne", "A1 E1 B3 D3", 3, Sea({"11111~....", "~~~~~~...."}), "A3 A4 B3 B4 C3 C4 D3 D4 E3 E4"},
     {"MarginsThatOnlyTouch", "A1 B1 E1 F1", 6, Sea({"...~77~...", "...~~~~..."}), "A1 A2 B1 B2 C1 C2"},
     {"WithAStartPending", "A1 B1 J10", 6, kEmptySea, "A1 A2 B1 B2 C1 C2"},
@@ -765,22 +755,22 @@ const Sinking kSinkings[] = {
     {"InTheMiddle", kCorners, "D2 E2 F2", Sea({"..~~~~~...", "..~***~...", "..~~~~~..."}),
      "C1 C2 C3 D1 D3 E1 E3 F1 F3 G1 G2 G3"},
     {"InTheFirstCorner", kCorners, "B1 A1", Sea({"**~.......", "~~~......."}), "A2 B2 C1 C2"},
-    {"InTheUpperRightCorner", kCorners, "J3 J1 J2",
-     Sea({"........~*", "........~*", "........~*", "........~~"}), "I1 I2 I3 I4 J4"},
-    {"InTheLowerLeftCorner", kCorners, "A9 A10 A8",
-     Sea({"~~........", "*~........", "*~........", "*~........"}, 7), "A7 B10 B7 B8 B9"},
-    {"InTheLastCorner", kCorners, "J10 J9", Sea({"........~~", "........~*", "........~*"}, 8), "I10 I8 I9 J8"},
+    {"InTheUpperRightCorner", kCorners, "J3 J1 J2", Sea({"........~*", "........~*", "........~*", "........~~"}),
+     "I1 I2 I3 I4 J4"},
+    {"InTheLowerLeftCorner", kCorners, "A9 A10 A8", Sea({"~~........", "*~........", "*~........", "*~........"}, 7),
+     "A7 B7 B8 B9 B10"},
+    {"InTheLastCorner", kCorners, "J10 J9", Sea({"........~~", "........~*", "........~*"}, 8), "I8 I9 I10 J8"},
     {"WithWaterFoundBefore", kCorners, "A2 C2 B1 A1", Sea({"**~.......", "~~~......."}), "B2 C1"},
     {"WithAllWaterFoundBefore", kCorners, "A2 B2 C1 C2 B1 A1", Sea({"**~.......", "~~~......."}), ""},
-    {"BesideTheMarginOfAnotherSunkShip", kCorners, "A1 B1 D2 E2 F2",
-     Sea({"**~~~~~...", "~~~***~...", "..~~~~~..."}), "C3 D1 D3 E1 E3 F1 F3 G1 G2 G3"},
-    {"BesideAHitOnAShipThatTouches", kPacked, "A2 D3 E3",
-     Sea({"..........", "*.~~~~....", "..~**~....", "..~~~~...."}), "C2 C3 C4 D2 D4 E2 E4 F2 F3 F4"},
+    {"BesideTheMarginOfAnotherSunkShip", kCorners, "A1 B1 D2 E2 F2", Sea({"**~~~~~...", "~~~***~...", "..~~~~~..."}),
+     "C3 D1 D3 E1 E3 F1 F3 G1 G2 G3"},
+    {"BesideAHitOnAShipThatTouches", kPacked, "A2 D3 E3", Sea({"..........", "*.~~~~....", "..~**~....", "..~~~~...."}),
+     "C2 C3 C4 D2 D4 E2 E4 F2 F3 F4"},
 };
 INSTANTIATE_TEST_SUITE_P(Lying, SunkShip, testing::ValuesIn(kSinkings),
                          [](const auto& tested) { return std::string(tested.param.Name); });
 
-TEST(SunkShip, AfterWhichAShipThatTouchesIsStillHit) {
+TEST(Fire, StillHitsAShipThatTouchesASunkOne) {
   NavalBoard board = AgainstFleet(kPacked);
   board.Fire(Cell("D3"));
   board.Fire(Cell("E3"));
@@ -789,7 +779,7 @@ TEST(SunkShip, AfterWhichAShipThatTouchesIsStillHit) {
   EXPECT_EQ(board.ShotBoard(Cell("D2")), kShotHit);
 }
 
-TEST(SunkShip, LeavesRevealedWaterToBeFiredAtAgain) {
+TEST(Fire, OnRevealedWaterIsWaterAgain) {
   NavalBoard board = AgainstFleet();
   board.Fire(Cell("A7"));
   board.Fire(Cell("B7"));

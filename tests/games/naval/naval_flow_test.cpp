@@ -406,6 +406,18 @@ TEST(FiringEarly, WaitsForTheOpponentsFleet) {
   EXPECT_TRUE(pair.Server.Connection.Sent.filter(u"Jug|"_s).isEmpty());
 }
 
+TEST(FiringEarly, AShotBeforeTheFleetsIsTakenAsItReads) {
+  BarPair pair;
+  pair.Connect();
+  pair.Client.Connection.Receive(u"Jug|))I"_s);  // no own ship there yet
+  pair.Settle();
+  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 0);
+  pair.Client.Connection.Receive(u"Jug|))A"_s);
+  pair.Settle();
+  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 1);
+  EXPECT_TRUE(pair.Client.Flow.PlacementMode());
+}
+
 // ---- What a stranger may send ----
 
 struct BadText {

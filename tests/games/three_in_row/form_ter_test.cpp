@@ -3,15 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <QPointer>
-#include <QPushButton>
 #include <QTest>
 
 #include "tests/support/box_answerer.h"
 #include "tests/support/free_port.h"
+#include "tests/support/owned_window.h"
 #include "tests/support/printers.h"
 #include "tests/support/waiting.h"
-#include "ui/text_box.h"
 
 namespace brontavia::test {
 namespace {
@@ -22,50 +20,9 @@ const QString kYes = u"Yes"_s;
 const QString kNo = u"No"_s;
 const QString kOk = u"OK"_s;
 
-// A window as its owner keeps it: destroyed only once it has finished.
-struct OwnedWindow {
-  OwnedWindow(Role role, std::int32_t port)
-      : Values{.ConnectionPort = port, .PlayerRole = role}, Window(new FormTER(Values)) {
-    QObject::connect(Window, &GameWindow::Finished, Window, [this](AfterWindow after) {
-      Finished = after;
-      Window->deleteLater();
-    });
-    Window->show();
-    Window->Load();
-  }
-  OwnedWindow(const OwnedWindow&) = delete;
-  OwnedWindow& operator=(const OwnedWindow&) = delete;
-  ~OwnedWindow() { delete Window; }
+using Owned = OwnedWindow<FormTER>;
 
-  template <typename Widget>
-  Widget* Control(const QString& name) {
-    return Window->findChild<Widget*>(name);
-  }
-  QString Text(const QString& box) {
-    return OnGui([&] { return Control<TextBox>(box)->toPlainText(); });
-  }
-  BoardView* FG1() { return Control<BoardView>(u"FG1"_s); }
-  void Press(const QString& button) {
-    Post([this, button] { Control<QPushButton>(button)->click(); });
-  }
-  void Click(int cell) {
-    const CellIndex index{cell / kTerSide, cell % kTerSide};
-    Post([this, index] { QTest::mouseClick(FG1(), Qt::LeftButton, {}, FG1()->CellRect(index).center()); });
-  }
-  bool ComesToShow(int cell, const QString& symbol) {
-    return Eventually([&] { return FG1()->Model().Cell({cell / kTerSide, cell % kTerSide}).Text == symbol; });
-  }
-  void Close() {
-    Post([this] { Window->close(); });
-  }
-  bool Goes() {
-    return Eventually([this] { return Window.isNull(); });
-  }
-
-  ProcessValues Values;
-  QPointer<FormTER> Window;
-  std::optional<AfterWindow> Finished;
-};
+CellIndex Cell(int cell) { return {.Row = cell / kTerSide, .Column = cell % kTerSide}; }
 
 class FormTERPair : public testing::Test {
  protected:
@@ -91,21 +48,21 @@ class FormTERPair : public testing::Test {
     AnswerInput(u"Asignación del primer turno"_s, u"2"_s);
     AnswerInput(u"Introducir nombre"_s, u"Ana"_s);
     AnswerInput(u"Asignación del primer turno"_s, u"1"_s);
-    for (OwnedWindow* side : {&Server, &Client}) {
+    for (Owned* side : {&Server, &Client}) {
       EXPECT_TRUE(Eventually([&] { return side->Text(u"TBMensajes"_s).contains(u"mutua"_s); }));
     }
   }
 
   // X on 0, 1; O on 4, 8; X to move and win on 2.
   void PlayUpToTheWin() {
-    Server.Click(0);
-    EXPECT_TRUE(Client.ComesToShow(0, u"X"_s));
-    Client.Click(4);
-    EXPECT_TRUE(Server.ComesToShow(4, u"O"_s));
-    Server.Click(1);
-    EXPECT_TRUE(Client.ComesToShow(1, u"X"_s));
-    Client.Click(8);
-    EXPECT_TRUE(Server.ComesToShow(8, u"O"_s));
+    Server.Click(Cell(0));
+    EXPECT_TRUE(Client.ComesToShow(Cell(0), u"X"_s));
+    Client.Click(Cell(4));
+    EXPECT_TRUE(Server.ComesToShow(Cell(4), u"O"_s));
+    Server.Click(Cell(1));
+    EXPECT_TRUE(Client.ComesToShow(Cell(1), u"X"_s));
+    Client.Click(Cell(8));
+    EXPECT_TRUE(Server.ComesToShow(Cell(8), u"O"_s));
   }
 
   // The user is in the server's window.
@@ -115,8 +72,8 @@ class FormTERPair : public testing::Test {
   }
 
   std::int32_t Port = FreePort();
-  OwnedWindow Server{Role::Server, Port};
-  OwnedWindow Client{Role::Client, Port};
+  Owned Server{Role::Server, Port};
+  Owned Client{Role::Client, Port};
 };
 
 TEST_F(FormTERPair, OpensWithTheFrameOfItsRoleAndItsCaption) {
@@ -141,16 +98,16 @@ TEST_F(FormTERPair, PlaysToTheEndAndIntoAnotherGame) {
     EXPECT_TRUE(Server.Control<QWidget>(u"FrJuego"_s)->isEnabled());
     PlayUpToTheWin();
     EXPECT_EQ(Server.Text(u"TBEstado"_s), u"Coloque una ficha en el tablero"_s);
-    Server.Click(2);
+    Server.Click(Cell(2));
     EXPECT_EQ(Answer(u"Ha perdido"_s, kOk),
               u"Ana             ha conseguido tres en raya antes que usted.\nPulse sobre el tablero para continuar."_s);
     EXPECT_EQ(
         Answer(u"Enhorabuena"_s, kOk),
         u"¡Ha ganado! Consiguió hacer tres en raya antes que su rival.\nPulse sobre el tablero para continuar."_s);
-    Server.Click(0);
+    Server.Click(Cell(0));
     Answer(u"Tres en raya"_s, kYes);
     EXPECT_TRUE(Eventually([&] { return Client.Text(u"TBMensajes"_s).contains(u"Nueva partida.Ana"_s); }));
-    Client.Click(0);
+    Client.Click(Cell(0));
     Answer(u"Tres en raya"_s, kYes);
     for (int i = 0; i < 2; ++i) {
       EXPECT_EQ(Answer(u"Nueva partida"_s, kOk), u"Marcador actual: \nAna  1 : Luis 0\nComienza jugando Luis."_s);
@@ -205,7 +162,7 @@ TEST_F(FormTERPair, TheBoardHasTheFocusWhenPlayBegins) {
       QTest::keyClick(Server.FG1(), Qt::Key_Right);
       QTest::keyClick(Server.FG1(), Qt::Key_Space);
     });
-    EXPECT_TRUE(Client.ComesToShow(1, u"X"_s));
+    EXPECT_TRUE(Client.ComesToShow(Cell(1), u"X"_s));
   });
 }
 
@@ -234,7 +191,7 @@ TEST_F(FormTERPair, ClosingUnderTheBoxesOfTheHandshakeDestroysTheWindowWhenTheyH
   AsUser([this] {
     Connect();
     EXPECT_TRUE(BothAreAsked());
-    for (OwnedWindow* side : {&Server, &Client}) {
+    for (Owned* side : {&Server, &Client}) {
       side->Close();
       Answer(u"Tres en raya"_s, kYes);
     }
@@ -248,10 +205,10 @@ TEST_F(FormTERPair, RefusingAnotherGameClosesBothWindows) {
   AsUser([this] {
     Handshake();
     PlayUpToTheWin();
-    Server.Click(2);
+    Server.Click(Cell(2));
     Answer(u"Ha perdido"_s, kOk);
     Answer(u"Enhorabuena"_s, kOk);
-    Client.Click(0);
+    Client.Click(Cell(0));
     Answer(u"Tres en raya"_s, kNo);
     EXPECT_EQ(Answer(u"Brontavia"_s, kOk),
               u"Luis no desea jugar otra partida. Va a finalizarse la conexión y a cerrarse la ventana."_s);
@@ -266,7 +223,7 @@ TEST_F(FormTERPair, APortInUseIsToldAndEndsTheProgramAsFailed) {
   std::optional<AfterWindow> finished;
   AsUser([&] {
     Post([&] {
-      const OwnedWindow second(Role::Server, Port);
+      const Owned second(Role::Server, Port);
       finished = second.Finished;
     });
     EXPECT_TRUE(Answer(u"Error"_s, kOk).startsWith(u"No se puede escuchar en el puerto %1: "_s.arg(Port)));

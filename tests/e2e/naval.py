@@ -1,0 +1,460 @@
+"""Naval battle: its texts, and a session that can be played by any two hands.
+
+The session keeps its own idea of both seas and compares everything that the windows show with it.
+"""
+
+import screen
+from handshake import CLIENT, NO_TITLE, REMATCH_TEXT, SELECTION_QUESTION, SERVER, Game, refusal_text, score_text
+from hands import NO, YES
+from waiting import wait_for_value
+
+GAME = Game(
+    number=1,
+    code="BAR",
+    caption="BRONTAVIA - BATALLA NAVAL",
+    suffix=" - Batalla naval",
+    title="Batalla naval",
+    new_game_opening="Comenzará jugando ",
+    new_game_ending=". Coloque sus barcos.",
+)
+
+SHIPS = (
+    ("Portaaviones", 5),
+    ("Acorazado", 4),
+    ("Submarino", 3),
+    ("Submarino", 3),
+    ("Submarino", 3),
+    ("Destructor", 2),
+    ("Destructor", 2),
+)
+# Both ends of each ship, in the order of SHIPS.
+IN_ROWS = (("A1", "E1"), ("A3", "D3"), ("A5", "C5"), ("E5", "G5"), ("A7", "C7"), ("E7", "F7"), ("A9", "B9"))
+IN_COLUMNS = (("A1", "A5"), ("C1", "C4"), ("E1", "E3"), ("E5", "E7"), ("G1", "G3"), ("G5", "G6"), ("I1", "I2"))
+
+PLACE_TEXT = "Coloque sus barcos"
+REMOVE_TEXT = "¿Desea quitar ese barco?"
+FINISHED_TEXT = "¿Ha terminado de colocar los barcos?"
+WAIT_FOR_OTHER_TEXT = "Espere a que el otro jugador termine de colocar sus barcos "
+WAIT_FOR_FLEET_TEXT = (
+    "Espere un momento, está recibiendo la posición de los barcos enemigos, pulse t cuando desee volver a intentar "
+    "enviar los barcos"
+)
+TOO_EARLY_TEXT = "Por favor, Espere a que el otro jugador coloque sus barcos"
+READY_TEXTS = {
+    True: "Ambos jugadores están listos para empezar a disparar,  es su turno.",
+    False: "Ambos jugadores están listos para empezar a disparar,  le toca al otro jugador.",
+}
+TOO_LONG_TEXT = "No existen barcos de más de 5 casillas de largo"
+BLOCKED_TEXT = "Alguna de las casillas necesarias para colocar el barco no está libre."
+WIN_TITLE = "Ha ganado"
+WIN_TEXT = "¡Enhorabuena, ha conseguido destruir todos los barcos enemigos!"
+LOSS_TITLE = "Ha perdido"
+NEW_GAME_TITLE = "Nueva partida"
+
+NOT_YOUR_TURN = "No es su turno de jugar."
+START_FIXED = "posición inicial fijada"
+START_REMOVED = "Posición inicial eliminada."
+START_FORGOTTEN = "Posición inicial borrada"
+NOT_FREE = "Esa posición no está libre"
+WATER_STATUS = "¡Agua! le toca disparar al otro jugador."
+HIT_STATUS = "¡Impacto!, Barco tocado. Siga disparando."
+SUNK_STATUS = "¡Impacto!, Barco hundido. Siga disparando."
+LAST_SUNK_STATUS = "¡Impacto!, Barco hundido."
+
+NO_MORE_LINE = "No quedan barcos de ese tamaño por colocar"
+SHIPS_MISSING_LINE = "Aún faltan barcos por colocar "
+CHANGE_LINE = "Haga  modificaciones en las posiciones de sus barcos o pulse t cuando haya terminado"
+OTHER_WAITS_LINE = "El otro jugador ha terminado de colocar sus barcos y está esperando."
+AFTER_WIN_LINE = "Haga click en el tablero para continuar"
+SENT = "barcos enviados "
+
+_COLUMNS = "ABCDEFGHIJ"
+_HEADERS = {**{letter: letter for letter in _COLUMNS}, **{str(row): str(row) for row in range(1, 11)}}
+CORNER = "corner"  # the cell where both headers meet
+
+
+def diagonal_text(start):
+    return f"No se pueden colocar los barcos en diagonal. La posición de inicio del barco es {start[0]}, {start[1:]}"
+
+
+def loss_text(name):
+    return f"{name} ha destruído todos sus barcos.\nPulse sobre el tablero para continuar."
+
+
+def report_line(name, drawn):
+    """The line that tells who begins."""
+    opening = "Tras realizar el sorteo, comenzará jugando " if drawn else "Por decisión mutua comenzará jugando "
+    return f"{opening}{name}. "
+
+
+def handshake_log(server, other, report):
+    """The log when the first turn is settled."""
+    lines = ["Nombre recibido", f"Va a jugar contra {other}", report]
+    if not server:
+        lines.insert(0, "Conexión establecida.Listo para jugar.")
+    return "".join(f"\n{line}" for line in lines)
+
+
+# ---- Cells ----
+
+
+def number_of(cell):
+    """The place of a cell such as "B3" among the board's children."""
+    return int(cell[1:]) * 11 + _COLUMNS.index(cell[0]) + 1
+
+
+def name_of(number):
+    row, column = divmod(number, 11)
+    if row and column:
+        return f"{_COLUMNS[column - 1]}{row}"
+    return CORNER if row == column else str(row or _COLUMNS[column - 1])
+
+
+def cells_between(start, end):
+    (left, right), (top, bottom) = sorted(start[0] + end[0]), sorted((int(start[1:]), int(end[1:])))
+    columns = _COLUMNS[_COLUMNS.index(left) : _COLUMNS.index(right) + 1]
+    return [f"{column}{row}" for column in columns for row in range(top, bottom + 1)]
+
+
+def around(cells):
+    """The cells of the sea that touch some cells, without these."""
+    found = []
+    for cell in cells:
+        column, row = _COLUMNS.index(cell[0]), int(cell[1:])
+        for x in range(max(column - 1, 0), min(column + 1, 9) + 1):
+            found += [f"{_COLUMNS[x]}{y}" for y in range(max(row - 1, 1), min(row + 1, 10) + 1)]
+    return set(found) - set(cells)
+
+
+def shown(copy, board):
+    """What the cells of a board that are not empty display."""
+    return {name_of(number): text for number, text in enumerate(copy.board(board)) if text}
+
+
+# ---- One player's side of the battle ----
+
+
+class Side:
+    """What the window of one player must show."""
+
+    def __init__(self, hand, name, fleet):
+        self.hand = hand
+        self.copy = hand.copy
+        self.name = name
+        self.fleet = fleet
+        self.log = self.copy.text("TBMensajes")
+        self.status = ""
+        self.current = "A1"
+        self.corner = ""
+        self.clear()
+
+    def clear(self):
+        """Before a game. The letter in the corner stays."""
+        self.placed = {}  # ship number: cells
+        self.hits = set()  # on the own fleet
+        self.firing = False
+        self.target = {}  # what FG1 shows
+        self.own = {}  # what FG2 shows
+
+    def cells_of(self, ship):
+        return cells_between(*self.fleet[ship])
+
+    def ship_at(self, cell):
+        return next((ship for ship, cells in self.placed.items() if cell in cells), None)
+
+    def state(self, ship):
+        hits = self.hits & set(self.placed[ship])
+        return "I" if not hits else "H" if len(hits) == len(self.placed[ship]) else "T"
+
+    def margin(self):
+        ships = [cell for cells in self.placed.values() for cell in cells]
+        return around(ships) - set(ships)
+
+    def description(self, cell):
+        """What a move onto a cell of FG1 writes to TBEstado; a screen reader says it too."""
+        if self.firing:
+            return f"{cell} {self.target.get(cell, '').capitalize()}"
+        ship = self.ship_at(cell)
+        if ship is not None:
+            return f"{cell} {SHIPS[ship][0]}"
+        return f"{cell} Agua" if cell in self.margin() else f"{cell} "
+
+    def fleet_travelled(self):
+        """When either fleet has been sent or has come, FG1 is empty and FG2 shows the own ships placed so far."""
+        self.target = {}
+        self.own = {cell: SHIPS[ship][0][0] for ship, cells in self.placed.items() for cell in cells}
+        missing = [ship for ship in range(7) if ship not in self.placed]
+        if missing:
+            self.corner = SHIPS[missing[-1]][0][0]
+
+    def expect_status(self, text):
+        self.status = text
+        self.copy.expect_text("TBEstado", text)
+
+    def expect_line(self, line):
+        self.log += f"\n{line}"
+        self.expect_log()
+
+    def expect_line_alone(self, line):
+        """A line after the log was emptied."""
+        self.log = ""
+        self.expect_line(line)
+        self.expect_status("")
+
+    def expect_log(self, text=None):
+        if text is not None:
+            self.log = text
+        self.copy.expect_text("TBMensajes", self.log)
+
+    def expect_boards(self):
+        """Both boards, each cell."""
+        corner = {CORNER: self.corner} if self.corner else {}
+        for board, texts, of_corner in (("FG1", self.target, {}), ("FG2", self.own, corner)):
+            expected = {**_HEADERS, **texts, **of_corner}
+            wait_for_value(f"{board} of {self.name}", lambda: shown(self.copy, board), expected)
+
+    def expect_ships_to_place(self):
+        lines = [f"{name:13} ({length} Casillas)" for ship, (name, length) in enumerate(SHIPS) if ship not in self.placed]
+        self.copy.expect_text("TBBarcos", "\n".join(["Faltan por colocar:", *lines, ""]))
+
+    def expect_described(self, cell):
+        wait_for_value(
+            f"the name of {cell} of {self.name}",
+            lambda: self.copy.cell(number_of(cell)).name,
+            self.description(cell),
+        )
+
+
+# ---- Both players ----
+
+
+class Session:
+    """Two copies after the handshake; side 0 is the server and side 1 the client."""
+
+    def __init__(self, server_hand, client_hand, starter, server=SERVER, client=CLIENT, tell=lambda line: None):
+        self.tell = tell  # takes a line about each step
+        self.sides = (
+            Side(server_hand, server.kept_name, IN_ROWS),
+            Side(client_hand, client.kept_name, IN_COLUMNS),
+        )
+        self.turn = starter
+        self.scores = [0, 0]
+
+    def answer(self, side, title, text, button=None):
+        self.sides[side].hand.answer_box(title, text, *([button] if button else []))
+
+    def click(self, side, cell):
+        """A click on a cell of FG1, as mouse or keyboard has it."""
+        player = self.sides[side]
+        player.hand.click_cell(number_of(cell))
+        player.current = cell
+
+    def click_and_read(self, side, cell, status):
+        """A click that only writes a status."""
+        self.click(side, cell)
+        self.sides[side].expect_status(status)
+
+    # ---- Placing ----
+
+    def start_placing(self):
+        for side in (0, 1):
+            self.answer(side, NO_TITLE, PLACE_TEXT)
+            self.sides[side].expect_ships_to_place()
+            self.sides[side].expect_boards()
+
+    def place(self, side, ship):
+        """Two clicks. The last ship of all is followed by a question, which the caller answers."""
+        player = self.sides[side]
+        start, end = player.fleet[ship]
+        self.click_and_read(side, start, START_FIXED)
+        self.click(side, end)
+        margin_before = player.margin()  # not written again, also where a received fleet has wiped it off FG1
+        player.placed[ship] = player.cells_of(ship)
+        player.target.update({cell: SHIPS[ship][0] for cell in player.placed[ship]})
+        player.target.update({cell: "Agua" for cell in around(player.placed[ship]) - margin_before})
+        left = 7 - len(player.placed)
+        self.tell(f"{player.name} places a {SHIPS[ship][0]} from {start} to {end}; {left} to go")
+        player.expect_status(f"Colocado {SHIPS[ship][0]}, quedan {left} barcos por colocar.")
+        player.expect_ships_to_place()
+
+    def place_all(self, side, ships=range(7)):
+        for ship in ships:
+            self.place(side, ship)
+
+    def refuse(self, side, cell, text):
+        """A click that opens a box and places nothing."""
+        self.click(side, cell)
+        self.answer(side, NO_TITLE, text)
+        self.sides[side].expect_status(self.sides[side].description(cell))
+
+    def refuse_in_log(self, side, cell, line):
+        self.click(side, cell)
+        self.sides[side].expect_line(line)
+
+    def remove(self, side, ship, cell, answer):
+        """A click on an own ship, and the answer to the question about it."""
+        player = self.sides[side]
+        self.click(side, cell)
+        self.answer(side, GAME.title, REMOVE_TEXT, answer)
+        if answer == NO:
+            player.expect_status(player.description(cell))
+            return
+        self.tell(f"{player.name} takes the {SHIPS[ship][0]} on {cell} off the board")
+        freed = player.placed.pop(ship)
+        for gone in {*freed, *around(freed)} - player.margin():
+            player.target.pop(gone, None)
+        player.expect_status(f"Eliminado {SHIPS[ship][0]}, quedan {7 - len(player.placed)} barcos por colocar.")
+
+    def press_key(self, side, key):
+        """A key on FG1, where the keyboard is after a click."""
+        self.sides[side].copy.bring_to_front()
+        screen.press(key)
+
+    def send_first(self, side):
+        """The confirmed fleet leaves, and its owner waits for the other one's."""
+        player, other = self.sides[side], self.sides[1 - side]
+        self.tell(f"{player.name} confirms the fleet and is told to wait")
+        other.expect_line(OTHER_WAITS_LINE)
+        other.fleet_travelled()
+        other.expect_boards()
+        player.fleet_travelled()
+        player.expect_log(SENT)
+        self.answer(side, NO_TITLE, WAIT_FOR_OTHER_TEXT)
+        player.firing = True
+        player.expect_boards()
+
+    def send_second(self, side, with_boxes_open=lambda: None):
+        """The other confirmed fleet leaves, and firing begins."""
+        self.tell(f"{self.sides[side].name} confirms the fleet; both are told who fires first")
+        for player in self.sides:
+            player.fleet_travelled()
+            player.copy.box(NO_TITLE)
+        with_boxes_open()
+        for number, player in enumerate(self.sides):
+            self.answer(number, NO_TITLE, READY_TEXTS[number == self.turn])
+            player.firing = True
+            player.expect_log("")
+            player.expect_status("")
+            self.expect_fleet_status(number)
+            player.expect_boards()
+
+    def expect_fleet_status(self, side):
+        own, other = self.sides[side], self.sides[1 - side]
+        lines = ["Estado de los barcos", "Barcos propios | Barcos enemigos "]
+        for ship, (name, _) in enumerate(SHIPS):
+            sunk = "H" if other.state(ship) == "H" else "?"
+            lines.append(f"{name:13}{own.state(ship)} |{name:13}{sunk}")
+        own.copy.expect_text("TBBarcos", "\n".join([*lines, ""]))
+
+    # ---- Firing ----
+
+    def fire(self, side, cell, last=False):
+        """A shot, compared on both sides. After the last one there are boxes to answer."""
+        shooter, target = self.sides[side], self.sides[1 - side]
+        unmoved_status = shooter.status if shooter.current == cell else f"{cell} Impacto"
+        self.click(side, cell)
+        ship = target.ship_at(cell)
+        if ship is None:
+            self._water(shooter, target, cell)
+            return
+        again = cell in target.hits
+        target.hits.add(cell)
+        shooter.target[cell] = "impacto"
+        line = f"Disparo enemigo  en {cell}: Impacto en un {SHIPS[ship][0]}"
+        if again:
+            shooter.expect_status(unmoved_status)
+        elif target.state(ship) == "H":
+            line += ", barco hundido."
+            for margin in around(target.placed[ship]):
+                shooter.target.setdefault(margin, "Agua")
+            shooter.expect_status(LAST_SUNK_STATUS if last else SUNK_STATUS)
+        else:
+            line += ", barco tocado."
+            shooter.expect_status(HIT_STATUS)
+        self.tell(f"{shooter.name} fires at {cell}: {shooter.status}")
+        if last:
+            return
+        target.own[cell] = "*"
+        target.expect_line(line)
+        target.expect_status("")
+        for number in (0, 1):
+            self.expect_fleet_status(number)
+
+    def _water(self, shooter, target, cell):
+        shooter.target[cell] = "Agua"
+        shooter.expect_status(WATER_STATUS)
+        self.tell(f"{shooter.name} fires at {cell}: {shooter.status}")
+        target.expect_line(f"Disparo enemigo  en {cell}: Agua. Le toca disparar.")
+        target.expect_status("")
+        self.turn = 1 - self.turn
+
+    def sink_rest(self, side, keep=()):
+        """Fires at every cell of the other fleet that has not been hit, but for some."""
+        target = self.sides[1 - side]
+        for cells in target.placed.values():
+            for cell in cells:
+                if cell not in target.hits and cell not in keep:
+                    self.fire(side, cell)
+
+    def win(self, side, cell, with_boxes_open=lambda: None):
+        """The shot that ends the battle, and both boxes about it."""
+        winner, loser = self.sides[side], self.sides[1 - side]
+        self.fire(side, cell, last=True)
+        self.scores[side] += 1
+        winner.copy.box(WIN_TITLE)
+        loser.copy.box(LOSS_TITLE)
+        with_boxes_open()
+        winner.expect_log()
+        loser.expect_log("")
+        loser.expect_status("")
+        self.answer(side, WIN_TITLE, WIN_TEXT)
+        self.answer(1 - side, LOSS_TITLE, loss_text(winner.name))
+        winner.expect_line(AFTER_WIN_LINE)
+        loser.expect_log("")
+        self.expect_fleet_status(side)
+        # The loser learns of the end together with the shot, which then no longer counts.
+        loser.hits.remove(cell)
+        self.expect_fleet_status(1 - side)
+        for player in self.sides:
+            player.expect_boards()
+
+    # ---- Another game ----
+
+    def ask_rematch(self, side, answer):
+        player = self.sides[side]
+        self.tell(f"{player.name} clicks the board and answers {answer!r} to another game")
+        self.click(side, "C3")
+        player.copy.box(GAME.title)
+        player.expect_log("")
+        player.expect_status("")
+        self.answer(side, GAME.title, REMATCH_TEXT, answer)
+
+    def play_again(self, first, with_boxes_open=lambda: None):
+        """Both want another game; the one who fired last begins."""
+        second = 1 - first
+        self.ask_rematch(first, YES)
+        self.sides[second].expect_line_alone(f"Nueva partida.{self.sides[first].name} desea jugar otra partida.")
+        self.ask_rematch(second, YES)
+        self.sides[first].expect_line_alone(f"Nueva partida.{self.sides[second].name} desea jugar otra partida.")
+        for player in self.sides:
+            player.copy.box(NEW_GAME_TITLE)
+        with_boxes_open()
+        names = [player.name for player in self.sides]
+        text = score_text(GAME, names[0], self.scores[0], names[1], self.scores[1], names[self.turn])
+        for side, player in enumerate(self.sides):
+            self.answer(side, NEW_GAME_TITLE, text)
+            player.clear()
+            player.current = "A1"  # with what that writes to the status
+            player.expect_status("A1 ")
+            player.expect_log()
+            player.expect_ships_to_place()
+            player.expect_boards()
+
+    def stop(self, refuser, with_box_open=lambda: None):
+        """One player does not want another game; both are back in the selection window."""
+        self.ask_rematch(refuser, NO)
+        self.sides[1 - refuser].copy.box(NO_TITLE)
+        with_box_open()
+        self.answer(1 - refuser, NO_TITLE, refusal_text(self.sides[refuser].name))
+        for player in self.sides:
+            player.copy.expect_text("Text1", SELECTION_QUESTION)

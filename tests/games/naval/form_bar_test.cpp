@@ -1,0 +1,101 @@
+// The window of the naval battle: what is its own beside what all game windows share.
+#include "games/naval/form_bar.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QFontInfo>
+
+#include "tests/support/box_answerer.h"
+#include "tests/support/free_port.h"
+#include "tests/support/owned_window.h"
+#include "tests/support/printers.h"
+
+namespace brontavia::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using Owned = OwnedWindow<FormBAR>;
+
+class FormBARPair : public testing::Test {
+ protected:
+  // ---- For the user's script ----
+
+  void Handshake() {
+    Client.Press(u"CBConLocal"_s);
+    Answer(u"Solicitud de conexión"_s, u"OK"_s);
+    EXPECT_TRUE(Eventually([this] {
+      return Server.Window->findChild<QDialog*>() != nullptr && Client.Window->findChild<QDialog*>() != nullptr;
+    }));
+    AnswerInput(u"Introducir nombre"_s, u"Luis"_s);
+    AnswerInput(u"Asignación del primer turno"_s, u"2"_s);
+    AnswerInput(u"Introducir nombre"_s, u"Ana"_s);
+    AnswerInput(u"Asignación del primer turno"_s, u"1"_s);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(Answer(u"Brontavia"_s, u"OK"_s), u"Coloque sus barcos"_s);
+  }
+
+  void Key(Qt::Key key) {
+    OnGui([this, key] { QTest::keyClick(Server.FG1(), key); });
+  }
+
+  std::int32_t Port = FreePort();
+  Owned Server{Role::Server, Port};
+  Owned Client{Role::Client, Port};
+};
+
+TEST_F(FormBARPair, ShowsTwoGridsAndTheShipsInAFixedWidthBox) {
+  EXPECT_EQ(Server.Window->windowTitle(), u"BRONTAVIA - BATALLA NAVAL"_s);
+  auto* own_fleet = Server.Control<BoardView>(u"FG2"_s);
+  EXPECT_EQ(Server.FG1()->accessibleName(), u"Tablero"_s);
+  EXPECT_EQ(own_fleet->accessibleName(), u"Flota propia"_s);
+  auto* ships = Server.Control<TextBox>(u"TBBarcos"_s);
+  EXPECT_EQ(ships->accessibleName(), u"Barcos"_s);
+  EXPECT_TRUE(QFontInfo(ships->font()).fixedPitch());
+  EXPECT_TRUE(ships->toPlainText().startsWith(u"Faltan por colocar:\nPortaaviones  (5 Casillas)\n"_s));
+  QAccessibleInterface* board = QAccessible::queryAccessibleInterface(Server.FG1());
+  EXPECT_EQ(board->childCount(), 121);
+  EXPECT_EQ(board->child(3)->text(QAccessible::Name), u"C"_s);
+  EXPECT_EQ(board->child(3 * 11 + 2)->text(QAccessible::Name), u"B3 "_s);
+}
+
+TEST_F(FormBARPair, FitsASmallScreenWhileItIsPlayed) {
+  AsUser([this] { Handshake(); });
+  EXPECT_LE(Server.Window->minimumSizeHint().width(), 800);
+  EXPECT_LE(Server.Window->minimumSizeHint().height(), 560);
+}
+
+TEST_F(FormBARPair, IsPlacedByMouseAndByKeys) {
+  AsUser([this] {
+    Handshake();
+    Client.Click({2, 1});
+    EXPECT_TRUE(Eventually([this] { return Client.Text(u"TBEstado"_s) == u"posición inicial fijada"; }));
+    Client.Click({2, 2});
+    EXPECT_TRUE(Client.ComesToShow({2, 2}, u"Destructor"_s));
+    Key(Qt::Key_Right);
+    EXPECT_EQ(Server.Text(u"TBEstado"_s), u"B1 "_s);
+    Key(Qt::Key_Space);
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Server.Text(u"TBEstado"_s), u"Posición inicial borrada"_s);
+    Key(Qt::Key_Return);
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Enter);
+    EXPECT_TRUE(Server.ComesToShow({2, 2}, u"Submarino"_s));
+    Key(Qt::Key_T);
+    EXPECT_TRUE(Server.Text(u"TBMensajes"_s).endsWith(u"Aún faltan barcos por colocar "_s));
+  });
+}
+
+TEST_F(FormBARPair, AsksBeforeItCloses) {
+  AsUser([this] {
+    Client.Close();
+    EXPECT_EQ(Answer(u"Batalla naval"_s, u"Yes"_s),
+              u"¿Está seguro de que desea salir? La partida se dará por terminada y no se podrá reanudar."_s);
+    EXPECT_TRUE(Client.Goes());
+  });
+  EXPECT_EQ(Client.Finished, AfterWindow::Selection);
+}
+
+}  // namespace
+}  // namespace brontavia::test
