@@ -69,10 +69,10 @@ class CopiesTest(unittest.TestCase):
         self.addCleanup(peer.close)
         return peer
 
-    def assert_usable_and_leaves(self, hand):
+    def assert_usable_and_leaves(self, hand, game=three_in_row.GAME):
         """The game's window closes with its question, the selection window comes, SALIR ends the program with 0."""
         hand.close_window()
-        hand.answer_box(three_in_row.GAME.title, handshake.CLOSE_TEXT, "Sí")
+        hand.answer_box(game.title, handshake.CLOSE_TEXT, "Sí")
         handshake.leave(hand)
 
 

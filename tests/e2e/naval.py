@@ -199,7 +199,6 @@ class Side:
         """A line after the log was emptied."""
         self.log = ""
         self.expect_line(line)
-        self.expect_status("")
 
     def expect_log(self, text=None):
         if text is not None:
@@ -434,6 +433,7 @@ class Session:
         second = 1 - first
         self.ask_rematch(first, YES)
         self.sides[second].expect_line_alone(f"Nueva partida.{self.sides[first].name} desea jugar otra partida.")
+        self.sides[second].expect_status("")
         self.ask_rematch(second, YES)
         self.sides[first].expect_line_alone(f"Nueva partida.{self.sides[second].name} desea jugar otra partida.")
         for player in self.sides:

@@ -69,13 +69,13 @@ class Naval(cases.CopiesTest):
         session.click_and_read(_ANA, "A5", naval.START_FIXED)
         session.refuse(_ANA, "B6", naval.diagonal_text("A5"))
         session.refuse(_ANA, "F5", naval.TOO_LONG_TEXT)
-        session.refuse_margin(_ANA, "A2")
         session.click_and_read(_ANA, "A5", naval.START_REMOVED)
-        session.click_and_read(_ANA, "G1", naval.START_FIXED)
-        session.refuse(_ANA, "G5", naval.BLOCKED_TEXT) if False else None
-        session.click_and_read(_ANA, "G1", naval.START_REMOVED)
         session.remove(_ANA, 0, "B1", NO)
-        session.place_all(_ANA, range(2, 7))
+        session.place_all(_ANA, (2, 3))
+        session.click_and_read(_ANA, "H3", naval.START_FIXED)
+        session.refuse(_ANA, "H7", naval.BLOCKED_TEXT)
+        session.click_and_read(_ANA, "H3", naval.START_REMOVED)
+        session.place_all(_ANA, (4, 5, 6))
         session.answer(_ANA, GAME.title, naval.FINISHED_TEXT, NO)
         player.expect_line(naval.CHANGE_LINE)
         session.remove(_ANA, 6, "A9", YES)
@@ -83,6 +83,33 @@ class Naval(cases.CopiesTest):
         session.place(_ANA, 6)
         session.answer(_ANA, GAME.title, naval.FINISHED_TEXT, YES)
         session.send_second(_ANA)
+
+    def fire(self, session):
+        """Hits, the same cell twice, sinkings and water by both; the client wins."""
+        ana, luis = session.sides
+        session.click_and_read(_LUIS, "B3", naval.NOT_YOUR_TURN)
+        for cell in ("E1", "E1", "G5", "G6", "E1"):
+            session.fire(_ANA, cell)
+        for cell in ("G5", "H4", "J10"):
+            ana.expect_described(cell)
+        session.fire(_ANA, "J10")
+        session.click_and_read(_ANA, "J9", naval.NOT_YOUR_TURN)
+        for cell in ("B3", "B9", "A9", "J10"):
+            session.fire(_LUIS, cell)
+        for player in session.sides:
+            player.expect_boards()
+        session.fire(_ANA, "J10")
+        session.sink_rest(_LUIS, keep=("F7",))
+        session.win(_LUIS, "F7")
+
+    def place_again(self, session):
+        """The winner begins, is the first to be ready, and may not fire yet."""
+        session.place_all(_LUIS)
+        session.answer(_LUIS, GAME.title, naval.FINISHED_TEXT, YES)
+        session.send_first(_LUIS)
+        session.refuse(_LUIS, "J10", naval.TOO_EARLY_TEXT)
+        session.place(_ANA, 6)
+        session.sides[_ANA].expect_boards()
 
 
 if __name__ == "__main__":
