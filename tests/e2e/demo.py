@@ -8,12 +8,13 @@ Leaves pictures and transcript.txt in OUTPUT_DIR. Ends with 0 only when everythi
 import pathlib
 import sys
 
+import demo_naval
 import demo_three_in_row
 import handshake
 from hands import KeyHand, MouseHand
 from stage import Stage
 
-GAME_DEMOS = (demo_three_in_row,)
+GAME_DEMOS = (demo_three_in_row, demo_naval)
 
 
 class Demonstration:
