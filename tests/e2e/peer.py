@@ -55,13 +55,17 @@ class Peer:
         assert data == expected, f"expected {expected!r} on the wire, got {data!r}"
 
     @contextlib.contextmanager
-    def expect_one_write(self, expected):
-        """As expect, for what the body brings about; the bytes come in one segment, so they were written at once."""
+    def expect_writes(self, *expected):
+        """What the body brings about: a segment for each of the texts, so that each was written alone and at once."""
         before = self._data_segments()
         yield
-        self.expect(expected)
+        together = b"".join(expected)
+        data = b""
+        while len(data) < len(together) and (part := self._socket.recv(_ANSWER)):
+            data += part
+        assert data == together, f"expected {together!r} on the wire, got {data!r}"
         segments = self._data_segments() - before
-        assert segments == 1, f"{expected!r} came in {segments} writes"
+        assert segments == len(expected), f"{expected!r} came in {segments} writes"
 
     def _data_segments(self):
         info = self._socket.getsockopt(socket.IPPROTO_TCP, socket.TCP_INFO, _TCP_INFO_SIZE)

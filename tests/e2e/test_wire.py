@@ -65,7 +65,7 @@ class Wire(cases.CopiesTest):
             peer.send(b"Jug|-1|%d" % others)
             hand.copy.expect_text("TBEstado", three_in_row.PLACE)
         # Both leave before the box is answered, and in one write.
-        with peer.expect_one_write(b"Jug|-1|2Haganado|%d" % player):
+        with peer.expect_writes(b"Jug|-1|2Haganado|%d" % player):
             hand.click_cell(2)
         hand.answer_box(three_in_row.WIN_TITLE, three_in_row.WIN_TEXT)
         hand.click_cell(5)
