@@ -213,7 +213,8 @@ class Side:
             wait_for_value(f"{board} of {self.name}", lambda: shown(self.copy, board), expected)
 
     def expect_ships_to_place(self):
-        lines = [f"{name:13} ({length} Casillas)" for ship, (name, length) in enumerate(SHIPS) if ship not in self.placed]
+        missing = [SHIPS[ship] for ship in range(7) if ship not in self.placed]
+        lines = [f"{name:13} ({length} Casillas)" for name, length in missing]
         self.copy.expect_text("TBBarcos", "\n".join(["Faltan por colocar:", *lines, ""]))
 
     def expect_described(self, cell):

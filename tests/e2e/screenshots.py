@@ -8,10 +8,11 @@ import sys
 import tempfile
 
 import handshake
+import naval
 import screen
 import three_in_row
 from driver import Copy, free_port
-from hands import KeyHand
+from hands import YES, KeyHand
 
 # The colours of Breeze Dark in the file from which Qt's KDE theme takes its palette.
 _DARK_COLOURS = """\
@@ -64,15 +65,16 @@ class Album:
     def __init__(self, binary, folder, look, environment):
         self._folder = folder
         self._look = look
-        port = str(free_port())
-        copies = []
-        try:
-            for _ in range(2):
-                copies.append(Copy(binary, port, environment))
-            self._fill(*(KeyHand(copy) for copy in copies))
-        finally:
-            for copy in copies:
-                copy.end()
+        for fill in (self._from_start_to_rematch, self._naval_battle):
+            port = str(free_port())
+            copies = []
+            try:
+                for _ in range(2):
+                    copies.append(Copy(binary, port, environment))
+                fill(*(KeyHand(copy) for copy in copies))
+            finally:
+                for copy in copies:
+                    copy.end()
 
     def _take(self, hand, name):
         """The main window of a copy, with the box that is open over it."""
@@ -84,7 +86,7 @@ class Album:
         screen.picture_of(window, path)
         print(path, flush=True)
 
-    def _fill(self, server, client):
+    def _from_start_to_rematch(self, server, client):
         game = three_in_row.GAME
         self._take(server, "start")
         server.focus_on_button(handshake.SERVER_BUTTON)
@@ -113,6 +115,34 @@ class Album:
         client.click_cell(4)
         client.copy.box(game.title)
         self._take(client, "rematch")
+
+    def _naval_battle(self, server, client):
+        game = naval.GAME
+        handshake.open_game(server, True, game)
+        handshake.open_game(client, False, game)
+        self._take(client, "naval_client_frame")
+        handshake.shake_hands(server, client, game, _SERVER, _CLIENT)
+        session = naval.Session(server, client, 0, _SERVER, _CLIENT)
+        session.start_placing()
+        session.place_all(0, range(5))
+        session.click_and_read(0, "E7", naval.START_FIXED)
+        self._take(server, "naval_placing")
+        session.place_all(1)
+        session.answer(1, game.title, naval.FINISHED_TEXT, YES)
+        session.send_first(1)
+        session.click_and_read(0, "E7", naval.START_REMOVED)
+        session.place_all(0, (5, 6))
+        server.copy.box(game.title)
+        self._take(server, "naval_finished")
+        session.answer(0, game.title, naval.FINISHED_TEXT, YES)
+        session.send_second(0)
+        for side, cells in ((0, ("E1", "G5", "J10")), (1, ("B3", "A9", "B9", "H9")), (0, ("G6",))):
+            for cell in cells:
+                session.fire(side, cell)
+        self._take(server, "naval_mid_battle")
+        server.move_to_cell(naval.number_of("H4"))
+        server.focus_on("TBBarcos")
+        self._take(server, "naval_focus_elsewhere")
 
 
 def main(binary, output):
