@@ -60,7 +60,8 @@ bool BoardModel::IsHeader(CellIndex cell) const {
 
 std::size_t BoardModel::Position(CellIndex cell) const {
   if (!Holds(cell)) throw std::out_of_range("cell outside the board");
-  return static_cast<std::size_t>(cell.Row * shape_.Columns + cell.Column);
+  return static_cast<std::size_t>(cell.Row) * static_cast<std::size_t>(shape_.Columns) +
+         static_cast<std::size_t>(cell.Column);
 }
 
 }  // namespace brontavia

@@ -29,7 +29,8 @@ class Screen {
 
   virtual void Beep() = 0;
 
-  // Plays a file that lies beside the executable, in place of what `player` is playing. What cannot be played is silent.
+  // Plays a file that lies beside the executable, in place of what `player` is playing. What cannot be played is
+  // silent.
   virtual void PlaySound(Player player, const QString& file) = 0;
 };
 

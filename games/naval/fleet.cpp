@@ -114,7 +114,7 @@ FleetReading ReadFleet(std::u16string_view data) {
     const int index = data[0] - kWireShipZero - 1;
     if (index < 0 || index >= kShipsPerFleet || read.at(static_cast<std::size_t>(index))) return reading;
     ShipRecord& ship = reading.Ships.at(static_cast<std::size_t>(index));
-    ship = fresh.at(static_cast<std::size_t>(index + 1 + kEnemyOffset));
+    ship = fresh.at(static_cast<std::size_t>(index) + 1 + kEnemyOffset);
     ship.Start = {.Column = CoordinateOf(data[1]), .Row = CoordinateOf(data[2])};
     ship.End = {.Column = CoordinateOf(data[3]), .Row = CoordinateOf(data[4])};
     reading.BadCell = IsOnGrid(ship.Start) ? ship.End : ship.Start;

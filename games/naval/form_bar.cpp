@@ -1,6 +1,7 @@
 #include "games/naval/form_bar.h"
 
 #include <QFontDatabase>
+#include <QTextOption>
 #include <algorithm>
 
 #include "ui/text_box.h"
@@ -56,7 +57,9 @@ void NavalPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& 
   painter.setFont(font);
   painter.setPen(TextColourOf(look));
   const QString shown = QFontMetrics(font).elidedText(look.Text, Qt::ElideRight, static_cast<int>(room.width()));
-  painter.drawText(room, (look.Header ? Qt::AlignHCenter : Qt::AlignLeft) | Qt::AlignVCenter, shown);
+  QTextOption option(look.Header ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
+  option.setWrapMode(QTextOption::NoWrap);
+  painter.drawText(room, shown, option);
 }
 
 FormBAR::FormBAR(ProcessValues& values)

@@ -56,7 +56,7 @@ class NavalBoard {
 
   PlacementOutcome ClickToPlace(Coordinate cell);
   void ErasePendingStart() { pending_start_ = {}; }
-  // Takes own ship `number` (1..7) off; returns the cells that are free now. Nothing happens for 0.
+  // Takes own ship `number` (1..7, placed) off; returns the cells that are free now. Nothing happens for 0.
   std::vector<Coordinate> RemoveShip(int number);
 
   // True when every cell on the straight line from `start` to `end`, both included, is free. True for a diagonal, which

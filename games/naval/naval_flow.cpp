@@ -70,9 +70,9 @@ NavalFlow::NavalFlow(const Seams& seams, unsigned seed)
     : GameFlow(kFormBAR, seams, seed),
       fg1_(GridShape(kLargeCell), [this](CellIndex cell) { return DescribeCell(cell); }),
       fg2_(GridShape(kSmallCell), [this](CellIndex cell) { return DescribeOwnCell(cell); }) {
-  On(message::kPlaced, [this](const QString& data) { FleetReceived(data); });
+  On(message::kPlaced, [this](const QString& data) { ReceiveFleet(data); });
   On(message::kReady, [this](const QString&) { OpponentReady(); });
-  On(message::kMove, [this](const QString& payload) { ShotReceived(payload); });
+  On(message::kMove, [this](const QString& payload) { ReceiveShot(payload); });
   On(message::kWon, [this](const QString&) { Lost(); });
   connect(&fg1_, &BoardModel::CurrentCellChanged, this, [this](CellIndex /*previous*/, CellIndex current) {
     RunUserAction([this, current] { SetStatus(DescribeCell(current)); });
@@ -255,7 +255,7 @@ void NavalFlow::OpponentReady() {
   }
 }
 
-void NavalFlow::FleetReceived(const QString& data) {
+void NavalFlow::ReceiveFleet(const QString& data) {
   receiving_fleet_ = true;
   const FleetReading reading = ReadFleet(Characters(data));
   if (reading.BadBlock) {
@@ -321,7 +321,7 @@ void NavalFlow::Win() {
   AddPoint(OwnPlayer());
 }
 
-void NavalFlow::ShotReceived(const QString& payload) {
+void NavalFlow::ReceiveShot(const QString& payload) {
   if (session_.GameOver) return;
   const auto shot = ReadShot(Characters(payload));
   if (!shot) throw MalformedMessage("no shot at this sea");

@@ -54,7 +54,7 @@ class NavalFlow : public GameFlow {
   void SendFleet();
 
   // ---- Exchange ----
-  void FleetReceived(const QString& data);
+  void ReceiveFleet(const QString& data);
   void OpponentReady();
   [[nodiscard]] bool BothReady() const { return ready_flags_[0] && ready_flags_[1]; }
   void BeginFiring();
@@ -63,14 +63,14 @@ class NavalFlow : public GameFlow {
   void FireShot(Coordinate cell);
   void ShipHit(const ShotOutcome& outcome);
   void Win();
-  void ShotReceived(const QString& payload);
+  void ReceiveShot(const QString& payload);
   QString HitReport(const ShotOutcome& outcome);
   void Lost();
   void ShowFleetStatus();
 
   // ---- What the grids show ----
   void ShowOwnFleet();
-  void EmptyGrid(BoardModel& grid);
+  static void EmptyGrid(BoardModel& grid);
   // What TBEstado says of a cell of FG1, and a screen reader too.
   [[nodiscard]] QString DescribeCell(CellIndex cell) const;
   [[nodiscard]] QString DescribeOwnCell(CellIndex cell) const;

@@ -22,12 +22,12 @@ void BarCopy::Click(Coordinate cell) {
   Flow.BoardClicked(index);
 }
 
-const CellContent& BarCopy::FG1(const QString& name) const {
+CellContent BarCopy::FG1(const QString& name) const {
   const Coordinate cell = CellNamed(name);
   return Flow.FG1().Cell({.Row = cell.Row, .Column = cell.Column});
 }
 
-const CellContent& BarCopy::FG2(const QString& name) const {
+CellContent BarCopy::FG2(const QString& name) const {
   const Coordinate cell = CellNamed(name);
   return Flow.FG2().Cell({.Row = cell.Row, .Column = cell.Column});
 }

@@ -17,8 +17,8 @@ struct BarCopy : GameCopy<NavalFlow> {
   // As the window does: makes the cell of FG1 current and clicks it.
   void Click(Coordinate cell);
   void Click(const QString& name) { Click(CellNamed(name)); }
-  [[nodiscard]] const CellContent& FG1(const QString& name) const;
-  [[nodiscard]] const CellContent& FG2(const QString& name) const;
+  [[nodiscard]] CellContent FG1(const QString& name) const;
+  [[nodiscard]] CellContent FG2(const QString& name) const;
   // Clicks both ends of all seven ships of the test fleet. The question whether that is all is the test's.
   void PlaceFleet();
 };

@@ -45,7 +45,7 @@ TEST_F(Board, KeepsItsProportionsAndTheMiddleWhateverItsSize) {
   const QRect first = View.CellRect({0, 0});
   const QRect last = View.CellRect({2, 3});
   const QRect board = first.united(last);
-  EXPECT_NEAR(board.width() / 4, board.height() / 4, 1) << "four columns of 600 twips, three rows of 800";
+  EXPECT_NEAR(board.width(), board.height(), 3) << "four columns of 600 twips, three rows of 800";
   EXPECT_NEAR(board.center().x(), 0.5 * View.width(), 1);
   EXPECT_EQ(View.CellAt(first.center()), (CellIndex{0, 0}));
   EXPECT_EQ(View.CellAt(last.bottomRight()), (CellIndex{2, 3}));
@@ -135,10 +135,10 @@ TEST_F(BoardWithHeaders, HeadersHaveTheirOwnSize) {
   // 2500 x 2300 twips in 700 x 500 pixels: the height decides.
   const QRect corner = View.CellRect({0, 0});
   const QRect cell = View.CellRect({2, 2});
-  EXPECT_NEAR(corner.height(), 500 * 500 / 2300, 1);
+  EXPECT_NEAR(corner.height(), 500.0 / 2300 * 500, 1);
   EXPECT_NEAR(corner.width(), corner.height(), 1);
-  EXPECT_NEAR(cell.height(), 500 * 600 / 2300, 1);
-  EXPECT_NEAR(cell.width(), 500 * 1000 / 2300, 1);
+  EXPECT_NEAR(cell.height(), 500.0 / 2300 * 600, 1);
+  EXPECT_NEAR(cell.width(), 500.0 / 2300 * 1000, 1);
 }
 
 TEST_F(BoardWithHeaders, HeadersAreNeverCurrentAndTakeNoClicks) {
