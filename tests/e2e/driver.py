@@ -11,7 +11,7 @@ import subprocess
 import tempfile
 
 import pyatspi
-from gi.repository import Atspi
+from gi.repository import Atspi, GLib
 
 import screen
 from tree import BOX_ROLES, extents_of, find_below, has_state, is_showing, label_of, text_of
@@ -62,6 +62,7 @@ class Copy:
             [executable], cwd="/", stderr=self._errors, env={**os.environ, **(environment or {})}
         )
         self.pid = self._process.pid
+        self._controls = {}
         try:
             self._application = wait_until("the program to reach the accessibility bus", self._find_application)
         except BaseException:
@@ -145,7 +146,19 @@ class Copy:
 
     def control(self, name):
         """A control by its name in the program, such as "TBEstado", once it is on the screen."""
-        return wait_until(f"the control {name}", lambda: self.find(*CONTROLS[name]))
+        return wait_until(f"the control {name}", lambda: self._known(name) or self._find_anew(name))
+
+    def _known(self, name):
+        """Where the control was seen last, if it is still on the screen: a walk through the tree takes far longer."""
+        control = self._controls.get(name)
+        try:
+            return control if control and is_showing(control) else None
+        except (GLib.Error, LookupError):
+            return None
+
+    def _find_anew(self, name):
+        self._controls[name] = self.find(*CONTROLS[name])
+        return self._controls[name]
 
     def shows(self, name):
         return self.find(*CONTROLS[name]) is not None
