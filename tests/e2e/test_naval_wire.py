@@ -67,8 +67,7 @@ class NavalWire(cases.CopiesTest):
     def test_defeat_in_one_read(self):
         """The peer's last shot and "Haganado|" come together: the shot no longer counts."""
         hand, peer = self.server_session()
-        peer.send(FLEET)
-        peer.send(b"Listo|")
+        peer.send(FLEET + b"Listo|")  # as a copy reads them that was busy when they came
         with peer.expect_writes(FLEET, b"Listo|"):
             self.place(hand, YES)
         hand.answer_box(handshake.NO_TITLE, naval.READY_TEXTS[True])
