@@ -48,8 +48,8 @@ inline constexpr Message kRematchNo{u"Seguir|No", 1, kRematchYes.Token};
 // Naval battle, for every shot: column, row and "A" (water) or "I" (hit), one character each.
 inline constexpr Message kMove{u"Jug|", 5};
 
-// "Datos|" + everything that the player has placed. Either side, once it is complete; "Listo|" follows as a read of its
-// own. Naval battle: seven blocks of five characters, one a ship.
+// "Datos|" + everything that the player has placed. Either side, once it is complete; "Listo|" follows when the peer's
+// TCP has acknowledged it, so normally as a read of its own. Naval battle: seven blocks of five characters, one a ship.
 inline constexpr Message kPlaced{u"Datos|", 7};
 
 // "Listo|". Either side, right after its "Datos|" has certainly arrived: it is ready.

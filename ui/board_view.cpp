@@ -97,7 +97,7 @@ void BoardView::paintEvent(QPaintEvent* /*event*/) {
                       .Text = model_.Cell(cell).Text,
                       .ForeColour = ColourOf(model_.Cell(cell).ForeColour),
                       .BackColour = ColourOf(model_.Cell(cell).BackColour),
-                      .Current = cell == model_.CurrentCell(),
+                      .Current = cell == model_.CurrentCell() && (hasFocus() || !cursor_needs_focus_),
                       .Header = model_.IsHeader(cell),
                       .Palette = palette()});
     }

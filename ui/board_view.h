@@ -22,6 +22,9 @@ class BoardView : public QWidget {
   [[nodiscard]] QRect CellRect(CellIndex cell) const;
   [[nodiscard]] std::optional<CellIndex> CellAt(QPoint position) const;
 
+  // The current cell looks like any other while the board does not have the focus.
+  void ShowCursorOnlyWithFocus() { cursor_needs_focus_ = true; }
+
   // Makes `cell` current and clicks it. A header takes no clicks.
   void Click(CellIndex cell);
 
@@ -56,6 +59,7 @@ class BoardView : public QWidget {
   std::vector<int> column_edges_;
   std::vector<int> row_edges_;
   std::optional<CellIndex> pressed_;
+  bool cursor_needs_focus_ = false;
 };
 
 }  // namespace brontavia

@@ -11,13 +11,19 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kShipLines = 10;  // title, headings, seven ships and the last line break
+constexpr int kShipLines = 10;   // title, headings, seven ships and the last line break
+constexpr int kMostLetters = 2;  // of a letter, a number or a mark; longer texts are words
+constexpr qreal kWordHeight = 0.29;
+constexpr qreal kLetterHeight = 0.5;
 constexpr int kSmallestText = 8;
 constexpr int kLargestText = 24;
 constexpr qreal kTextInset = 2;
 
+// White has the better contrast on blue, black on red.
+constexpr int kDark = 64;
+
 // Black or white, whichever stands out more against `background`.
-QColor ReadableOn(const QColor& background) { return qGray(background.rgb()) < 128 ? Qt::white : Qt::black; }
+QColor ReadableOn(const QColor& background) { return qGray(background.rgb()) < kDark ? Qt::white : Qt::black; }
 
 QColor BackgroundOf(const CellLook& look) {
   if (look.Current) return look.Palette.color(QPalette::Highlight);
@@ -31,12 +37,10 @@ QColor TextColourOf(const CellLook& look) {
   return look.Palette.color(look.Header ? QPalette::ButtonText : QPalette::Text);
 }
 
-// `font` in the largest size that shows `text` whole, or in the smallest that can be read.
-QFont FittingFont(QFont font, const QString& text, const QRectF& room) {
-  int size = std::clamp(static_cast<int>(room.height() / 2), kSmallestText, kLargestText);
-  do {
-    font.setPixelSize(size);
-  } while (QFontMetricsF(font).horizontalAdvance(text) > room.width() && --size >= kSmallestText);
+// One size for all words and one for all letters, so that no cell stands out by its length.
+QFont FontFor(QFont font, const QString& text, const QRectF& area) {
+  const qreal part = text.size() > kMostLetters ? kWordHeight : kLetterHeight;
+  font.setPixelSize(std::clamp(static_cast<int>(area.height() * part), kSmallestText, kLargestText));
   return font;
 }
 
@@ -53,7 +57,7 @@ void NavalPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& 
   }
   if (look.Text.isEmpty()) return;
   const QRectF room = area.adjusted(kTextInset, 0, -kTextInset, 0);
-  const QFont font = FittingFont(painter.font(), look.Text, room);
+  const QFont font = FontFor(painter.font(), look.Text, area);
   painter.setFont(font);
   painter.setPen(TextColourOf(look));
   const QString shown = QFontMetrics(font).elidedText(look.Text, Qt::ElideRight, static_cast<int>(room.width()));
@@ -71,6 +75,7 @@ FormBAR::FormBAR(ProcessValues& values)
   board_->setAccessibleName(u"Tablero"_s);
   own_fleet_->setObjectName(u"FG2"_s);
   own_fleet_->setAccessibleName(u"Flota propia"_s);
+  own_fleet_->ShowCursorOnlyWithFocus();  // nothing is chosen there, and it would look like a shot
   TextBox* ships = AddTextBox(Box::TBBarcos, u"TBBarcos"_s, u"Barcos"_s, 0);
   ships->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   ships->SetMinimumLines(kShipLines);

@@ -401,7 +401,8 @@ QString NavalFlow::DescribeOwnCell(CellIndex cell) const {
   const Coordinate place = CellOf(cell);
   const int code = board_.OwnBoard(place);
   QString description = CellName(place) + u' ';
-  if (code >= 1 && code <= kShipsPerFleet) description += Name(code);
+  const bool shown = !fg2_.Cell(cell).Text.isEmpty();
+  if (shown && code >= 1 && code <= kShipsPerFleet) description += Name(code);
   if (fg2_.Cell(cell).BackColour == kHitColour) description += u" Impacto";
   return description;
 }
