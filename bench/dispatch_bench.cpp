@@ -51,9 +51,9 @@ class BlindScreen : public Screen {
  public:
   void SetCaption(const QString& caption) override { Take(caption); }
   void ShowFrame(Frame /*frame*/, bool /*visible*/) override {}
-  void SetStatus(const QString& text) override { Take(text); }
+  void SetText(Box /*box*/, const QString& text) override { Take(text); }
   void AddMessage(const QString& line) override { Take(line); }
-  void ClearMessages() override {}
+  void PlaySound(Player /*player*/, const QString& /*file*/) override {}
   void Beep() override {}
 
  private:
