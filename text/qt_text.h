@@ -13,6 +13,8 @@ inline std::u16string_view Characters(QStringView text) {
   return {text.utf16(), static_cast<std::size_t>(text.size())};
 }
 
+inline QString ToQString(std::u16string_view text) { return QStringView(text).toString(); }
+
 double Val(QStringView text);
 
 // A copy of `text` without the blanks at its two ends.

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "games/coordinate.h"
+
 namespace brontavia {
 
 inline constexpr int kSeaSide = 10;
@@ -14,14 +16,7 @@ inline constexpr int kShipsPerFleet = 7;
 inline constexpr int kLongestShip = 5;
 inline constexpr int kEnemyOffset = 10;  // entry k + 10 of FleetTable is the opponent's ship k
 
-// A cell of the sea: column and row 1..10, written "A1".."J10". (0, 0) is no cell.
-struct Coordinate {
-  int Column = 0;
-  int Row = 0;
-  friend bool operator==(const Coordinate&, const Coordinate&) = default;
-};
-
-// True when column and row are 1..10.
+// A cell of the sea has column and row 1..10: true when they are.
 bool IsOnGrid(int column, int row);
 inline bool IsOnGrid(Coordinate cell) { return IsOnGrid(cell.Column, cell.Row); }
 

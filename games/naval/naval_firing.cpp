@@ -1,4 +1,5 @@
 // NavalFlow from the first shot to the end of a battle.
+#include "games/cell_name.h"
 #include "games/naval/naval_flow.h"
 #include "games/naval/sea_display.h"
 #include "text/qt_text.h"

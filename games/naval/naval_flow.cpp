@@ -1,5 +1,6 @@
 #include "games/naval/naval_flow.h"
 
+#include "games/cell_name.h"
 #include "games/naval/sea_display.h"
 #include "text/qt_text.h"
 

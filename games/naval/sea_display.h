@@ -1,9 +1,7 @@
-// Cells of the sea as grids and texts show them.
+// Cells of the sea as grids show them.
 #pragma once
 
-#include <QString>
-
-#include "games/naval/fleet.h"
+#include "games/coordinate.h"
 #include "ui/board_model.h"
 
 namespace brontavia {
@@ -14,11 +12,5 @@ inline constexpr ColourValue kHitColour = 0x0000FF;    // red
 inline CellIndex IndexOf(Coordinate cell) { return {.Row = cell.Row, .Column = cell.Column}; }
 
 inline Coordinate CellOf(CellIndex index) { return {.Column = index.Column, .Row = index.Row}; }
-
-inline QChar ColumnLetter(int column) { return QChar(u'A' + column - 1); }
-
-inline QString CellName(Coordinate cell) { return ColumnLetter(cell.Column) + QString::number(cell.Row); }
-
-inline QString ToQString(std::u16string_view text) { return QStringView(text).toString(); }
 
 }  // namespace brontavia

@@ -12,10 +12,6 @@ const std::array<ShipEnds, kShipsPerFleet> kTestFleet{{{u"A1"_s, u"E1"_s},
                                                        {u"E7"_s, u"F7"_s},
                                                        {u"A9"_s, u"B9"_s}}};
 
-Coordinate CellNamed(const QString& name) {
-  return {.Column = name.at(0).unicode() - u'A' + 1, .Row = name.mid(1).toInt()};
-}
-
 void BarCopy::Click(Coordinate cell) {
   const CellIndex index{.Row = cell.Row, .Column = cell.Column};
   Flow.FG1().SetCurrentCell(index);

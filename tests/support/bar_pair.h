@@ -4,12 +4,10 @@
 #include <array>
 
 #include "games/naval/naval_flow.h"
+#include "tests/support/cell_named.h"
 #include "tests/support/game_pair.h"
 
 namespace brontavia::test {
-
-// "C7" as a cell.
-Coordinate CellNamed(const QString& name);
 
 struct BarCopy : GameCopy<NavalFlow> {
   using GameCopy::GameCopy;
