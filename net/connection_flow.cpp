@@ -192,6 +192,12 @@ QString ConnectionFlow::Ask(const QString& prompt, const QString& title, const Q
   return seams_.Dialogs.InputBox(prompt, title, proposal);
 }
 
+std::optional<int> ConnectionFlow::PopUp(const QString& menu, const QList<MenuItem>& items) {
+  seams_.Connection.Flush();
+  const Counted open(open_boxes_and_waits_);
+  return seams_.Dialogs.PopUpMenu(menu, items);
+}
+
 void ConnectionFlow::RunUserAction(const std::function<void()>& handler) {
   if (open_boxes_and_waits_ == 0) guard_.Run(handler);
 }

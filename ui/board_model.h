@@ -31,10 +31,15 @@ struct BoardShape {
   int HeaderSize = 1;  // height of the header row and width of the header column
 };
 
+// What a game marks on a board besides what stands there.
+enum class Mark { Selected = 1 };
+Q_DECLARE_FLAGS(Marks, Mark)
+
 struct CellContent {
   QString Text;
   ColourValue ForeColour = kDefaultColour;
   ColourValue BackColour = kDefaultColour;
+  brontavia::Marks Marks;
   friend bool operator==(const CellContent&, const CellContent&) = default;
 };
 

@@ -29,6 +29,7 @@ QColor ColourOf(ColourValue value) {
 BoardView::BoardView(BoardModel& model, const CellPainter& painter, QWidget* parent)
     : QWidget(parent), model_(model), painter_(painter) {
   setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   const QSize smallest = SizeInTwips(model_.Shape()) / kTwipsPerPixel;
   setMinimumSize(smallest.grownBy(QMargins(kMargin, kMargin, kMargin, kMargin)));
@@ -84,6 +85,11 @@ std::optional<CellIndex> BoardView::CellAt(QPoint position) const {
   return std::nullopt;
 }
 
+QVariant BoardView::inputMethodQuery(Qt::InputMethodQuery query) const {
+  if (query == Qt::ImCursorRectangle) return CellRect(model_.CurrentCell());
+  return QWidget::inputMethodQuery(query);
+}
+
 // ---- Drawing ----
 
 void BoardView::paintEvent(QPaintEvent* /*event*/) {
@@ -97,6 +103,7 @@ void BoardView::paintEvent(QPaintEvent* /*event*/) {
                       .Text = model_.Cell(cell).Text,
                       .ForeColour = ColourOf(model_.Cell(cell).ForeColour),
                       .BackColour = ColourOf(model_.Cell(cell).BackColour),
+                      .Marks = model_.Cell(cell).Marks,
                       .Current = cell == model_.CurrentCell() && (hasFocus() || !cursor_needs_focus_),
                       .Header = model_.IsHeader(cell),
                       .Palette = palette()});
@@ -140,6 +147,10 @@ void BoardView::mouseReleaseEvent(QMouseEvent* event) {
   const auto released = CellAt(event->position().toPoint());
   const auto pressed = std::exchange(pressed_, std::nullopt);
   if (released && released == pressed) Click(*released);
+}
+
+void BoardView::mouseMoveEvent(QMouseEvent* event) {
+  if (const auto cell = CellAt(event->position().toPoint())) emit PointerMoved(*cell);
 }
 
 void BoardView::keyPressEvent(QKeyEvent* event) {

@@ -29,9 +29,13 @@ class BoardView : public QWidget {
   void Click(CellIndex cell);
 
   [[nodiscard]] QSize sizeHint() const override;
+  // The cursor of the board is its current cell.
+  [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  signals:
   void CellClicked(brontavia::CellIndex cell);
+  // The pointer has moved over a cell, headers included.
+  void PointerMoved(brontavia::CellIndex cell);
   // A key (Qt::Key) that the board itself has no use for.
   void KeyPressed(int key);
 
@@ -39,6 +43,7 @@ class BoardView : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;

@@ -15,6 +15,7 @@ struct CellLook {
   QString Text;
   QColor ForeColour;  // invalid: the board's default
   QColor BackColour;  // invalid: the board's default
+  brontavia::Marks Marks;
   bool Current = false;
   bool Header = false;
   QPalette Palette;

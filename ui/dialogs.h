@@ -1,12 +1,19 @@
 // The platform's dialogs, seen from a flow. WidgetDialogs shows them; tests answer from a script.
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <optional>
 
 namespace brontavia {
 
 enum class Buttons { Ok, OkCancel, YesNo };
 enum class Button { Ok, Cancel, Yes, No };
+
+struct MenuItem {
+  QString Caption;
+  bool Visible = true;  // a hidden item cannot be chosen, but counts
+};
 
 class Dialogs {
  public:
@@ -23,7 +30,11 @@ class Dialogs {
   // Asks for one line. Meanwhile other events are handled. Returns what was typed, unchanged; empty when cancelled.
   virtual QString InputBox(const QString& prompt, const QString& title, const QString& proposal) = 0;
 
-  // Closes every box that is open, as if it had been cancelled.
+  // Pops up the menu `name` at the cursor until an item is chosen or the menu is dismissed; meanwhile other events are
+  // handled. Returns the index of the item, or nothing.
+  virtual std::optional<int> PopUpMenu(const QString& name, const QList<MenuItem>& items) = 0;
+
+  // Closes every box and menu that is open, as if it had been cancelled.
   virtual void CloseAll() = 0;
 };
 

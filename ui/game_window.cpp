@@ -31,11 +31,11 @@ void AddCaption(QBoxLayout& layout, QWidget& control) {
 
 }  // namespace
 
-GameWindow::GameWindow(const WindowTraits& window)
+GameWindow::GameWindow(const WindowTraits& window, TextsAt texts)
     : dialogs_(*this),
       server_frame_(MakeServerFrame()),
       client_frame_(MakeClientFrame(window)),
-      game_frame_(MakeGameFrame()),
+      game_frame_(MakeGameFrame(texts)),
       announcer_(new Announcer(this)) {
   setObjectName(window.Window.toString());
   auto* layout = new QVBoxLayout(this);
@@ -100,20 +100,31 @@ QGroupBox* GameWindow::MakeClientFrame(const WindowTraits& window) {
   return frame;
 }
 
-QGroupBox* GameWindow::MakeGameFrame() {
+QGroupBox* GameWindow::MakeGameFrame(TextsAt texts) {
   auto* frame = new QGroupBox;
   frame->setObjectName(u"FrJuego"_s);
-  auto* columns = new QHBoxLayout(frame);
   board_column_ = new QVBoxLayout;
   text_column_ = new QVBoxLayout;
-  columns->addLayout(board_column_, kBoardStretch);
-  columns->addLayout(text_column_, kTextStretch);
+  auto* status_column = new QVBoxLayout;
+  if (texts == TextsAt::Right) {
+    auto* columns = new QHBoxLayout(frame);
+    columns->addLayout(board_column_, kBoardStretch);
+    columns->addLayout(text_column_, kTextStretch);
+    board_column_->addLayout(status_column);
+  } else {
+    auto* rows = new QVBoxLayout(frame);
+    auto* boxes = new QHBoxLayout;
+    rows->addLayout(board_column_, 1);
+    rows->addLayout(boxes);
+    boxes->addLayout(status_column, 1);
+    boxes->addLayout(text_column_, 1);
+  }
   auto* status = new TextBox(u"TBEstado"_s, u"Estado"_s);
   status->SetMinimumLines(kStatusLines);
-  status->setFixedHeight(status->minimumHeight());
+  if (texts == TextsAt::Right) status->setFixedHeight(status->minimumHeight());
   boxes_[Box::TBEstado] = status;
-  AddCaption(*board_column_, *status);
-  board_column_->addWidget(status);
+  AddCaption(*status_column, *status);
+  status_column->addWidget(status);
   AddTextBox(Box::TBMensajes, u"TBMensajes"_s, u"Mensajes"_s, 1);
   return frame;
 }

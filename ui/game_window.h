@@ -20,11 +20,14 @@ class Announcer;
 class BoardView;
 class TextBox;
 
+// Where the text boxes stand: a wide board needs the whole width of the window.
+enum class TextsAt { Right, Below };
+
 class GameWindow : public QWidget, protected Screen {
   Q_OBJECT
 
  public:
-  explicit GameWindow(const WindowTraits& window);
+  explicit GameWindow(const WindowTraits& window, TextsAt texts = TextsAt::Right);
 
   // Once the window shows: starts its connection.
   void Load();
@@ -56,7 +59,7 @@ class GameWindow : public QWidget, protected Screen {
 
   static QGroupBox* MakeServerFrame();
   static QGroupBox* MakeClientFrame(const WindowTraits& window);
-  QGroupBox* MakeGameFrame();
+  QGroupBox* MakeGameFrame(TextsAt texts);
 
   TcpConnection connection_;
   WidgetDialogs dialogs_;

@@ -91,7 +91,27 @@ QString WidgetDialogs::InputBox(const QString& prompt, const QString& title, con
   return Run(*box) == QDialog::Accepted ? box->textValue() : QString();
 }
 
+std::optional<int> WidgetDialogs::PopUpMenu(const QString& name, const QList<MenuItem>& items) {
+  const auto menu = std::make_unique<QMenu>(&parent_);
+  menu_ = menu.get();
+  menu->setObjectName(name);
+  QAction* first = nullptr;
+  for (const MenuItem& item : items) {
+    QAction* action = menu->addAction(item.Caption);
+    action->setVisible(item.Visible);
+    action->setEnabled(item.Visible);
+    if (first == nullptr && item.Visible) first = action;
+  }
+  menu->setActiveAction(first);  // so that Enter chooses without an arrow key
+  const QWidget& focus = parent_.focusWidget() == nullptr ? parent_ : *parent_.focusWidget();
+  const QRect cursor = focus.inputMethodQuery(Qt::ImCursorRectangle).toRect();
+  const auto chosen = menu->actions().indexOf(menu->exec(focus.mapToGlobal(cursor.center())));
+  if (chosen < 0) return std::nullopt;
+  return static_cast<int>(chosen);
+}
+
 int WidgetDialogs::Run(QDialog& dialog) {
+  if (menu_) menu_->close();  // it would keep keys and mouse from the box
   open_.append(&dialog);
   const int result = dialog.exec();
   open_.removeAll(&dialog);
@@ -99,6 +119,7 @@ int WidgetDialogs::Run(QDialog& dialog) {
 }
 
 void WidgetDialogs::CloseAll() {
+  if (menu_) menu_->close();
   for (const auto& dialog : QList(open_)) {
     if (dialog) dialog->reject();
   }

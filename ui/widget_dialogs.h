@@ -1,8 +1,9 @@
-// The dialogs on screen. Every text is shown as plain text.
+// The dialogs and pop-up menus on screen. Every text is shown as plain text.
 #pragma once
 
 #include <QDialog>
 #include <QList>
+#include <QMenu>
 #include <QPointer>
 
 #include "ui/dialogs.h"
@@ -16,6 +17,8 @@ class WidgetDialogs : public Dialogs {
 
   Button MessageBox(const QString& text, const QString& title, Buttons buttons) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& proposal) override;
+  // At the cursor of the widget that has the focus.
+  std::optional<int> PopUpMenu(const QString& name, const QList<MenuItem>& items) override;
   void CloseAll() override;
 
  private:
@@ -24,6 +27,7 @@ class WidgetDialogs : public Dialogs {
 
   QWidget& parent_;
   QList<QPointer<QDialog>> open_;
+  QPointer<QMenu> menu_;
 };
 
 }  // namespace brontavia

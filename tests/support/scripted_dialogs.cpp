@@ -21,7 +21,7 @@ void ScriptedDialogs::Expect(const QString& title, const QString& text, Button a
 
 void ScriptedDialogs::ExpectInput(const QString& title, const QString& prompt, const QString& proposal,
                                   const QString& answer, Meanwhile meanwhile) {
-  script_.push_back({.Input = true,
+  script_.push_back({.Is = Kind::Input,
                      .Title = title,
                      .Text = prompt,
                      .Proposal = proposal,
@@ -29,8 +29,14 @@ void ScriptedDialogs::ExpectInput(const QString& title, const QString& prompt, c
                      .While = std::move(meanwhile)});
 }
 
+void ScriptedDialogs::ExpectMenu(const QString& name, const QStringList& captions, const QString& chosen,
+                                 Meanwhile meanwhile) {
+  script_.push_back(
+      {.Is = Kind::Menu, .Title = name, .Text = captions.join(u'|'), .Typed = chosen, .While = std::move(meanwhile)});
+}
+
 std::optional<ScriptedDialogs::Expected> ScriptedDialogs::Next(const QString& title, const QString& text,
-                                                               const QString& proposal, bool input) {
+                                                               const QString& proposal, Kind kind) {
   Shown << title + u": " + text;
   const std::string where = owner_.toStdString() + ": " + title.toStdString() + " / " + text.toStdString();
   if (script_.empty()) {
@@ -39,7 +45,7 @@ std::optional<ScriptedDialogs::Expected> ScriptedDialogs::Next(const QString& ti
   }
   Expected expected = std::move(script_.front());
   script_.pop_front();
-  EXPECT_EQ(expected.Input, input) << where;
+  EXPECT_EQ(expected.Is, kind) << where;
   EXPECT_EQ(expected.Title.toStdString(), title.toStdString()) << where;
   EXPECT_EQ(expected.Text.toStdString(), text.toStdString()) << where;
   EXPECT_EQ(expected.Proposal.toStdString(), proposal.toStdString()) << where;
@@ -61,7 +67,7 @@ Button ScriptedDialogs::MessageBox(const QString& text, const QString& title, Bu
     Shown << title + u": " + text;
     return AnswerBox(title);
   }
-  const auto expected = Next(title, text, {}, false);
+  const auto expected = Next(title, text, {}, Kind::Message);
   if (!expected) return refused;
   const bool yes_no = expected->Answer == Button::Yes || expected->Answer == Button::No;
   EXPECT_EQ(yes_no, buttons == Buttons::YesNo) << title.toStdString();
@@ -73,8 +79,23 @@ QString ScriptedDialogs::InputBox(const QString& prompt, const QString& title, c
     Shown << title + u": " + prompt;
     return AnswerInput(title);
   }
-  const auto expected = Next(title, prompt, proposal, true);
+  const auto expected = Next(title, prompt, proposal, Kind::Input);
   return expected && StayOpen(expected->While) ? expected->Typed : QString();
+}
+
+std::optional<int> ScriptedDialogs::PopUpMenu(const QString& name, const QList<MenuItem>& items) {
+  if (AnswerMenu) return AnswerMenu(items);
+  QStringList captions;
+  for (const MenuItem& item : items) {
+    if (item.Visible) captions << item.Caption;
+  }
+  const auto expected = Next(name, captions.join(u'|'), {}, Kind::Menu);
+  if (!expected || !StayOpen(expected->While) || expected->Typed.isEmpty()) return std::nullopt;
+  for (int index = 0; index < items.size(); ++index) {
+    if (items[index].Visible && items[index].Caption == expected->Typed) return index;
+  }
+  ADD_FAILURE() << "no item " << expected->Typed.toStdString();
+  return std::nullopt;
 }
 
 void ScriptedDialogs::CloseAll() { closed_ = open_; }

@@ -27,19 +27,24 @@ class ScriptedDialogs : public Dialogs {
   void Expect(const QString& title, const QString& text, Button answer, Meanwhile meanwhile = {});
   void ExpectInput(const QString& title, const QString& prompt, const QString& proposal, const QString& answer,
                    Meanwhile meanwhile = {});
+  // A pop-up menu with these captions of its visible items, of which `chosen` is taken; "" dismisses it.
+  void ExpectMenu(const QString& name, const QStringList& captions, const QString& chosen, Meanwhile meanwhile = {});
   // Instead of a script: every further box is answered by this, given its title.
   std::function<Button(const QString& title)> AnswerBox;
   std::function<QString(const QString& title)> AnswerInput;
+  std::function<std::optional<int>(const QList<MenuItem>& items)> AnswerMenu;
 
   QStringList Shown;  // titles and texts of all boxes, in order
 
   Button MessageBox(const QString& text, const QString& title, Buttons buttons) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& proposal) override;
+  std::optional<int> PopUpMenu(const QString& name, const QList<MenuItem>& items) override;
   void CloseAll() override;
 
  private:
+  enum class Kind { Message, Input, Menu };
   struct Expected {
-    bool Input = false;
+    Kind Is = Kind::Message;
     QString Title;
     QString Text;
     QString Proposal;
@@ -49,7 +54,7 @@ class ScriptedDialogs : public Dialogs {
   };
 
   // The next box of the script when it is this one; fails the test and returns nothing otherwise.
-  std::optional<Expected> Next(const QString& title, const QString& text, const QString& proposal, bool input);
+  std::optional<Expected> Next(const QString& title, const QString& text, const QString& proposal, Kind kind);
   // Lets the box's meanwhile happen; returns whether the box was still open afterwards.
   bool StayOpen(const Meanwhile& meanwhile);
 
