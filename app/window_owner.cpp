@@ -9,6 +9,7 @@
 #include "app/form1.h"
 #include "app/form2.h"
 #include "games/naval/form_bar.h"
+#include "games/strategy/form_strategy.h"
 #include "games/three_in_row/form_ter.h"
 #include "ui/widget_dialogs.h"
 
@@ -25,7 +26,7 @@ GameWindow* Make(ProcessValues& values) {
 }
 
 // In the order of kGameWindows; none where the game cannot be played yet.
-constexpr std::array<GameMaker, 5> kGameMakers{Make<FormTER>, Make<FormBAR>, nullptr, nullptr, nullptr};
+constexpr std::array<GameMaker, 5> kGameMakers{Make<FormTER>, Make<FormBAR>, Make<FormMES>, Make<FormEST>, nullptr};
 
 }  // namespace
 

@@ -46,17 +46,24 @@ inline constexpr Message kRematchNo{u"Seguir|No", 1, kRematchYes.Token};
 // "Jug|" + the move's fields, which each game has its own of. The player who has moved.
 // Three in a row: lifted cell (-1 while placing) + "|" + target cell, both 0..8 in decimal.
 // Naval battle, for every shot: column, row and "A" (water) or "I" (hit), one character each.
+// Strategy: column and row of the origin, column and row of the target, result of the attack, each with two digits and
+// ","; the result is "00" the attacker is destroyed, "01" it wins or has only moved, "02" both are destroyed.
 inline constexpr Message kMove{u"Jug|", 5};
 
 // "Datos|" + everything that the player has placed. Either side, once it is complete; "Listo|" follows when the peer's
 // TCP has acknowledged it, so normally as a read of its own. Naval battle: seven blocks of five characters, one a ship.
+// Strategy: the code of every cell of the zone, three digits and "," each.
 inline constexpr Message kPlaced{u"Datos|", 7};
 
 // "Listo|". Either side, right after its "Datos|" has certainly arrived: it is ready.
 inline constexpr Message kReady{u"Listo|"};
 
+// "Pasaturno|". The player who has no piece that can move. It contains "turno|", so that it sets off that message's
+// handler as well: a server draws anew who is to move.
+inline constexpr Message kPassed{u"Pasaturno|"};
+
 // "Haganado|", in three in a row followed by the winner's player number, which nobody reads. The winner, right after
-// the winning move: both normally arrive as one read.
+// the winning move: both normally arrive as one read. In a strategy game it stands for the move that takes the flag.
 inline constexpr Message kWon{u"Haganado|"};
 
 }  // namespace message

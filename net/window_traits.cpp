@@ -13,8 +13,8 @@ constexpr std::array<const Message*, 7> kTerMessages{&kName,       &kTurnChoice,
                                                      &kRematchYes, &kRematchNo,  &kMove};
 constexpr std::array<const Message*, 9> kBarMessages{&kName,      &kTurnChoice, &kTurnDecided, &kWon, &kRematchYes,
                                                      &kRematchNo, &kPlaced,     &kReady,       &kMove};
-constexpr std::array<const Message*, 6> kCommonMessages{&kName, &kTurnChoice, &kTurnDecided,
-                                                        &kWon,  &kRematchYes, &kRematchNo};
+constexpr std::array<const Message*, 10> kStrategyMessages{
+    &kName, &kTurnChoice, &kTurnDecided, &kReady, &kWon, &kRematchYes, &kRematchNo, &kMove, &kPlaced, &kPassed};
 constexpr std::array<const Message*, 5> kAjeMessages{&kName, &kTurnChoice, &kTurnDecided, &kRematchYes, &kRematchNo};
 
 // ---- Texts that several windows share ----
@@ -108,7 +108,7 @@ constexpr WindowTraits kFormMES{
     .Report = kPlacingGameReport,
     .NewGameOpening = u"Comenzará jugando ",
     .NewGameEnding = u". Coloque su ejército.",
-    .Messages = kCommonMessages,
+    .Messages = kStrategyMessages,
 };
 
 constexpr WindowTraits kFormEST{
@@ -127,7 +127,7 @@ constexpr WindowTraits kFormEST{
     .Report = kPlacingGameReport,
     .NewGameOpening = u"Comenzará jugando ",
     .NewGameEnding = u". Coloque su ejército.",
-    .Messages = kCommonMessages,
+    .Messages = kStrategyMessages,
 };
 
 constexpr WindowTraits kFormAje{

@@ -38,12 +38,13 @@ struct Handshake {
   QString ClientChoice = QStringLiteral("2");
 };
 
+// `variant` is what the game's flow takes before all else.
 template <typename Game>
 struct GameCopy {
-  GameCopy(Role role, const QString& owner, unsigned seed)
+  GameCopy(Role role, const QString& owner, unsigned seed, const auto&... variant)
       : Dialogs(owner),
         Values{.PlayerRole = role},
-        Flow({.Connection = Connection, .Dialogs = Dialogs, .Screen = Screen, .Values = Values}, seed) {
+        Flow(variant..., {.Connection = Connection, .Dialogs = Dialogs, .Screen = Screen, .Values = Values}, seed) {
     QObject::connect(&Flow, &ConnectionFlow::Finished, &Flow, [this](AfterWindow after) { Finished = after; });
   }
 
@@ -59,8 +60,9 @@ struct GameCopy {
 template <typename CopyOfGame>
 class GamePair {
  public:
-  explicit GamePair(unsigned seed)
-      : Server(Role::Server, QStringLiteral("server"), seed), Client(Role::Client, QStringLiteral("client"), seed + 1) {
+  explicit GamePair(unsigned seed, const auto&... variant)
+      : Server(Role::Server, QStringLiteral("server"), seed, variant...),
+        Client(Role::Client, QStringLiteral("client"), seed + 1, variant...) {
     TestConnection::Join(Server.Connection, Client.Connection);
   }
 

@@ -1,0 +1,41 @@
+// Placing the own army before the fight.
+#pragma once
+
+#include <functional>
+
+#include "games/strategy/strategy_board.h"
+
+namespace brontavia {
+
+class Army {
+ public:
+  // The board outlives the army. Reset comes before anything else.
+  explicit Army(StrategyBoard& board) : board_(board) {}
+
+  // Clears the whole board; every piece of `side` (0 or 1) is to be placed.
+  void Reset(int side);
+
+  // Whether the cell lies in the own zone.
+  [[nodiscard]] bool MayStandOn(Coordinate cell) const;
+  // Puts a piece of `rank` on `cell`. False, and nothing changes, when the cell is outside the zone or taken or when no
+  // piece of that rank is left.
+  bool Place(Coordinate cell, int rank);
+  // Takes the piece on `cell` off the board. It can be placed again, unless it is a revealed bomb.
+  void TakeBack(Coordinate cell);
+  // Discards what has been placed and puts every piece on a cell drawn for it. `below(n)` returns a random 0..n - 1.
+  void DeployAtRandom(const std::function<int(int)>& below);
+
+  // Pieces of `rank` (1..13) that are still to be placed.
+  [[nodiscard]] int RanksToPlace(int rank) const { return ranks_to_place_.at(static_cast<std::size_t>(rank)); }
+  [[nodiscard]] int PiecesToPlace() const { return pieces_to_place_; }
+
+ private:
+  [[nodiscard]] const StrategyVariant& Variant() const { return board_.Variant(); }
+
+  StrategyBoard& board_;
+  int side_ = 0;
+  RankCounts ranks_to_place_{};
+  int pieces_to_place_ = 0;
+};
+
+}  // namespace brontavia

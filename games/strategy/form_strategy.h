@@ -1,0 +1,43 @@
+// The windows of the strategy games: one class with two variants.
+#pragma once
+
+#include <memory>
+
+#include "games/strategy/strategy_flow.h"
+#include "ui/board_view.h"
+#include "ui/game_window.h"
+
+namespace brontavia {
+
+// Draws on a light board whatever the palette: the colours of the armies are dark.
+class StrategyPainter : public CellPainter {
+ public:
+  void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const override;
+};
+
+class FormStrategy : public GameWindow {
+  Q_OBJECT
+
+ public:
+  FormStrategy(const StrategyGame& game, ProcessValues& values);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  StrategyFlow flow_;
+  StrategyPainter painter_;
+  std::unique_ptr<BoardView> board_;  // shows the flow's grid, so it goes first
+};
+
+class FormEST : public FormStrategy {
+ public:
+  explicit FormEST(ProcessValues& values) : FormStrategy(kGameEST, values) {}
+};
+
+class FormMES : public FormStrategy {
+ public:
+  explicit FormMES(ProcessValues& values) : FormStrategy(kGameMES, values) {}
+};
+
+}  // namespace brontavia

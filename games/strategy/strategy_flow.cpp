@@ -1,0 +1,272 @@
+#include "games/strategy/strategy_flow.h"
+
+#include "games/cell_name.h"
+#include "text/qt_text.h"
+
+namespace brontavia {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kHeaderSize = 500;                                // twips
+constexpr ColourValue kWaterBackground = 0x8B8B00;              // RGB(0, 139, 139)
+constexpr std::array<ColourValue, 2> kArmyColours{{0x000070,    // RGB(112, 0, 0), the server's
+                                                   0x700000}};  // RGB(0, 0, 112), the client's
+
+}  // namespace
+
+StrategyFlow::StrategyFlow(const StrategyGame& game, const Seams& seams, unsigned seed)
+    : GameFlow(game.Window, seams, seed),
+      game_(game),
+      board_(game.Variant),
+      army_(board_),
+      fg1_({.Rows = game.Variant.Rows + 1,
+            .Columns = game.Variant.Columns + 1,
+            .HeaderCells = 1,
+            .CellWidth = game.CellWidth,
+            .CellHeight = game.CellHeight,
+            .HeaderSize = kHeaderSize},
+           [this](CellIndex cell) { return fg1_.IsHeader(cell) ? fg1_.Cell(cell).Text : DescribeCell(CellOf(cell)); }) {
+  On(message::kReady, [this](const QString&) { OpponentReady(); });
+  On(message::kWon, [this](const QString&) { FlagLost(); });
+  On(message::kMove, [this](const QString& payload) { ApplyOpponentMove(payload); });
+  On(message::kPlaced, [this](const QString& data) { ReceiveArmy(data); });
+  On(message::kPassed, [this](const QString&) { OpponentPassed(); });
+  connect(&fg1_, &BoardModel::CurrentCellChanged, this,
+          [this](CellIndex /*previous*/, CellIndex current) { PointerMoved(current); });
+}
+
+void StrategyFlow::LoadGame() {
+  ShowHeaders();
+  ResetArmy();
+}
+
+void StrategyFlow::ResetForNewGame() {
+  ResetArmy();
+  session_.GameOver = false;
+}
+
+void StrategyFlow::ResetArmy() {
+  army_.Reset(OwnPlayer());
+  placement_mode_ = true;
+  selected_cell_ = {};
+  DrawBoard();
+}
+
+void StrategyFlow::FirstTurnSettled() { AddMessage(u"Coloque su ejército"_s); }
+
+void StrategyFlow::BeginPlacement() {
+  AddMessage(u"Coloque su ejército"_s);
+  ResetArmy();
+  session_.NameKnown = {true, true};
+  SetStatus(u"Coloque su ejército "_s);
+}
+
+// ---- What the user does ----
+
+void StrategyFlow::BoardClicked(CellIndex cell) {
+  RunUserAction([this, cell] {
+    if (session_.GameOver) {
+      AskForRematch();
+    } else if (placement_mode_) {
+      ClickToPlace(CellOf(cell));
+    } else {
+      ClickToFight(CellOf(cell));
+    }
+  });
+}
+
+void StrategyFlow::PointerMoved(CellIndex cell) {
+  RunUserAction([this, cell] {
+    if (!fg1_.IsHeader(cell)) ShowDescription(CellOf(cell));
+  });
+}
+
+void StrategyFlow::KeyPressed(int key) {
+  RunUserAction([this, key] {
+    if (key == Qt::Key_F2) ListRanks();
+    if (key == Qt::Key_F3 && placement_mode_) DeployAtRandom();
+    if (key != Qt::Key_Escape || session_.GameOver) return;
+    if (!placement_mode_) {
+      Pass();
+    } else if (army_.PiecesToPlace() < 1) {
+      FinishPlacing();
+    }
+  });
+}
+
+// ---- Placing ----
+
+void StrategyFlow::ClickToPlace(Coordinate cell) {
+  if (!army_.MayStandOn(cell)) {
+    SetStatus(u"No puede colocar fichas fuera de su zona"_s);
+  } else if (!IsPiece(board_.At(cell))) {
+    ChooseRankFor(cell);
+  } else if (IsPieceOf(OwnPlayer(), board_.At(cell))) {
+    TakeBack(cell);
+  }
+}
+
+void StrategyFlow::ChooseRankFor(Coordinate cell) {
+  QList<MenuItem> ranks;
+  for (int rank = 1; rank <= kRanks; ++rank) {
+    const int left = army_.RanksToPlace(rank);
+    ranks << MenuItem{.Caption = ToQString(RankName(rank)) + u" (" + QString::number(left) + u')', .Visible = left > 0};
+  }
+  const auto chosen = PopUp(u"MnuTropa"_s, ranks);
+  // What arrives while the menu is open may end the placing or take the cell.
+  if (Ended() || !chosen || !placement_mode_ || !army_.Place(cell, *chosen + 1)) return;
+  DrawCell(cell);
+  ShowDescription(cell);
+  if (army_.PiecesToPlace() < 1 && AskWhetherPlaced() == Button::Yes) FinishPlacing();
+}
+
+void StrategyFlow::TakeBack(Coordinate cell) {
+  AddMessage(u"Ficha retirada"_s);
+  army_.TakeBack(cell);
+  // The cell is not drawn again: the name stays to be read until something else is placed.
+  ShowDescription(cell);
+}
+
+void StrategyFlow::DeployAtRandom() {
+  army_.DeployAtRandom([this](int count) { return Random().Below(count); });
+  DrawBoard();
+  const Button placed = AskWhetherPlaced();
+  if (Ended()) return;
+  if (placed == Button::No) {
+    SetStatus(u"Realice algún cambio en la posición actual."_s);
+    return;
+  }
+  Screen().SetText(Box::TBMensajes, {});
+  FinishPlacing();
+}
+
+Button StrategyFlow::AskWhetherPlaced() {
+  return ShowBox(u"¿Ha terminado de colocar sus fichas?"_s, game_.PlacedTitle.toString(), Buttons::YesNo);
+}
+
+// ---- Exchange of the armies ----
+
+void StrategyFlow::FinishPlacing() {
+  // A new game may have begun while the question was open.
+  if (Ended() || army_.PiecesToPlace() > 0) return;
+  placement_mode_ = false;
+  SendArmy();
+  DrawBoard();
+}
+
+void StrategyFlow::SendArmy() {
+  if (!SendAndWait(message::kPlaced.Token + ToQString(board_.ArmyText()))) {
+    placement_mode_ = true;
+    return;
+  }
+  Send(message::kReady.Token.toString());
+  if (Ended()) return;
+  ready_flags_.at(static_cast<std::size_t>(OwnPlayer())) = true;
+  if (BothReady()) {
+    BeginFight();
+    return;
+  }
+  // Before the box: the opponent's army may arrive while it is open.
+  waiting_for_opponent_ = true;
+  ShowBox(u"Espere a que el otro jugador termine de colocar su ejército"_s, {});
+}
+
+void StrategyFlow::BeginFight() {
+  waiting_for_opponent_ = false;
+  EmptyTexts();
+  ShowBox(u"Ambos jugadores están listos para empezar el combate, "_s +
+              (session_.CurrentTurn == OwnPlayer() ? u" es su turno."_s : u" le toca mover al otro jugador."_s),
+          {});
+}
+
+void StrategyFlow::ReceiveArmy(const QString& data) {
+  ready_flags_.at(static_cast<std::size_t>(OtherPlayer())) = true;
+  board_.TakeArmy(Characters(data), OtherPlayer());
+  DrawBoard();
+  if (BothReady()) {
+    BeginFight();
+    return;
+  }
+  AddMessage(u"El otro jugador ya ha colocado su ejército y está esperando"_s);
+  waiting_for_opponent_ = true;
+}
+
+void StrategyFlow::OpponentReady() {
+  ready_flags_.at(static_cast<std::size_t>(OtherPlayer())) = true;
+  if (!BothReady()) {
+    AddMessage(u"El otro jugador ha terminado de colocar su ejército y está esperando."_s);
+    return;
+  }
+  EmptyTexts();
+  waiting_for_opponent_ = false;
+  DrawBoard();
+  if (!game_.TellsReadyOpponent) return;
+  ShowBox(u"Ambos jugadores están listos para empezar a jugar, "_s +
+              (session_.CurrentTurn == OwnPlayer() ? u" es su turno."_s : u" le toca al otro jugador."_s),
+          {});
+}
+
+// ---- What the window shows ----
+
+CellIndex StrategyFlow::IndexOf(Coordinate cell) const {
+  return {.Row = game_.Variant.Rows + 1 - cell.Row, .Column = cell.Column};
+}
+
+Coordinate StrategyFlow::CellOf(CellIndex index) const {
+  return {.Column = index.Column, .Row = game_.Variant.Rows + 1 - index.Row};
+}
+
+void StrategyFlow::ShowHeaders() {
+  for (int column = 1; column <= game_.Variant.Columns; ++column) {
+    fg1_.SetCell({.Row = 0, .Column = column}, {.Text = ColumnLetter(column)});
+  }
+  for (int row = 1; row <= game_.Variant.Rows; ++row) {
+    fg1_.SetCell({.Row = IndexOf({.Column = 0, .Row = row}).Row, .Column = 0}, {.Text = QString::number(row)});
+  }
+}
+
+void StrategyFlow::DrawBoard() {
+  for (int column = 1; column <= game_.Variant.Columns; ++column) {
+    for (int row = 1; row <= game_.Variant.Rows; ++row) DrawCell({.Column = column, .Row = row});
+  }
+}
+
+void StrategyFlow::DrawCell(Coordinate cell) {
+  const CellCode code = board_.At(cell);
+  CellContent content;
+  if (code == kWaterCell) content.BackColour = kWaterBackground;
+  if (IsPiece(code)) {
+    // A revealed bomb shows in the viewer's colour, whoever laid it.
+    const bool shown = IsPieceOf(OwnPlayer(), code) || RankOf(code) == rank::RevealedBomb;
+    content.Text = shown ? ToQString(RankName(RankOf(code))) : u"*"_s;
+    content.ForeColour = kArmyColours.at(static_cast<std::size_t>(shown ? OwnPlayer() : OtherPlayer()));
+    if (cell == selected_cell_) content.Marks = Mark::Selected;
+  }
+  fg1_.SetCell(IndexOf(cell), content);
+}
+
+QString StrategyFlow::DescribeCell(Coordinate cell) const {
+  const CellCode code = board_.At(cell);
+  const bool known = SideOf(code) == OwnPlayer() || RankOf(code) == rank::RevealedBomb || !HideEnemyRanks;
+  const QString name = known || code == kWaterCell ? ToQString(RankName(RankOf(code))) : QString();
+  QString colour;
+  if (IsPiece(code)) {
+    colour = SideOf(code) == 0 ? u" rojo"_s : u" azul"_s;
+    // Flag and bomb are feminine; the spy keeps the masculine form.
+    if (name.startsWith(u'B') && name.endsWith(u'a') && colour.endsWith(u'o')) colour = u" roja"_s;
+    colour += u" . ";
+  }
+  return name + colour + CellName(cell);
+}
+
+void StrategyFlow::ListRanks() {
+  QString list = u"Lista de rangos"_s + kCrLf;
+  for (int rank = kRanks; rank >= 1; --rank) {
+    list += QString::number(rank) + u' ' + ToQString(RankName(rank)) + u". " + kCrLf;
+  }
+  ShowBox(list + u"Aunque el espía y las bombas funcionan de manera especial.", {});
+}
+
+}  // namespace brontavia

@@ -1,0 +1,109 @@
+// A session of a strategy game: turns the outcomes of the rules into texts, messages and what FG1 shows.
+#pragma once
+
+#include <array>
+
+#include "games/strategy/army.h"
+#include "games/strategy/combat.h"
+#include "games/strategy/strategy_game.h"
+#include "net/game_flow.h"
+#include "ui/board_model.h"
+
+namespace brontavia {
+
+class StrategyFlow : public GameFlow {
+  Q_OBJECT
+
+ public:
+  StrategyFlow(const StrategyGame& game, const Seams& seams, unsigned seed);
+
+  // ---- Entries ----
+
+  // The user clicked `cell` of FG1, or pressed Enter or the space bar on it.
+  void BoardClicked(CellIndex cell);
+  // The pointer has moved over `cell` of FG1.
+  void PointerMoved(CellIndex cell);
+  // The user pressed a key (Qt::Key): F2, F3 and Esc mean something wherever the focus is.
+  void KeyPressed(int key);
+  // Placing begins anew.
+  void BeginPlacement();
+
+  [[nodiscard]] BoardModel& FG1() { return fg1_; }
+  [[nodiscard]] const BoardModel& FG1() const { return fg1_; }
+  [[nodiscard]] const brontavia::StrategyBoard& StrategyBoard() const { return board_; }
+  [[nodiscard]] const brontavia::Army& Army() const { return army_; }
+  [[nodiscard]] bool PlacementMode() const { return placement_mode_; }
+  [[nodiscard]] bool WaitingForOpponent() const { return waiting_for_opponent_; }
+  [[nodiscard]] const std::array<bool, 2>& ReadyFlags() const { return ready_flags_; }
+  // (0, 0) while no piece is selected.
+  [[nodiscard]] Coordinate SelectedCell() const { return selected_cell_; }
+  // Where a cell of the board shows on FG1.
+  [[nodiscard]] CellIndex IndexOf(Coordinate cell) const;
+
+ protected:
+  void LoadGame() override;
+  void ResetForSession() override { ResetArmy(); }
+  void ResetForNewGame() override;
+  void FirstTurnSettled() override;
+
+ private:
+  // The opponent's pieces show as "*" all through the game.
+  static constexpr bool HideEnemyRanks = true;
+
+  void ResetArmy();
+
+  // ---- Placing ----
+  void ClickToPlace(Coordinate cell);
+  void ChooseRankFor(Coordinate cell);
+  void TakeBack(Coordinate cell);
+  void DeployAtRandom();
+  [[nodiscard]] Button AskWhetherPlaced();
+
+  // ---- Exchange ----
+  void FinishPlacing();
+  void SendArmy();
+  void ReceiveArmy(const QString& data);
+  void OpponentReady();
+  [[nodiscard]] bool BothReady() const { return ready_flags_[0] && ready_flags_[1]; }
+  void BeginFight();
+
+  // ---- Fight ----
+  [[nodiscard]] bool OwnTurn() const { return session_.TurnSettled && session_.CurrentTurn == OwnPlayer(); }
+  void PassTurnOn() { session_.CurrentTurn = 1 - session_.CurrentTurn; }
+  void ClickToFight(Coordinate cell);
+  void Select(Coordinate cell);
+  void ClearSelection();
+  void ClickTarget(Coordinate cell);
+  [[nodiscard]] bool InRange(Coordinate cell);
+  void MoveTo(Coordinate cell);
+  void Attack(Coordinate cell);
+  // Applies and sends the selected piece's move. Returns whether it has reached the opponent.
+  [[nodiscard]] bool CarryOut(Coordinate target, CombatResult result);
+  void TakeFlag(Coordinate cell);
+  void ApplyOpponentMove(const QString& payload);
+  void Pass();
+  void OpponentPassed();
+  void FlagLost();
+
+  // ---- What the window shows ----
+  void ShowHeaders();
+  void DrawBoard();
+  void DrawCell(Coordinate cell);
+  void ShowDescription(Coordinate cell) { SetStatus(DescribeCell(cell)); }
+  [[nodiscard]] QString DescribeCell(Coordinate cell) const;
+  void ListRanks();
+  [[nodiscard]] Coordinate CellOf(CellIndex index) const;
+  [[nodiscard]] QString PaddedName(int player) const { return session_.PlayerNames.Padded(player); }
+
+  const StrategyGame& game_;
+  brontavia::StrategyBoard board_;
+  brontavia::Army army_;
+  BoardModel fg1_;
+  bool placement_mode_ = true;
+  bool waiting_for_opponent_ = false;
+  std::array<bool, 2> ready_flags_{};  // by player number; never cleared, so that later games begin sooner
+  Coordinate selected_cell_;
+  CellCode selected_code_ = kEmptyLand;
+};
+
+}  // namespace brontavia
