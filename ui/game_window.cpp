@@ -125,7 +125,7 @@ QGroupBox* GameWindow::MakeGameFrame(TextsAt texts) {
   boxes_[Box::TBEstado] = status;
   AddCaption(*status_column, *status);
   status_column->addWidget(status);
-  AddTextBox(Box::TBMensajes, u"TBMensajes"_s, u"Mensajes"_s, 1);
+  AddTextBox(Box::TBMensajes, u"TBMensajes"_s, u"Mensajes"_s, 1)->SetMinimumLines(kStatusLines);
   return frame;
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -46,6 +47,33 @@ TEST_F(Boxes, EscapeAndTheCloseBoxRefuse) {
   EXPECT_EQ(Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::Ok), Button::Ok);
   Meanwhile([] { QTest::keyClick(TopDialog(), Qt::Key_Escape); });
   EXPECT_EQ(Dialogs.InputBox(u"x"_s, u"t"_s, u"proposal"_s), QString());
+}
+
+const QList<MenuItem> kItems{{.Caption = u"uno"_s, .Visible = false}, {.Caption = u"dos"_s}, {.Caption = u"tres"_s}};
+
+TEST_F(Boxes, AMenuReturnsTheIndexOfItsItemHiddenOnesCounted) {
+  Meanwhile([] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return); });
+  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, kItems), 1) << "the first that shows";
+  Meanwhile([] {
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+  });
+  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, kItems), 2);
+  Meanwhile([] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape); });
+  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, kItems), std::nullopt);
+}
+
+TEST_F(Boxes, ABoxOrTheEndOfTheWindowDismissesAMenu) {
+  Meanwhile([this] {
+    Meanwhile([] {
+      EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+      Answer(u"t"_s, u"OK"_s);
+    });
+    Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::Ok);
+  });
+  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, kItems), std::nullopt);
+  Meanwhile([this] { Dialogs.CloseAll(); });
+  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, kItems), std::nullopt);
 }
 
 TEST_F(Boxes, AQuestionIsAnsweredByItsButtonsAlone) {

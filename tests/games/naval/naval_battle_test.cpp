@@ -4,13 +4,13 @@
 #include <random>
 
 #include "tests/support/bar_pair.h"
+#include "tests/support/random_games.h"
 
 namespace brontavia::test {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kBattles = 10'000;
 constexpr int kBattlesPerSession = 100;
 constexpr int kMostShots = 20'000;
 
@@ -105,8 +105,8 @@ class Battle {
   std::mt19937 random_;
 };
 
-TEST(NavalBattleRandom, TenThousandBattlesAgreeOnEveryHitSinkingTurnAndScore) {
-  for (unsigned seed = 0; seed < kBattles / kBattlesPerSession; ++seed) {
+TEST(NavalBattleRandom, WholeBattlesAgreeOnEveryHitSinkingTurnAndScore) {
+  for (unsigned seed = 0; seed < kRandomGames / kBattlesPerSession; ++seed) {
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     Battle battle(seed);
     for (int i = 0; i < kBattlesPerSession; ++i) {

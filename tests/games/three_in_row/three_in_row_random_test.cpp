@@ -5,6 +5,7 @@
 #include <random>
 #include <vector>
 
+#include "tests/support/random_games.h"
 #include "tests/support/ter_pair.h"
 
 namespace brontavia::test {
@@ -12,7 +13,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kGames = 10'000;
 constexpr int kGamesPerSession = 50;
 constexpr int kMostClicks = 4'000;
 
@@ -55,7 +55,7 @@ void PlayOneGame(TerPair& pair, std::mt19937& random) {
 }
 
 TEST(ThreeInRowRandom, TenThousandGamesStayInStepAfterEveryMessage) {
-  for (unsigned seed = 0; seed < kGames / kGamesPerSession; ++seed) {
+  for (unsigned seed = 0; seed < kRandomGames / kGamesPerSession; ++seed) {
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     std::mt19937 random(seed);
     TerPair pair(seed);
