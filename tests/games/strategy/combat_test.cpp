@@ -161,6 +161,22 @@ TEST(Combat, ABombIsRevealedOnceAndStaysItsArmys) {
   }
 }
 
+// The other copy tells of an attack that this one cannot judge.
+TEST(Combat, ThatDestroysTheAttackerRevealsBombsAndChangesNoOtherTarget) {
+  std::vector<CellCode> targets{kWaterCell, kEmptyLand};
+  for (const int side : {0, 1}) {
+    for (int rank = 1; rank <= kDefenders; ++rank) targets.push_back(PieceCode(side, rank));
+  }
+  for (const CellCode target : targets) {
+    StrategyBoard board(kEstratega);
+    board.Set(Cell("A4"), PieceCode(1, rank::kScout));
+    board.Set(Cell("A5"), target);
+    ApplyResult(board, PieceCode(1, rank::kScout), Cell("A4"), Cell("A5"), CombatResult::AttackerDestroyed);
+    EXPECT_EQ(board.At(Cell("A5")), RankOf(target) == rank::kBomb ? target + 11 : target);
+    EXPECT_EQ(board.At(Cell("A4")), kEmptyLand) << target;
+  }
+}
+
 TEST(PlainMove, CarriesThePieceToTheTarget) {
   StrategyBoard board(kMiniEstratega);
   board.Set(Cell("G3"), PieceCode(1, rank::kScout));
