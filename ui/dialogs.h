@@ -12,6 +12,7 @@ enum class Button { Ok, Cancel, Yes, No };
 
 struct MenuItem {
   QString Caption;
+  QString Name = {};    // of the control
   bool Visible = true;  // a hidden item cannot be chosen, but counts
 };
 

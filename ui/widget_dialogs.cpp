@@ -98,6 +98,7 @@ std::optional<int> WidgetDialogs::PopUpMenu(const QString& name, const QList<Men
   QAction* first = nullptr;
   for (const MenuItem& item : items) {
     QAction* action = menu->addAction(item.Caption);
+    action->setObjectName(item.Name);
     action->setVisible(item.Visible);
     action->setEnabled(item.Visible);
     if (first == nullptr && item.Visible) first = action;

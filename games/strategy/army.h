@@ -20,7 +20,7 @@ class Army {
   // Puts a piece of `rank` on `cell`. False, and nothing changes, when the cell is outside the zone or taken or when no
   // piece of that rank is left.
   bool Place(Coordinate cell, int rank);
-  // Takes the piece on `cell` off the board. It can be placed again, unless it is a revealed bomb.
+  // Takes the own piece on `cell` off the board. It can be placed again, unless it is a revealed bomb.
   void TakeBack(Coordinate cell);
   // Discards what has been placed and puts every piece on a cell drawn for it. `below(n)` returns a random 0..n - 1.
   void DeployAtRandom(const std::function<int(int)>& below);

@@ -30,7 +30,7 @@ enum class CombatResult {
 CombatResult ResultOf(Combat combat);
 
 // `attacker`, the code of a piece that stood on `from`, has gone to `to`: what it leaves there. A bomb that has
-// destroyed its attacker becomes a revealed one; a taken flag stays where it is.
+// destroyed its attacker becomes a revealed one; a taken flag stays where it is. Both cells lie on the board.
 void ApplyResult(StrategyBoard& board, CellCode attacker, Coordinate from, Coordinate to, CombatResult result);
 
 }  // namespace brontavia

@@ -12,15 +12,16 @@ namespace {
 constexpr std::size_t kFieldLength = 4;
 
 std::u16string FieldOf(CellCode code) {
+  code = std::max(code, kEmptyLand);  // water is no piece
   std::u16string field;
   for (int unit = 100; unit > 0; unit /= 10) field += static_cast<char16_t>(u'0' + code / unit % 10);
   return field + u',';
 }
 
-CellCode ReadField(std::u16string_view field, int side) {
+CellCode ReadField(std::u16string_view field, int side, CellCode before) {
   const auto code = RoundHalfEven<CellCode>(Val(field));
   const bool sound = IsPieceOf(side, code) && RankOf(code) >= rank::kFlag && RankOf(code) <= kRanks;
-  return sound ? code : kEmptyLand;
+  return sound || code == before ? code : kEmptyLand;
 }
 
 }  // namespace
@@ -56,8 +57,9 @@ void StrategyBoard::TakeArmy(std::u16string_view data, int side) {
   const std::size_t fields = std::min(data.size() / kFieldLength, static_cast<std::size_t>(variant_.ArmySize()));
   for (std::size_t field = 0; field < fields; ++field) {
     const int index = static_cast<int>(field);
-    Set({.Column = 1 + index % variant_.Columns, .Row = variant_.EnemyZoneRow() + index / variant_.Columns},
-        ReadField(data.substr(field * kFieldLength, kFieldLength), side));
+    const Coordinate cell{.Column = 1 + index % variant_.Columns,
+                          .Row = variant_.EnemyZoneRow() + index / variant_.Columns};
+    Set(cell, ReadField(data.substr(field * kFieldLength, kFieldLength), side, At(cell)));
   }
 }
 

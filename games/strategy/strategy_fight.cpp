@@ -85,7 +85,7 @@ void StrategyFlow::Select(Coordinate cell) {
   const CellCode code = board_.At(cell);
   if (!IsPiece(code)) {
     SetStatus(u"Casilla vacía"_s);
-  } else if (!IsPieceOf(OwnPlayer(), code)) {
+  } else if (!IsOwnPiece(code)) {
     SetStatus(u"No puede mover fichas del otro jugador"_s);
   } else if (RankOf(code) == rank::kFlag) {
     SetStatus(u"La bandera no se puede mover"_s);
@@ -116,7 +116,7 @@ void StrategyFlow::ClickTarget(Coordinate cell) {
     return;
   } else if (code == kEmptyLand) {
     MoveTo(cell);
-  } else if (IsPieceOf(OwnPlayer(), code)) {
+  } else if (IsOwnPiece(code)) {
     SetStatus(u"No puede atacar a miembros de su propio ejército. Selección cancelada."_s);
     ClearSelection();
   } else {
@@ -166,6 +166,7 @@ void StrategyFlow::Attack(Coordinate cell) {
 
 bool StrategyFlow::CarryOut(Coordinate target, CombatResult result) {
   const Coordinate origin = selected_cell_;
+  const CellCode before = board_.At(target);
   // The own board first: the answer may arrive while the wait lets events through.
   ApplyResult(board_, selected_code_, origin, target, result);
   ClearSelection();
@@ -174,7 +175,12 @@ bool StrategyFlow::CarryOut(Coordinate target, CombatResult result) {
   for (const int field : {origin.Column, origin.Row, target.Column, target.Row, static_cast<int>(result)}) {
     move += MoveField(field);
   }
-  return SendAndWait(move);
+  if (SendAndWait(move)) return true;
+  board_.Set(origin, selected_code_);
+  board_.Set(target, before);
+  DrawCell(origin);
+  DrawCell(target);
+  return false;
 }
 
 void StrategyFlow::TakeFlag(Coordinate cell) {
@@ -186,7 +192,7 @@ void StrategyFlow::TakeFlag(Coordinate cell) {
   Send(message::kWon.Token.toString());
   if (Ended()) return;
   ShowBox(u"¡Enhorabuena, ha capturado la bandera enemiga!"_s, u"Ha ganado"_s);
-  if (!Ended()) AddMessage(u"Haga click en el tablero para continuar"_s);
+  if (!Ended() && session_.GameOver) AddMessage(u"Haga click en el tablero para continuar"_s);
 }
 
 // ---- The opponent's move ----
@@ -203,12 +209,13 @@ void StrategyFlow::ApplyOpponentMove(const QString& payload) {
     throw MalformedMessage("no result of a move");
   }
   const auto result = static_cast<CombatResult>(code);
-  ShowBox(PaddedName(OtherPlayer()) + MoveReport(result, board_.At(origin), board_.At(target), origin, target), {});
-  if (Ended()) return;
+  const QString report = MoveReport(result, board_.At(origin), board_.At(target), origin, target);
+  // Applied before the box opens: the next move may arrive while it is open.
   ApplyResult(board_, board_.At(origin), origin, target, result);
   PassTurnOn();
   DrawCell(origin);
   DrawCell(target);
+  ShowBox(PaddedName(OtherPlayer()) + report, {});
 }
 
 // ---- Passing ----

@@ -103,7 +103,7 @@ void StrategyFlow::ClickToPlace(Coordinate cell) {
     SetStatus(u"No puede colocar fichas fuera de su zona"_s);
   } else if (!IsPiece(board_.At(cell))) {
     ChooseRankFor(cell);
-  } else if (IsPieceOf(OwnPlayer(), board_.At(cell))) {
+  } else if (IsOwnPiece(board_.At(cell))) {
     TakeBack(cell);
   }
 }
@@ -112,7 +112,9 @@ void StrategyFlow::ChooseRankFor(Coordinate cell) {
   QList<MenuItem> ranks;
   for (int rank = 1; rank <= kRanks; ++rank) {
     const int left = army_.RanksToPlace(rank);
-    ranks << MenuItem{.Caption = ToQString(RankName(rank)) + u" (" + QString::number(left) + u')', .Visible = left > 0};
+    ranks << MenuItem{.Caption = ToQString(RankName(rank)) + u" (" + QString::number(left) + u')',
+                      .Name = u"MnuTropaLis(%1)"_s.arg(rank - 1),
+                      .Visible = left > 0};
   }
   const auto chosen = PopUp(u"MnuTropa"_s, ranks);
   // What arrives while the menu is open may end the placing or take the cell.
@@ -239,7 +241,7 @@ void StrategyFlow::DrawCell(Coordinate cell) {
   if (code == kWaterCell) content.BackColour = kWaterBackground;
   if (IsPiece(code)) {
     // A revealed bomb shows in the viewer's colour, whoever laid it.
-    const bool shown = IsPieceOf(OwnPlayer(), code) || RankOf(code) == rank::RevealedBomb;
+    const bool shown = IsOwnPiece(code) || RankOf(code) == rank::RevealedBomb;
     content.Text = shown ? ToQString(RankName(RankOf(code))) : u"*"_s;
     content.ForeColour = kArmyColours.at(static_cast<std::size_t>(shown ? OwnPlayer() : OtherPlayer()));
     if (cell == selected_cell_) content.Marks = Mark::Selected;

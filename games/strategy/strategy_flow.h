@@ -77,7 +77,7 @@ class StrategyFlow : public GameFlow {
   [[nodiscard]] bool InRange(Coordinate cell);
   void MoveTo(Coordinate cell);
   void Attack(Coordinate cell);
-  // Applies and sends the selected piece's move. Returns whether it has reached the opponent.
+  // Applies and sends the selected piece's move. Returns whether it has reached the opponent; it is undone otherwise.
   [[nodiscard]] bool CarryOut(Coordinate target, CombatResult result);
   void TakeFlag(Coordinate cell);
   void ApplyOpponentMove(const QString& payload);
@@ -93,6 +93,7 @@ class StrategyFlow : public GameFlow {
   [[nodiscard]] QString DescribeCell(Coordinate cell) const;
   void ListRanks();
   [[nodiscard]] Coordinate CellOf(CellIndex index) const;
+  [[nodiscard]] bool IsOwnPiece(CellCode code) const { return IsPieceOf(OwnPlayer(), code); }
   [[nodiscard]] QString PaddedName(int player) const { return session_.PlayerNames.Padded(player); }
 
   const StrategyGame& game_;

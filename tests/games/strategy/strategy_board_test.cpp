@@ -275,7 +275,7 @@ const BadArmy kBadArmies[] = {
     {"nothing between commas", u",,,,112,", {0, 112}},
     {"negative", u"-12,-112-10,112,", {0, 0, 0, 112}},
     {"empty cells", u"000,112,", {0, 112}},
-    {"pieces of the other side", u"001,012,112,", {0, 0, 112}},
+    {"pieces of the other side", u"001,011,112,", {0, 0, 112}},
     {"an army with no rank", u"100,101,", {0, 101}},
     {"revealed bombs", u"113,013,112,", {0, 0, 112}},
     {"codes past all pieces", u"114,199,200,201,212,999,112,", {0, 0, 0, 0, 0, 0, 112}},
@@ -295,6 +295,16 @@ TEST(ArmyThatArrives, IsTakenAsFarAsItIsSound) {
     board.TakeArmy(tested.Data, 1);
     EXPECT_EQ(CodesOf(board), expected) << tested.What;
   }
+}
+
+TEST(ArmyThatArrives, LeavesAPieceThatHasComeIntoItsZone) {
+  StrategyBoard board(kEstratega);
+  board.Set({1, 7}, 4);
+  board.Set({2, 7}, 4);
+  board.TakeArmy(u"004,007,112,", 1);
+  EXPECT_EQ(board.At({1, 7}), 4) << "it says itself that the scout is there";
+  EXPECT_EQ(board.At({2, 7}), kEmptyLand);
+  EXPECT_EQ(board.At({3, 7}), 112);
 }
 
 TEST(ArmyThatArrives, IsWholeWhateverFollowsIt) {

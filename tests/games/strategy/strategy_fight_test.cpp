@@ -104,7 +104,7 @@ TEST_F(Fight, WhatCannotBeDoneWithASelectedPieceSaysSo) {
 TEST_F(Fight, AMoveIsToldOnBothSidesWithoutItsRankOnTheOther) {
   Begin();
   Client.Dialogs.Expect({}, QString(kAna + u" mueve una ficha de F7 a F6. Es su turno."), [&] {
-    EXPECT_EQ(Client.Flow.State().CurrentTurn, 0) << "the turn passes when the box is closed";
+    EXPECT_EQ(Client.At(u"F6"_s), PieceCode(0, rank::kMiner)) << "applied while the box tells it";
   });
   Pair.Move(u"E4"_s, u"E5"_s);
   EXPECT_EQ(Server.Connection.Sent.last(), u"Jug|05,04,05,05,01,"_s);
@@ -175,6 +175,22 @@ TEST_F(Fight, TheAnswerToAMoveMayArriveWhileItIsOnItsWay) {
   EXPECT_EQ(Client.Flow.State().CurrentTurn, 0);
 }
 
+TEST_F(Fight, AMoveThatArrivesWhileAnotherIsToldFindsItMade) {
+  Begin();
+  const auto move = [](int from, int to) {
+    return u"Jug|02,%1,02,%2,01,"_s.arg(from, 2, 10, QChar(u'0')).arg(to, 2, 10, QChar(u'0'));
+  };
+  Client.Dialogs.Expect({}, QString(kAna + u" mueve una ficha de I7 a I6. Es su turno."), [&] {
+    Client.Connection.Receive(move(5, 6));
+    Pair.Settle();
+  });
+  Client.Dialogs.Expect({}, QString(kAna + u" mueve una ficha de I6 a I5. Es su turno."));
+  Client.Connection.Receive(move(4, 5));
+  Pair.Settle();
+  EXPECT_EQ(Client.At(u"I5"_s), PieceCode(0, rank::kScout));
+  EXPECT_EQ(Client.At(u"I6"_s), kEmptyLand);
+}
+
 TEST_F(Fight, AMoveThatCannotBeSentIsToldAndKeepsTheTurn) {
   Begin();
   Server.Connection.Break();
@@ -183,6 +199,9 @@ TEST_F(Fight, AMoveThatCannotBeSentIsToldAndKeepsTheTurn) {
   Server.Click(u"E4"_s);
   Server.Click(u"E5"_s);
   EXPECT_EQ(Turn(), 0);
+  EXPECT_EQ(Server.At(u"E4"_s), PieceCode(0, rank::kMiner));
+  EXPECT_EQ(Server.Shown(u"E4"_s).Text, u"Minador"_s);
+  EXPECT_EQ(Server.At(u"E5"_s), kEmptyLand);
   EXPECT_FALSE(Server.Finished);
 }
 
@@ -442,6 +461,25 @@ TEST(MiniFight, MirrorsMovesOnItsOwnBoard) {
   pair.Client.Dialogs.Expect({}, QString(kAna + u" mueve una ficha de G6 a G4. Es su turno."));
   pair.Move(u"A3"_s, u"A5"_s);
   EXPECT_EQ(pair.Client.At(u"G4"_s), PieceCode(0, rank::kScout));
+}
+
+TEST_F(FlagFight, AScoutThatComesBeforeTheArmyIsCompleteStaysOnBothBoards) {
+  TakeFlag();
+  for (StrategyCopy* copy : {&Server, &Client}) {
+    copy->Dialogs.AnswerBox = [](const QString& title) { return title.isEmpty() ? Button::Ok : Button::Yes; };
+  }
+  Server.Click(u"A1"_s);
+  Pair.Settle();
+  Client.Click(u"A1"_s);
+  Pair.Settle();
+  Server.Place(kEstLayout);
+  Pair.Settle();
+  Pair.Move(u"A4"_s, u"A7"_s);
+  Client.Place(kEstLayout);
+  Client.Flow.KeyPressed(Qt::Key_F3);
+  Pair.Settle();
+  EXPECT_FALSE(Client.Flow.PlacementMode()) << "F3 clears the zone";
+  EXPECT_EQ(Server.At(u"A7"_s), Client.At(u"J4"_s));
 }
 
 // ---- Passing ----
