@@ -3,9 +3,10 @@
 The session keeps its own idea of both seas and compares everything that the windows show with it.
 """
 
-import screen
-from handshake import CLIENT, NO_TITLE, REMATCH_TEXT, SELECTION_QUESTION, SERVER, Game, refusal_text, score_text
-from hands import NO, YES
+import placing
+from handshake import CLIENT, NO_TITLE, SERVER, Game
+from hands import NO
+from placing import LOSS_TITLE, WIN_TITLE
 from waiting import wait_for_value
 
 GAME = Game(
@@ -46,12 +47,8 @@ READY_TEXTS = {
 }
 TOO_LONG_TEXT = "No existen barcos de más de 5 casillas de largo"
 BLOCKED_TEXT = "Alguna de las casillas necesarias para colocar el barco no está libre."
-WIN_TITLE = "Ha ganado"
 WIN_TEXT = "¡Enhorabuena, ha conseguido destruir todos los barcos enemigos!"
-LOSS_TITLE = "Ha perdido"
-NEW_GAME_TITLE = "Nueva partida"
 
-NOT_YOUR_TURN = "No es su turno de jugar."
 START_FIXED = "posición inicial fijada"
 START_REMOVED = "Posición inicial eliminada."
 START_FORGOTTEN = "Posición inicial borrada"
@@ -65,7 +62,6 @@ NO_MORE_LINE = "No quedan barcos de ese tamaño por colocar"
 SHIPS_MISSING_LINE = "Aún faltan barcos por colocar "
 CHANGE_LINE = "Haga  modificaciones en las posiciones de sus barcos o pulse t cuando haya terminado"
 OTHER_WAITS_LINE = "El otro jugador ha terminado de colocar sus barcos y está esperando."
-AFTER_WIN_LINE = "Haga click en el tablero para continuar"
 SENT = "barcos enviados "
 
 _COLUMNS = "ABCDEFGHIJ"
@@ -79,20 +75,6 @@ def diagonal_text(start):
 
 def loss_text(name):
     return f"{name} ha destruído todos sus barcos.\nPulse sobre el tablero para continuar."
-
-
-def report_line(name, drawn):
-    """The line that tells who begins."""
-    opening = "Tras realizar el sorteo, comenzará jugando " if drawn else "Por decisión mutua comenzará jugando "
-    return f"{opening}{name}. "
-
-
-def handshake_log(server, other, report):
-    """The log when the first turn is settled."""
-    lines = ["Nombre recibido", f"Va a jugar contra {other}", report]
-    if not server:
-        lines.insert(0, "Conexión establecida.Listo para jugar.")
-    return "".join(f"\n{line}" for line in lines)
 
 
 # ---- Cells ----
@@ -134,16 +116,12 @@ def shown(copy, board):
 # ---- One player's side of the battle ----
 
 
-class Side:
+class Side(placing.Side):
     """What the window of one player must show."""
 
     def __init__(self, hand, name, fleet):
-        self.hand = hand
-        self.copy = hand.copy
-        self.name = name
+        super().__init__(hand, name)
         self.fleet = fleet
-        self.log = self.copy.text("TBMensajes")
-        self.status = ""
         self.current = "A1"
         self.corner = ""
         self.clear()
@@ -155,6 +133,20 @@ class Side:
         self.firing = False
         self.target = {}  # what FG1 shows
         self.own = {}  # what FG2 shows
+
+    def number_of(self, cell):
+        return number_of(cell)
+
+    def begin_again(self):
+        self.clear()
+        self.current = "A1"  # with what that writes to the status
+        self.expect_status("A1 ")
+        self.expect_ships_to_place()
+        self.expect_boards()
+
+    def click(self, cell):
+        super().click(cell)
+        self.current = cell
 
     def cells_of(self, ship):
         return cells_between(*self.fleet[ship])
@@ -187,24 +179,6 @@ class Side:
         if missing:
             self.corner = SHIPS[missing[-1]][0][0]
 
-    def expect_status(self, text):
-        self.status = text
-        self.copy.expect_text("TBEstado", text)
-
-    def expect_line(self, line):
-        self.log += f"\n{line}"
-        self.expect_log()
-
-    def expect_line_alone(self, line):
-        """A line after the log was emptied."""
-        self.log = ""
-        self.expect_line(line)
-
-    def expect_log(self, text=None):
-        if text is not None:
-            self.log = text
-        self.copy.expect_text("TBMensajes", self.log)
-
     def expect_boards(self):
         """Both boards, each cell."""
         corner = {CORNER: self.corner} if self.corner else {}
@@ -217,42 +191,16 @@ class Side:
         lines = [f"{name:13} ({length} Casillas)" for name, length in missing]
         self.copy.expect_text("TBBarcos", "\n".join(["Faltan por colocar:", *lines, ""]))
 
-    def expect_described(self, cell):
-        wait_for_value(
-            f"the name of {cell} of {self.name}",
-            lambda: self.copy.cell(number_of(cell)).name,
-            self.description(cell),
-        )
-
 
 # ---- Both players ----
 
 
-class Session:
+class Session(placing.Session):
     """Two copies after the handshake; side 0 is the server and side 1 the client."""
 
     def __init__(self, server_hand, client_hand, starter, server=SERVER, client=CLIENT, tell=lambda line: None):
-        self.tell = tell  # takes a line about each step
-        self.sides = (
-            Side(server_hand, server.kept_name, IN_ROWS),
-            Side(client_hand, client.kept_name, IN_COLUMNS),
-        )
-        self.turn = starter
-        self.scores = [0, 0]
-
-    def answer(self, side, title, text, button=None):
-        self.sides[side].hand.answer_box(title, text, *([button] if button else []))
-
-    def click(self, side, cell):
-        """A click on a cell of FG1, as mouse or keyboard has it."""
-        player = self.sides[side]
-        player.hand.click_cell(number_of(cell))
-        player.current = cell
-
-    def click_and_read(self, side, cell, status):
-        """A click that only writes a status."""
-        self.click(side, cell)
-        self.sides[side].expect_status(status)
+        sides = Side(server_hand, server.kept_name, IN_ROWS), Side(client_hand, client.kept_name, IN_COLUMNS)
+        super().__init__(GAME, sides, starter, tell)
 
     # ---- Placing ----
 
@@ -304,11 +252,6 @@ class Session:
         for gone in {*freed, *around(freed)} - player.margin():
             player.target.pop(gone, None)
         player.expect_status(f"Eliminado {SHIPS[ship][0]}, quedan {7 - len(player.placed)} barcos por colocar.")
-
-    def press_key(self, side, key):
-        """A key on FG1, where the keyboard is after a click."""
-        self.sides[side].copy.bring_to_front()
-        screen.press(key)
 
     def send_first(self, side):
         """The confirmed fleet leaves, and its owner waits for the other one's."""
@@ -409,7 +352,7 @@ class Session:
         loser.expect_status("")
         self.answer(side, WIN_TITLE, WIN_TEXT)
         self.answer(1 - side, LOSS_TITLE, loss_text(winner.name))
-        winner.expect_line(AFTER_WIN_LINE)
+        winner.expect_line(placing.AFTER_WIN_LINE)
         loser.expect_log("")
         self.expect_fleet_status(side)
         # The loser learns of the end together with the shot, which then no longer counts.
@@ -417,45 +360,3 @@ class Session:
         self.expect_fleet_status(1 - side)
         for player in self.sides:
             player.expect_boards()
-
-    # ---- Another game ----
-
-    def ask_rematch(self, side, answer):
-        player = self.sides[side]
-        self.tell(f"{player.name} clicks the board and answers {answer!r} to another game")
-        self.click(side, "C3")
-        player.copy.box(GAME.title)
-        player.expect_log("")
-        player.expect_status("")
-        self.answer(side, GAME.title, REMATCH_TEXT, answer)
-
-    def play_again(self, first, with_boxes_open=lambda: None):
-        """Both want another game; the one who fired last begins."""
-        second = 1 - first
-        self.ask_rematch(first, YES)
-        self.sides[second].expect_line_alone(f"Nueva partida.{self.sides[first].name} desea jugar otra partida.")
-        self.sides[second].expect_status("")
-        self.ask_rematch(second, YES)
-        self.sides[first].expect_line_alone(f"Nueva partida.{self.sides[second].name} desea jugar otra partida.")
-        for player in self.sides:
-            player.copy.box(NEW_GAME_TITLE)
-        with_boxes_open()
-        names = [player.name for player in self.sides]
-        text = score_text(GAME, names[0], self.scores[0], names[1], self.scores[1], names[self.turn])
-        for side, player in enumerate(self.sides):
-            self.answer(side, NEW_GAME_TITLE, text)
-            player.clear()
-            player.current = "A1"  # with what that writes to the status
-            player.expect_status("A1 ")
-            player.expect_log()
-            player.expect_ships_to_place()
-            player.expect_boards()
-
-    def stop(self, refuser, with_box_open=lambda: None):
-        """One player does not want another game; both are back in the selection window."""
-        self.ask_rematch(refuser, NO)
-        self.sides[1 - refuser].copy.box(NO_TITLE)
-        with_box_open()
-        self.answer(1 - refuser, NO_TITLE, refusal_text(self.sides[refuser].name))
-        for player in self.sides:
-            player.copy.expect_text("Text1", SELECTION_QUESTION)

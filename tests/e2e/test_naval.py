@@ -3,6 +3,7 @@
 import cases
 import handshake
 import naval
+import placing
 from handshake import Player
 from hands import NO, YES, KeyHand, MouseHand
 
@@ -35,9 +36,9 @@ class Naval(cases.CopiesTest):
         self.assertEqual(client.text("TbCli1"), broken)
 
     def check_logs(self, server, client):
-        report = naval.report_line("Ana", drawn=False)
-        server.expect_text("TBMensajes", naval.handshake_log(True, "Luis", report))
-        client.expect_text("TBMensajes", naval.handshake_log(False, "Ana", report))
+        report = placing.report_line("Ana", drawn=False)
+        server.expect_text("TBMensajes", placing.handshake_log(True, "Luis", report))
+        client.expect_text("TBMensajes", placing.handshake_log(False, "Ana", report))
 
     def place_by_keyboard(self, session):
         """Esc and T as well; the server has two ships on its board when the fleet comes."""
@@ -60,7 +61,7 @@ class Naval(cases.CopiesTest):
             player.expect_described(cell)
         session.press_key(_LUIS, "T")
         session.send_first(_LUIS)
-        session.click_and_read(_LUIS, "B1", naval.NOT_YOUR_TURN)
+        session.click_and_read(_LUIS, "B1", placing.NOT_YOUR_TURN)
 
     def place_by_mouse(self, session):
         """Refusals and removals; FG1 no longer shows what was placed before the other fleet came."""
@@ -87,13 +88,13 @@ class Naval(cases.CopiesTest):
     def fire(self, session):
         """Hits, the same cell twice, sinkings and water by both; the client wins."""
         ana, luis = session.sides
-        session.click_and_read(_LUIS, "B3", naval.NOT_YOUR_TURN)
+        session.click_and_read(_LUIS, "B3", placing.NOT_YOUR_TURN)
         for cell in ("E1", "E1", "G5", "G6", "E1"):
             session.fire(_ANA, cell)
         for cell in ("G5", "H4", "J10"):
             ana.expect_described(cell)
         session.fire(_ANA, "J10")
-        session.click_and_read(_ANA, "J9", naval.NOT_YOUR_TURN)
+        session.click_and_read(_ANA, "J9", placing.NOT_YOUR_TURN)
         for cell in ("B3", "B9", "A9", "J10"):
             session.fire(_LUIS, cell)
         for player in session.sides:

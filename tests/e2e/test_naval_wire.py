@@ -3,6 +3,7 @@
 import cases
 import handshake
 import naval
+import placing
 import screen
 from handshake import Player
 from hands import NO, YES
@@ -53,7 +54,7 @@ class NavalWire(cases.CopiesTest):
         # Both leave before the box is answered, and in one write.
         with peer.expect_writes(b"Jug|*1IHaganado|"):
             hand.click_cell(naval.number_of(cells[-1]))
-        hand.answer_box(naval.WIN_TITLE, naval.WIN_TEXT)
+        hand.answer_box(placing.WIN_TITLE, naval.WIN_TEXT)
         hand.click_cell(naval.number_of("A1"))
         hand.answer_box(GAME.title, handshake.REMATCH_TEXT, NO)
         peer.expect_refusals(b"Seguir|No")
@@ -73,7 +74,7 @@ class NavalWire(cases.CopiesTest):
         hand.answer_box(handshake.NO_TITLE, naval.READY_TEXTS[True])
         self.fire(hand, peer, "J10", b"Jug|22A")
         peer.send(b"Jug|))IHaganado|")
-        hand.answer_box(naval.LOSS_TITLE, naval.loss_text("Eva"))
+        hand.answer_box(placing.LOSS_TITLE, naval.loss_text("Eva"))
         hand.copy.expect_text("TBMensajes", "")
         self.assertEqual(hand.copy.cell(naval.number_of("A1"), "FG2").description, "P")
         peer.send(b"Seguir|No")
