@@ -7,7 +7,7 @@ import handshake
 import screen
 import three_in_row
 from driver import Copy, free_port
-from hands import MouseHand
+from hands import YES, MouseHand
 from peer import Listener, Peer
 
 
@@ -70,9 +70,10 @@ class CopiesTest(unittest.TestCase):
         return peer
 
     def assert_usable_and_leaves(self, hand, game=three_in_row.GAME):
-        """The game's window closes with its question, the selection window comes, SALIR ends the program with 0."""
+        """The game's window closes, the selection window comes, SALIR ends the program with 0."""
         hand.close_window()
-        hand.answer_box(game.title, handshake.CLOSE_TEXT, "Sí")
+        if game.asks_before_closing:
+            hand.answer_box(game.title, handshake.CLOSE_TEXT, YES)
         handshake.leave(hand)
 
 

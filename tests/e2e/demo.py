@@ -65,7 +65,7 @@ class Demonstration:
         self._stage.copies[0].box(handshake.REQUEST_TITLE)
         if first:
             self.picture("request")
-        handshake.answer_request(self.server)
+        handshake.accept(self.server, self.client)
         self.tell(f"The players give their names: {server.shown_name} and {client.shown_name}")
         handshake.answer_name(self.server, server, game)
         handshake.answer_name(self.client, client, game)

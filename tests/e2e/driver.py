@@ -14,6 +14,7 @@ import pyatspi
 from gi.repository import Atspi, GLib
 
 import screen
+from menus import Menus, items_of
 from tree import BOX_ROLES, extents_of, find_below, has_state, is_showing, label_of, text_of
 from waiting import LIMIT, wait_for_value, wait_until
 
@@ -35,6 +36,9 @@ CONTROLS = {
     "FG1": ("panel", "Tablero"),
     "FG2": ("panel", "Flota propia"),
 }
+
+
+_MENUS = Menus()
 
 
 def free_port():
@@ -63,6 +67,7 @@ class Copy:
         )
         self.pid = self._process.pid
         self._controls = {}
+        self._cells = {}  # of the boards among the controls
         try:
             self._application = wait_until("the program to reach the accessibility bus", self._find_application)
         except BaseException:
@@ -116,11 +121,12 @@ class Copy:
     def boxes(self):
         return [window for window in self.windows() if window.getRoleName() in BOX_ROLES]
 
-    def box(self, title):
-        """The open box with a title, once it is there."""
+    def box(self, title, text=None):
+        """The open box with a title, once it is there; with a text, that one of them where several are open."""
 
         def look():
-            return next((box for box in self.boxes() if box.name == title), None)
+            titled = [box for box in self.boxes() if box.name == title]
+            return next((box for box in titled if label_of(box) == text), next(iter(titled), None))
 
         try:
             return wait_until(f"the box {title!r}", look)
@@ -157,6 +163,7 @@ class Copy:
             return None
 
     def _find_anew(self, name):
+        self._cells.pop(name, None)
         self._controls[name] = self.find(*CONTROLS[name])
         return self._controls[name]
 
@@ -169,6 +176,18 @@ class Copy:
     def button(self, caption):
         return wait_until(f"the button {caption!r}", lambda: self.find("push button", caption))
 
+    # ---- Menus ----
+
+    def menu_items(self):
+        """The items of the pop-up menu that can be chosen, once it is there."""
+        return items_of(wait_until("a menu", self._menu))
+
+    def expect_no_menu(self):
+        wait_until("the menu to close", lambda: self._menu() is None)
+
+    def _menu(self):
+        return _MENUS.open_menu(self.pid)
+
     # ---- Lists and boards ----
 
     def entries(self):
@@ -179,14 +198,17 @@ class Copy:
 
     def cells(self, board="FG1"):
         """The cells of a board in row-major order."""
-        return list(self.control(board))
+        control = self.control(board)
+        if board not in self._cells:
+            self._cells[board] = list(control)
+        return self._cells[board]
 
     def cell(self, number, board="FG1"):
-        return self.control(board)[number]
+        return self.cells(board)[number]
 
     def columns(self, board="FG1"):
         """How many cells a row of a board has."""
-        tops = (extents_of(cell)[1] for cell in self.control(board))
+        tops = (extents_of(cell)[1] for cell in self.cells(board))
         first = next(tops)
         return 1 + sum(1 for _ in itertools.takewhile(lambda top: top == first, tops))
 
@@ -196,7 +218,7 @@ class Copy:
 
     def current_cell(self, board="FG1"):
         """The number of the cell under the board's cursor."""
-        return self._selected(self.control(board), board)
+        return self._selected(self.cells(board), board)
 
     @staticmethod
     def _selected(nodes, name):

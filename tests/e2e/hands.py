@@ -52,7 +52,7 @@ class Hand:
         self._close_box(box, title, prompt, button, f"{typed} [{button}]")
 
     def _expected_box(self, title, text):
-        box = self.copy.box(title)
+        box = self.copy.box(title, text)
         wait_for_value(f"the text of the box {title!r}", lambda: label_of(box), text)
         return box
 
@@ -87,6 +87,15 @@ class MouseHand(Hand):
         self._click(lambda: self.copy.cell(number, board))
         self._witness.look()
 
+    def point_at_cell(self, number, board="FG1"):
+        self.copy.bring_to_front(self.copy.main_window())
+        screen.point_at(*self._middle_of(lambda: self.copy.cell(number, board)))
+
+    def choose_item(self, caption):
+        """Chooses from the menu that is open."""
+        screen.click(*self._middle_of(lambda: named(self.copy.menu_items(), caption)))
+        self._witness.look()
+
     def close_window(self):
         """Clicks the close box of the window's frame."""
         window = self.copy.bring_to_front()
@@ -100,19 +109,19 @@ class MouseHand(Hand):
 
     def _click(self, find, window=None, times=1):
         self.copy.bring_to_front(window or self.copy.main_window())
-        x, y, width, height = self._steady_extents(find)
-        screen.click(x + width // 2, y + height // 2, times)
+        screen.click(*self._middle_of(find), times)
 
     @staticmethod
-    def _steady_extents(find):
-        """A window that has just come is laid out in several steps."""
+    def _middle_of(find):
+        """Once it stays in its place: a window that has just come is laid out in several steps."""
         seen = [None]
 
         def steady():
             seen.append(extents_of(find()))
             return seen[-1] if seen[-1] == seen[-2] and seen[-1][2] > 0 else None
 
-        return wait_until("a control to stay in its place", steady)
+        x, y, width, height = wait_until("a control to stay in its place", steady)
+        return x + width // 2, y + height // 2
 
 
 class KeyHand(Hand):
@@ -151,6 +160,16 @@ class KeyHand(Hand):
         screen.press(key)
         self._witness.look()
 
+    def choose_item(self, caption):
+        """Chooses from the menu that is open, with the arrow keys from its first item on."""
+        items = self.copy.menu_items()
+        item = named(items, caption)
+        if steps := items.index(item):
+            screen.press(*["Down"] * steps)
+        wait_until(f"the item {caption!r} to be current", lambda: is_focused(item))
+        screen.press("Return")
+        self._witness.look()
+
     def close_window(self):
         """Alt+F4, which the window manager makes a request to close."""
         self.copy.bring_to_front()
@@ -176,6 +195,11 @@ class KeyHand(Hand):
     def _focused(self):
         """Role and name of what has the focus."""
         return [focus_below(window) for window in self.copy.windows()]
+
+
+def named(nodes, name):
+    """The one with a name."""
+    return next(node for node in nodes if node.name == name)
 
 
 def focus_below(node):

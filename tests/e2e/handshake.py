@@ -57,6 +57,7 @@ class Game:
     title: str  # of the boxes about leaving and playing again
     new_game_opening: str = "Comienza jugando "
     new_game_ending: str = "."
+    asks_before_closing: bool = True
 
 
 @dataclasses.dataclass(frozen=True)
@@ -102,6 +103,16 @@ def answer_request(hand, button=OK):
     hand.answer_box(REQUEST_TITLE, REQUEST_TEXT, button)
 
 
+def accept(server_hand, client_hand):
+    answer_request(server_hand)
+    _come_to_front(client_hand, NAME_TITLE)
+
+
+def _come_to_front(hand, title):
+    """Until a new box has had the keyboard, it may take it from whoever is typing in the other copy."""
+    hand.copy.bring_to_front(hand.copy.box(title))
+
+
 def refuse_request(hand):
     answer_request(hand, CANCEL)
 
@@ -109,6 +120,7 @@ def refuse_request(hand):
 def answer_name(hand, player, game):
     hand.answer_input(NAME_TITLE, NAME_PROMPT, player.proposal, player.name)
     hand.copy.expect_caption(player.shown_name.strip() + game.suffix)
+    _come_to_front(hand, TURN_TITLE)
 
 
 def answer_turn(hand, player):
@@ -118,7 +130,7 @@ def answer_turn(hand, player):
 def shake_hands(server_hand, client_hand, game, server=SERVER, client=CLIENT):
     """From the two frames to the first turn, each box as it comes. The client chooses its turn last."""
     client_hand.press_button(LOCAL_BUTTON)
-    answer_request(server_hand)
+    accept(server_hand, client_hand)
     answer_name(server_hand, server, game)
     answer_name(client_hand, client, game)
     answer_turn(server_hand, server)

@@ -51,6 +51,10 @@ def click(x, y, times=1):
     _run("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "30", "1")
 
 
+def point_at(x, y):
+    _run("xdotool", "mousemove", str(x), str(y))
+
+
 def drag(start, end):
     """Presses the button in one place and lets it go in another."""
     _run(*f"xdotool mousemove {start[0]} {start[1]} mousedown 1 mousemove {end[0]} {end[1]} mouseup 1".split())

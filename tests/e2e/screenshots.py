@@ -101,7 +101,7 @@ class Album:
         client.press_button(handshake.LOCAL_BUTTON)
         server.copy.box(handshake.REQUEST_TITLE)
         self._take(server, "request")
-        handshake.answer_request(server)
+        handshake.accept(server, client)
         server.copy.box(handshake.NAME_TITLE)
         self._take(server, "name")
         handshake.answer_name(server, _SERVER, game)

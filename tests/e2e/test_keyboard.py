@@ -79,7 +79,7 @@ class Keyboard(cases.CopiesTest):
         client.answer_box(ADDRESS_TITLE, "Conexión cancelada", OK)
         client.press_button(handshake.CONNECT_BUTTON)
         client.answer_input(ADDRESS_TITLE, ADDRESS_PROMPT, "", "127.0.0.1")
-        handshake.answer_request(server)
+        handshake.accept(server, client)
 
     def check_logs(self, server, client):
         """The client's choice came first, so the server decides in its own question: no comma in its report."""

@@ -41,9 +41,8 @@ class KilledPeer(cases.CopiesTest):
 
     def accept(self):
         self.request()
-        handshake.answer_request(self.server)
-        for hand in self.hands:
-            hand.copy.box(handshake.NAME_TITLE)
+        handshake.accept(*self.hands)
+        self.server.copy.box(handshake.NAME_TITLE)
 
     def give_names(self):
         self.accept()
