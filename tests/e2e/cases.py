@@ -12,6 +12,8 @@ from peer import Listener, Peer
 
 
 OWN_PORT = object()
+# Texts in which no game finds anything.
+GARBAGE = (b"\0", b"\r\n", bytes(range(256)), b"|" * 1000, b"jug|-1|3", b"x" * 2**20)
 
 
 class CopiesTest(unittest.TestCase):
@@ -46,6 +48,20 @@ class CopiesTest(unittest.TestCase):
         hand = MouseHand(self.start())
         handshake.open_game(hand, True, game)
         return hand
+
+    def start_server_session(self, game, server=handshake.Player("Servidor", "Ana", "1")):
+        """The hand at a server in session with a bare peer, who is Eva; the server begins."""
+        hand = self.start_server(game)
+        peer = self.connect_peer()
+        handshake.answer_request(hand)
+        peer.expect(f"Solicitud aceptada|{game.code}".encode())
+        peer.send("Nombre|Eva")
+        handshake.answer_name(hand, server, game)
+        peer.expect(f"Nombre|{server.name}".encode())
+        peer.send("turno|2")
+        handshake.answer_turn(hand, server)
+        peer.expect(b"Turnodef|00")
+        return hand, peer
 
     def start_client(self, game=three_in_row.GAME):
         hand = MouseHand(self.start())

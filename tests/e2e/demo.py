@@ -9,12 +9,13 @@ import pathlib
 import sys
 
 import demo_naval
+import demo_strategy
 import demo_three_in_row
 import handshake
 from hands import KeyHand, MouseHand
 from stage import Stage
 
-GAME_DEMOS = (demo_three_in_row, demo_naval)
+GAME_DEMOS = (demo_three_in_row, demo_naval, demo_strategy.SMALL, demo_strategy.LARGE)
 
 
 class Demonstration:

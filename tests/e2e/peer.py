@@ -51,8 +51,13 @@ class Peer:
 
     def expect(self, expected):
         """The next bytes, which must come alone, in one read."""
+        self.expect_one_of(expected)
+
+    def expect_one_of(self, *expected):
+        """The next bytes, which must be one of several. Returns them."""
         data = self._socket.recv(_ANSWER)
-        assert data == expected, f"expected {expected!r} on the wire, got {data!r}"
+        assert data in expected, f"expected one of {expected!r} on the wire, got {data!r}"
+        return data
 
     @contextlib.contextmanager
     def expect_writes(self, *expected):

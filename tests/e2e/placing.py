@@ -50,6 +50,11 @@ class Side:
         """A click on a cell of FG1, as mouse or keyboard has it."""
         self.hand.click_cell(self.number_of(cell))
 
+    def press_key(self, key):
+        """A key on FG1, where the keyboard is after a click."""
+        self.copy.bring_to_front()
+        screen.press(key)
+
     def expect_status(self, text):
         self.status = text
         self.copy.expect_text("TBEstado", text)
@@ -98,9 +103,7 @@ class Session:
         self.sides[side].expect_status(status)
 
     def press_key(self, side, key):
-        """A key on FG1, where the keyboard is after a click."""
-        self.sides[side].copy.bring_to_front()
-        screen.press(key)
+        self.sides[side].press_key(key)
 
     # ---- Another game ----
 

@@ -3,6 +3,7 @@
 usage: screenshots.py BINARY OUTPUT_DIR
 """
 
+import functools
 import pathlib
 import sys
 import tempfile
@@ -12,7 +13,9 @@ import naval
 import screen
 import three_in_row
 from driver import Copy, free_port
-from hands import YES, KeyHand
+from hands import NO, YES, KeyHand
+from strategy import BOMB, EST, FLAG, MAJOR, MES, SCOUT, selected
+from strategy_session import Session as StrategySession
 
 # The colours of Breeze Dark in the file from which Qt's KDE theme takes its palette.
 _DARK_COLOURS = """\
@@ -65,7 +68,12 @@ class Album:
     def __init__(self, binary, folder, look, environment):
         self._folder = folder
         self._look = look
-        for fill in (self._from_start_to_rematch, self._naval_battle):
+        for fill in (
+            self._from_start_to_rematch,
+            self._naval_battle,
+            functools.partial(self._strategy_game, EST, "strategy"),
+            functools.partial(self._strategy_game, MES, "mini_strategy"),
+        ):
             port = str(free_port())
             copies = []
             try:
@@ -143,6 +151,36 @@ class Album:
         server.move_to_cell(naval.number_of("H4"))
         server.focus_on("TBBarcos")
         self._take(server, "naval_focus_elsewhere")
+
+    def _strategy_game(self, variant, name, server, client):
+        handshake.open_game(server, True, variant.game)
+        handshake.open_game(client, False, variant.game)
+        self._take(client, f"{name}_client_frame")
+        handshake.shake_hands(server, client, variant.game, _SERVER, _CLIENT)
+        session = StrategySession(variant, server, client, 0, _SERVER, _CLIENT)
+        row = variant.zone_rows
+        for cell, rank in ((f"A{row}", SCOUT), (f"D{row}", MAJOR), ("C1", FLAG)):
+            session.place(0, cell, rank)
+        session.open_menu(0, "D2")
+        self._take(server, f"{name}_placing")
+        screen.press("Escape")
+        server.copy.expect_no_menu()
+        target = f"A{variant.rows + 1 - row}"
+        for side, wanted in enumerate(({f"A{row}": SCOUT}, {variant.mirrored(target): BOMB})):
+            session.deploy(side, NO)
+            session.arrange(side, wanted)
+            session.press_key(side, "Escape")
+            session.exchange(side)
+        session.move(0, f"A{row}", target)
+        for side in (1, 0, 1):
+            session.step(side)
+        cell = session.sides[0].movable_piece()
+        session.click_and_read(0, cell, selected(session.sides[0].rank_at(cell)))
+        server.move_to_cell(variant.number_of(f"D{row + 1}"))
+        self._take(server, f"{name}_mid_fight")
+        self._take(client, f"{name}_mid_fight_of_the_other")
+        server.focus_on("TBMensajes")
+        self._take(server, f"{name}_focus_elsewhere")
 
 
 def main(binary, output):

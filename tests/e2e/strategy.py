@@ -70,6 +70,9 @@ BOMBS_STAY = "Las bombas no se pueden mover"
 NOT_YOURS = "No puede mover fichas del otro jugador"
 NOTHING_THERE = "Casilla vacía"
 
+MOVED, LOST, WON, BOTH, FLAG_TAKEN = range(5)  # what becomes of the piece that moves
+_RESULTS = {MOVED: 1, LOST: 0, WON: 1, BOTH: 2}  # as the message of a move has them
+
 _LETTERS = "ABCDEFGHIJ"
 
 
@@ -181,9 +184,21 @@ def army(variant, layout):
     return {f"{letter}{row}": int(rank, 16) for row, ranks in zip(rows, layout) for letter, rank in zip(_LETTERS, ranks)}
 
 
-# ---- Combat ----
+# ---- On the wire ----
 
-MOVED, LOST, WON, BOTH, FLAG_TAKEN = range(5)  # what becomes of the piece that moves
+
+def army_message(variant, side, ranks):
+    """The ranks by cell, as their player calls the cells."""
+    return "Datos|" + "".join(f"{100 * side + ranks[cell]:03}," for cell in reversed(variant.zone()))
+
+
+def move_message(origin, target, outcome):
+    """The cells as the player who moves calls them."""
+    places = [place for cell in (origin, target) for place in (_LETTERS.index(cell[0]) + 1, int(cell[1:]))]
+    return "Jug|" + "".join(f"{number:02}," for number in (*places, _RESULTS[outcome]))
+
+
+# ---- Combat ----
 
 
 def combat(attacker, defender):

@@ -69,7 +69,8 @@ class Side(placing.Side):
         return self.variant.number_of(cell)
 
     def rank_at(self, cell):
-        return self.board[cell][1]
+        """0 where no piece stands."""
+        return self.board.get(cell, (None, 0))[1]
 
     def set(self, cell, piece):
         """A piece or nothing comes onto a cell, which is drawn again."""
@@ -77,6 +78,16 @@ class Side(placing.Side):
         self.lingering.pop(cell, None)
         if piece:
             self.board[cell] = piece
+
+    def apply(self, origin, target, outcome):
+        """A move of either player."""
+        if outcome in (MOVED, WON):
+            self.set(target, self.board[origin])
+        elif outcome == BOTH:
+            self.set(target, None)
+        elif self.rank_at(target) == BOMB:
+            self.set(target, (self.board[target][0], REVEALED_BOMB))
+        self.set(origin, None)
 
     def knows(self, cell):
         side, rank = self.board[cell]
@@ -101,7 +112,20 @@ class Side(placing.Side):
     def _shown(self):
         return {number: text for number, text in enumerate(self.copy.board()) if text}
 
-    def read_army(self):
+    def deploy(self, answer):
+        """F3, and the answer to the question whether that is all."""
+        self.press_key("F3")
+        self.copy.box(self.variant.placed_title)
+        self.lingering.clear()
+        self._read_army()
+        self.expect_board()
+        self.hand.answer_box(self.variant.placed_title, PLACED_TEXT, answer)
+        if answer == NO:
+            self.expect_status(CHANGE_SOMETHING)
+        else:
+            self.log = ""
+
+    def _read_army(self):
         """An army that the program has drawn up, as its own board shows it."""
         texts = self.copy.board()
         for cell in self.variant.zone():
@@ -116,6 +140,15 @@ class Side(placing.Side):
             if self.board.get(cell, (None,))[0] == self.number and self.can_move(cell):
                 return cell
         return None
+
+    def lanes(self):
+        """The columns without water in which the own piece of the first row can step forward."""
+        row = self.variant.zone_rows
+        return [
+            letter
+            for letter in self.variant.open_columns()
+            if SPY <= self.rank_at(f"{letter}{row}") <= MARSHAL and f"{letter}{row + 1}" not in self.board
+        ]
 
     def can_move(self, cell):
         free = (
@@ -143,8 +176,12 @@ class Session(placing.Session):
 
     def place(self, side, cell, rank):
         """A click and a choice. The last piece of all is followed by a question, which the caller answers."""
-        player = self.sides[side]
         self.open_menu(side, cell)
+        self.choose_rank(side, cell, rank)
+
+    def choose_rank(self, side, cell, rank):
+        """From the menu that is open at a cell."""
+        player = self.sides[side]
         player.hand.choose_item(f"{RANKS[rank]} ({player.left[rank]})")
         player.left[rank] -= 1
         player.set(cell, (side, rank))
@@ -170,19 +207,9 @@ class Session(placing.Session):
         player.expect_status(player.description(cell))
 
     def deploy(self, side, answer):
-        """F3, and the answer to the question whether that is all."""
         player = self.sides[side]
-        self.press_key(side, "F3")
-        player.copy.box(self.variant.placed_title)
-        player.lingering.clear()
-        player.read_army()
-        player.expect_board()
         self.tell(f"{player.name} presses F3 for a random army and answers {answer!r}")
-        self.answer(side, self.variant.placed_title, PLACED_TEXT, answer)
-        if answer == NO:
-            player.expect_status(CHANGE_SOMETHING)
-        else:
-            player.log = ""
+        player.deploy(answer)
 
     def arrange(self, side, wanted):
         """Changes a complete army until the wanted ranks stand where they are wanted."""
@@ -242,8 +269,7 @@ class Session(placing.Session):
     def move(self, side, origin, target):
         """A move or an attack, compared on both sides."""
         player, other = self.sides[side], self.sides[1 - side]
-        attacker = player.rank_at(origin)
-        defender = player.rank_at(target) if target in player.board else 0
+        attacker, defender = player.rank_at(origin), player.rank_at(target)
         line = f"Le toca jugar a{other.padded_name}"
         if defender:
             outcome, status = combat(attacker, defender)
@@ -257,22 +283,12 @@ class Session(placing.Session):
         self.tell(f"{player.name} moves from {origin} to {target}: {status}")
         cells = [self.variant.mirrored(cell) for cell in (origin, target)]
         report = told(outcome, attacker, defender, *cells)
-        self._apply(player, origin, target, outcome)
+        player.apply(origin, target, outcome)
         player.expect_board()
         self.answer(1 - side, NO_TITLE, f"{player.padded_name}{report}")
-        self._apply(other, *cells, outcome)
+        other.apply(*cells, outcome)
         other.expect_board()
         self.turn = 1 - self.turn
-
-    @staticmethod
-    def _apply(player, origin, target, outcome):
-        if outcome in (MOVED, WON):
-            player.set(target, player.board[origin])
-        elif outcome == BOTH:
-            player.set(target, None)
-        elif player.rank_at(target) == BOMB:
-            player.set(target, (player.board[target][0], REVEALED_BOMB))
-        player.set(origin, None)
 
     def take_flag(self, side, origin, target, with_boxes_open=lambda: None):
         """The move that ends the game, and both boxes about it."""
@@ -309,29 +325,20 @@ class Session(placing.Session):
 
     # ---- With random armies ----
 
-    def lanes(self, side):
-        """The columns without water in which a player's piece of the first row can step forward."""
-        player, row = self.sides[side], self.variant.zone_rows
-        return [
-            letter
-            for letter in self.variant.open_columns()
-            if SPY <= player.rank_at(f"{letter}{row}") <= MARSHAL and f"{letter}{row + 1}" not in player.board
-        ]
-
     def step(self, side):
         """A piece of the first row goes forward."""
-        letter = self.lanes(side)[0]
+        letter = self.sides[side].lanes()[0]
         self.move(side, f"{letter}{self.variant.zone_rows}", f"{letter}{self.variant.zone_rows + 1}")
 
     def opposite(self, side):
         """Where the other player must have the flag for conquer, as that one calls the cell."""
-        return self.variant.mirrored(f"{self.lanes(side)[0]}{self.variant.rows + 1 - self.variant.zone_rows}")
+        return self.variant.mirrored(f"{self.sides[side].lanes()[0]}{self.variant.rows + 1 - self.variant.zone_rows}")
 
     def conquer(self, side, with_boxes_open=lambda: None):
         """One player goes straight for the flag, while the other moves a piece to and fro."""
         first, last = self.variant.zone_rows, self.variant.rows - self.variant.zone_rows
-        way = [f"{self.lanes(side)[0]}{row}" for row in range(first, last + 1)]
-        idle = self.lanes(1 - side)[0]
+        way = [f"{self.sides[side].lanes()[0]}{row}" for row in range(first, last + 1)]
+        idle = self.sides[1 - side].lanes()[0]
         others = itertools.cycle(((f"{idle}{first}", f"{idle}{first + 1}"), (f"{idle}{first + 1}", f"{idle}{first}")))
         if self.sides[side].rank_at(way[0]) == SCOUT:
             del way[1:]

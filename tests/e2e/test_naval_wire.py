@@ -5,11 +5,9 @@ import handshake
 import naval
 import placing
 import screen
-from handshake import Player
 from hands import NO, YES
 
 GAME = naval.GAME
-ANA = Player("Servidor", "Ana", "1")
 # The fleet of IN_ROWS on the wire.
 FLEET = b"Datos|3))-)4)+,+5)-+-6--/-7)/+/8-/./9)1*1"
 
@@ -17,17 +15,8 @@ FLEET = b"Datos|3))-)4)+,+5)-+-6--/-7)/+/8-/./9)1*1"
 class NavalWire(cases.CopiesTest):
     def server_session(self):
         """A copy as server in session with a bare peer; the server begins."""
-        hand = self.start_server(GAME)
-        peer = self.connect_peer()
-        handshake.answer_request(hand)
-        peer.expect(b"Solicitud aceptada|BAR")
-        peer.send(b"Nombre|Eva")
-        handshake.answer_name(hand, ANA, GAME)
-        peer.expect(b"Nombre|Ana")
-        peer.send(b"turno|2")
-        handshake.answer_turn(hand, ANA)
+        hand, peer = self.start_server_session(GAME)
         hand.answer_box(handshake.NO_TITLE, naval.PLACE_TEXT)
-        peer.expect(b"Turnodef|00")
         return hand, peer
 
     def place(self, hand, answer):

@@ -153,7 +153,7 @@ class Wire(cases.CopiesTest):
         """The peer is to move. Nothing of this moves anything; then the game goes on."""
         handshake.report_line(hand.copy)
         log = hand.copy.text("TBMensajes")
-        for data in (b"\0", b"\r\n", bytes(range(256)), b"|" * 1000, b"jug|-1|3", b"x" * 2**20):
+        for data in cases.GARBAGE:
             peer.send(data)
             self.assert_unchanged(hand.copy, log)
         told = 0
