@@ -33,6 +33,7 @@ def _play_large(server_hand, client_hand, tell, picture):
     session.press_key(_ANA, "Escape")
     session.exchange(_ANA)
     session.deploy(_LUIS, NO)
+    session.deploy(_LUIS, NO)
     session.arrange(_LUIS, {"A4": FLAG, "I4": SPY, "J4": BOMB})
     picture("strategy_placed")
     session.press_key(_LUIS, "Escape")
@@ -52,13 +53,15 @@ def _play_large(server_hand, client_hand, tell, picture):
 def _play_small(server_hand, client_hand, tell, picture):
     """The client begins. Raises an error unless the game ends as it must."""
     session = Session(MES, server_hand, client_hand, _LUIS, SMALL.SERVER, SMALL.CLIENT, tell)
+    session.deploy(_LUIS, NO)  # both windows opened in the same second would draw the same first army
     session.deploy(_LUIS, YES)
     session.exchange(_LUIS)
     session.deploy(_ANA, NO)
     session.arrange(_ANA, {session.opposite(_LUIS): FLAG})
     session.press_key(_ANA, "Escape")
     session.exchange(_ANA, lambda: picture("mini_strategy_ready_to_fight"))
-    session.conquer(_LUIS, lambda: picture("mini_strategy_flag_taken"))
+    tell("The fight: Luis goes for the flag, and Ana lets it happen")
+    session.conquer(_LUIS, lambda: picture("mini_strategy_mid_fight"), lambda: picture("mini_strategy_flag_taken"))
     session.stop(_ANA)
     tell("Both copies are back in the selection window. Games won: Ana 0, Luis 1")
     assert session.scores == [0, 1], session.scores

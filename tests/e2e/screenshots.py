@@ -176,7 +176,7 @@ class Album:
             session.step(side)
         cell = session.sides[0].movable_piece()
         session.click_and_read(0, cell, selected(session.sides[0].rank_at(cell)))
-        server.move_to_cell(variant.number_of(f"D{row + 1}"))
+        server.move_to_cell(variant.number_of(f"{variant.open_columns()[-1]}{row + 1}"))
         self._take(server, f"{name}_mid_fight")
         self._take(client, f"{name}_mid_fight_of_the_other")
         server.focus_on("TBMensajes")

@@ -334,7 +334,7 @@ class Session(placing.Session):
         """Where the other player must have the flag for conquer, as that one calls the cell."""
         return self.variant.mirrored(f"{self.sides[side].lanes()[0]}{self.variant.rows + 1 - self.variant.zone_rows}")
 
-    def conquer(self, side, with_boxes_open=lambda: None):
+    def conquer(self, side, at_the_flag=lambda: None, with_boxes_open=lambda: None):
         """One player goes straight for the flag, while the other moves a piece to and fro."""
         first, last = self.variant.zone_rows, self.variant.rows - self.variant.zone_rows
         way = [f"{self.sides[side].lanes()[0]}{row}" for row in range(first, last + 1)]
@@ -345,6 +345,7 @@ class Session(placing.Session):
         for origin, target in zip(way, way[1:]):
             self.move(side, origin, target)
             self.move(1 - side, *next(others))
+        at_the_flag()
         self.take_flag(side, way[-1], self.variant.mirrored(self.flag_of(1 - side)), with_boxes_open)
 
     def flag_of(self, side):
