@@ -180,8 +180,8 @@ MES = Variant(
 
 def army(variant, layout):
     """The cells and ranks of an army: rows from the innermost one down, a hexadecimal digit for each rank."""
-    rows = range(variant.zone_rows, 0, -1)
-    return {f"{letter}{row}": int(rank, 16) for row, ranks in zip(rows, layout) for letter, rank in zip(_LETTERS, ranks)}
+    cells = [f"{letter}{row}" for row in range(variant.zone_rows, 0, -1) for letter in _LETTERS[: variant.columns]]
+    return {cell: int(rank, 16) for cell, rank in zip(cells, "".join(layout))}
 
 
 # ---- On the wire ----

@@ -41,7 +41,8 @@ class StrategyWire(cases.CopiesTest):
     def send_army(own, peer):
         """A random one."""
         own.deploy(NO)
-        message = strategy.army_message(own.variant, own.number, {cell: own.rank_at(cell) for cell in own.variant.zone()})
+        ranks = {cell: own.rank_at(cell) for cell in own.variant.zone()}
+        message = strategy.army_message(own.variant, own.number, ranks)
         with peer.expect_writes(message.encode(), b"Listo|"):
             own.press_key("Escape")
 
