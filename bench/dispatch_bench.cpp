@@ -44,7 +44,10 @@ class SilentDialogs : public Dialogs {
   QString InputBox(const QString& /*prompt*/, const QString& /*title*/, const QString& /*proposal*/) override {
     return {};
   }
-  std::optional<int> PopUpMenu(const QString& /*name*/, const QList<MenuItem>& /*items*/) override { return {}; }
+  std::optional<int> PopUpMenu(const QString& /*name*/, const QString& /*title*/,
+                               const QList<MenuItem>& /*items*/) override {
+    return {};
+  }
   void CloseAll() override {}
 };
 

@@ -192,10 +192,10 @@ QString ConnectionFlow::Ask(const QString& prompt, const QString& title, const Q
   return seams_.Dialogs.InputBox(prompt, title, proposal);
 }
 
-std::optional<int> ConnectionFlow::PopUp(const QString& menu, const QList<MenuItem>& items) {
+std::optional<int> ConnectionFlow::PopUp(const QString& menu, const QString& title, const QList<MenuItem>& items) {
   seams_.Connection.Flush();
   const Counted open(open_boxes_and_waits_);
-  return seams_.Dialogs.PopUpMenu(menu, items);
+  return seams_.Dialogs.PopUpMenu(menu, title, items);
 }
 
 void ConnectionFlow::RunUserAction(const std::function<void()>& handler) {

@@ -58,7 +58,7 @@ class ConnectionFlow : public QObject {
   Button ShowBox(const QString& text, const QString& title, Buttons buttons = Buttons::Ok);
   QString Ask(const QString& prompt, const QString& title, const QString& proposal = {});
   // The index of the chosen item; nothing when the menu was dismissed.
-  std::optional<int> PopUp(const QString& menu, const QList<MenuItem>& items);
+  std::optional<int> PopUp(const QString& menu, const QString& title, const QList<MenuItem>& items);
 
   // Runs the handler of something that the user did, unless a box or a wait of this window is open: what is under way
   // is finished first. (Boxes are modal, but assistive technology reaches the window behind them.)

@@ -9,7 +9,8 @@
 namespace brontavia {
 namespace {
 
-constexpr int kMargin = 4;  // around the cells, for the focus frame
+const QColor kLineColour(128, 128, 128, 190);  // between light cells as well as between dark ones
+constexpr int kMargin = 4;                     // around the cells, for the focus frame
 constexpr int kPreferredScale = 2;
 constexpr int kTwipsPerPixel = 15;
 
@@ -47,6 +48,12 @@ QRect BoardView::BoardRect() const {
   QRect board({}, SizeInTwips(model_.Shape()).scaled(room, Qt::KeepAspectRatio));
   board.moveCenter(rect().center());
   return board;
+}
+
+QSizeF BoardView::CellSize() const {
+  const BoardShape& shape = model_.Shape();
+  const qreal scale = static_cast<qreal>(BoardRect().width()) / SizeInTwips(shape).width();
+  return QSizeF(shape.CellWidth, shape.CellHeight) * scale;
 }
 
 void BoardView::Arrange() {
@@ -106,7 +113,8 @@ void BoardView::paintEvent(QPaintEvent* /*event*/) {
                       .Marks = model_.Cell(cell).Marks,
                       .Current = cell == model_.CurrentCell() && (hasFocus() || !cursor_needs_focus_),
                       .Header = model_.IsHeader(cell),
-                      .Palette = palette()});
+                      .Palette = palette(),
+                      .CellSize = CellSize()});
     }
   }
   DrawFrame(painter);
@@ -115,9 +123,7 @@ void BoardView::paintEvent(QPaintEvent* /*event*/) {
 void BoardView::DrawFrame(QPainter& painter) const {
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setBrush(Qt::NoBrush);
-  QColor lines = palette().color(QPalette::Text);
-  lines.setAlphaF(0.45F);
-  painter.setPen(QPen(lines, 1));
+  painter.setPen(QPen(kLineColour, 1));
   for (int row = 0; row < model_.rowCount(); ++row) {
     for (int column = 0; column < model_.columnCount(); ++column) {
       painter.drawRect(CellRect({row, column}).adjusted(-1, -1, 0, 0));

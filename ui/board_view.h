@@ -51,6 +51,7 @@ class BoardView : public QWidget {
 
  private:
   [[nodiscard]] QRect BoardRect() const;
+  [[nodiscard]] QSizeF CellSize() const;
   // Edges of the board's rows or columns, from `start` on, in `length` pixels: one more than there are cells.
   [[nodiscard]] std::vector<int> Edges(int start, int length, int count, int cell_size) const;
   void Arrange();

@@ -19,6 +19,7 @@ struct CellLook {
   bool Current = false;
   bool Header = false;
   QPalette Palette;
+  QSizeF CellSize;  // of every cell but headers, before rounding to pixels
 };
 
 class CellPainter {

@@ -31,9 +31,9 @@ class Dialogs {
   // Asks for one line. Meanwhile other events are handled. Returns what was typed, unchanged; empty when cancelled.
   virtual QString InputBox(const QString& prompt, const QString& title, const QString& proposal) = 0;
 
-  // Pops up the menu `name` at the cursor until an item is chosen or the menu is dismissed; meanwhile other events are
-  // handled. Returns the index of the item, or nothing.
-  virtual std::optional<int> PopUpMenu(const QString& name, const QList<MenuItem>& items) = 0;
+  // Pops up the menu `name`, titled `title`, at the cursor until an item is chosen or the menu is dismissed; meanwhile
+  // other events are handled. Returns the index of the item, or nothing.
+  virtual std::optional<int> PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) = 0;
 
   // Closes every box and menu that is open, as if it had been cancelled.
   virtual void CloseAll() = 0;

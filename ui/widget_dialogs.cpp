@@ -91,10 +91,11 @@ QString WidgetDialogs::InputBox(const QString& prompt, const QString& title, con
   return Run(*box) == QDialog::Accepted ? box->textValue() : QString();
 }
 
-std::optional<int> WidgetDialogs::PopUpMenu(const QString& name, const QList<MenuItem>& items) {
+std::optional<int> WidgetDialogs::PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) {
   const auto menu = std::make_unique<QMenu>(&parent_);
   menu_ = menu.get();
   menu->setObjectName(name);
+  menu->setAccessibleName(QString(title).remove(u'&'));
   QAction* first = nullptr;
   for (const MenuItem& item : items) {
     QAction* action = menu->addAction(item.Caption);

@@ -15,19 +15,19 @@ constexpr qreal kTextHeight = 0.36;
 constexpr qreal kMarkHeight = 0.7;  // of the "*", which is small in its line
 constexpr int kSmallestText = 7;
 constexpr int kLargestText = 26;
-constexpr qreal kTextInset = 3;
+constexpr qreal kTextInset = 2;
 constexpr qreal kCursorWidth = 0.07;
 const QString kHidden = u"*"_s;
 
 // One size for the names of all ranks: that in which the longest fits.
-QFont RankFont(QFont font, const QRectF& area) {
-  font.setPixelSize(std::clamp(static_cast<int>(area.height() * kTextHeight), kSmallestText, kLargestText));
+QFont RankFont(QFont font, const QSizeF& cell) {
+  font.setPixelSize(std::clamp(static_cast<int>(cell.height() * kTextHeight), kSmallestText, kLargestText));
   const QFontMetricsF metrics(font);
   qreal widest = 0;
   for (int rank = 1; rank <= kRanks; ++rank) {
     widest = std::max(widest, metrics.horizontalAdvance(ToQString(RankName(rank))));
   }
-  const qreal room = area.width() - 2 * kTextInset;
+  const qreal room = cell.width() - 2 * kTextInset;
   if (widest > room) font.setPixelSize(std::max(kSmallestText, static_cast<int>(font.pixelSize() * room / widest)));
   return font;
 }
@@ -65,9 +65,12 @@ void StrategyPainter::Paint(QPainter& painter, const QRectF& area, const CellLoo
     painter.setPen(QPen(highlight, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(area.adjusted(width / 2, width / 2, -width / 2, -width / 2));
+    // A light line inside it sets it off from water.
+    painter.setPen(QPen(Qt::white, 1));
+    painter.drawRect(area.adjusted(width, width, -width - 1, -width - 1));
   }
   if (look.Text.isEmpty()) return;
-  QFont font = RankFont(painter.font(), area);
+  QFont font = RankFont(painter.font(), look.CellSize);
   if (look.Text == kHidden) font.setPixelSize(static_cast<int>(area.height() * kMarkHeight));
   painter.setFont(font);
   painter.setPen(look.ForeColour);

@@ -116,7 +116,7 @@ void StrategyFlow::ChooseRankFor(Coordinate cell) {
                       .Name = u"MnuTropaLis(%1)"_s.arg(rank - 1),
                       .Visible = left > 0};
   }
-  const auto chosen = PopUp(u"MnuTropa"_s, ranks);
+  const auto chosen = PopUp(u"MnuTropa"_s, u"Tropa"_s, ranks);
   // What arrives while the menu is open may end the placing or take the cell.
   if (Ended() || !chosen || !placement_mode_ || !army_.Place(cell, *chosen + 1)) return;
   DrawCell(cell);

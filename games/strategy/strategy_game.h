@@ -9,10 +9,10 @@ namespace brontavia {
 struct StrategyGame {
   const WindowTraits& Window;
   const StrategyVariant& Variant;
-  int CellWidth;  // twips
-  int CellHeight;
-  QStringView PlacedTitle;  // of the question whether the army is complete
-  bool TellsReadyOpponent;  // a box at the opponent's "Listo|" when both are ready
+  int CellWidth = 0;  // twips
+  int CellHeight = 0;
+  QStringView PlacedTitle;          // of the question whether the army is complete
+  bool TellsReadyOpponent = false;  // a box at the opponent's "Listo|" when both are ready
 };
 
 extern const StrategyGame kGameEST;

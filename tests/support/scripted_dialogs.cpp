@@ -83,7 +83,8 @@ QString ScriptedDialogs::InputBox(const QString& prompt, const QString& title, c
   return expected && StayOpen(expected->While) ? expected->Typed : QString();
 }
 
-std::optional<int> ScriptedDialogs::PopUpMenu(const QString& name, const QList<MenuItem>& items) {
+std::optional<int> ScriptedDialogs::PopUpMenu(const QString& name, const QString& /*title*/,
+                                              const QList<MenuItem>& items) {
   if (AnswerMenu) return AnswerMenu(items);
   QStringList captions;
   for (const MenuItem& item : items) {

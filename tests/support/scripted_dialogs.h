@@ -38,7 +38,7 @@ class ScriptedDialogs : public Dialogs {
 
   Button MessageBox(const QString& text, const QString& title, Buttons buttons) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& proposal) override;
-  std::optional<int> PopUpMenu(const QString& name, const QList<MenuItem>& items) override;
+  std::optional<int> PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) override;
   void CloseAll() override;
 
  private:

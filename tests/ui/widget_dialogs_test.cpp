@@ -52,15 +52,18 @@ TEST_F(Boxes, EscapeAndTheCloseBoxRefuse) {
 const QList<MenuItem> kItems{{.Caption = u"uno"_s, .Visible = false}, {.Caption = u"dos"_s}, {.Caption = u"tres"_s}};
 
 TEST_F(Boxes, AMenuReturnsTheIndexOfItsItemHiddenOnesCounted) {
-  Meanwhile([] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return); });
-  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, kItems), 1) << "the first that shows";
+  Meanwhile([] {
+    EXPECT_EQ(QApplication::activePopupWidget()->accessibleName(), u"Menú"_s);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+  });
+  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, u"&Menú"_s, kItems), 1) << "the first that shows";
   Meanwhile([] {
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
   });
-  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, kItems), 2);
+  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, u"&Menú"_s, kItems), 2);
   Meanwhile([] { QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape); });
-  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, kItems), std::nullopt);
+  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, u"&Menú"_s, kItems), std::nullopt);
 }
 
 TEST_F(Boxes, ABoxOrTheEndOfTheWindowDismissesAMenu) {
@@ -71,9 +74,9 @@ TEST_F(Boxes, ABoxOrTheEndOfTheWindowDismissesAMenu) {
     });
     Dialogs.MessageBox(u"x"_s, u"t"_s, Buttons::Ok);
   });
-  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, kItems), std::nullopt);
+  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, u"&Menú"_s, kItems), std::nullopt);
   Meanwhile([this] { Dialogs.CloseAll(); });
-  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, kItems), std::nullopt);
+  EXPECT_EQ(Dialogs.PopUpMenu(u"Mnu"_s, u"&Menú"_s, kItems), std::nullopt);
 }
 
 TEST_F(Boxes, AQuestionIsAnsweredByItsButtonsAlone) {

@@ -183,8 +183,9 @@ TEST(FormMESPair, IsTheSameWindowWithItsOwnBoard) {
 
 // ---- Painting ----
 
-QImage Painted(const CellLook& look) {
+QImage Painted(CellLook look) {
   QImage image(100, 60, QImage::Format_RGB32);
+  look.CellSize = image.size();
   QPainter painter(&image);
   StrategyPainter().Paint(painter, QRectF(image.rect()), look);
   return image;
