@@ -1,0 +1,47 @@
+// The clocks of both sides: they count up what each has spent, without a limit. What makes them tick is elsewhere.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "games/chess/chess_position.h"
+
+namespace brontavia {
+
+// A time as it is typed. Both may be negative.
+struct ClockTime {
+  std::int32_t Minutes = 0;
+  std::int32_t Seconds = 0;  // below 60
+};
+
+// Reads "minutes:seconds", both by the leading-number rule. Nothing without a ":" or with 60 seconds or more.
+std::optional<ClockTime> ReadClockTime(std::u16string_view answer);
+
+class ChessClock {
+ public:
+  [[nodiscard]] bool IsRunning() const { return running_; }
+  void Toggle() { running_ = !running_; }
+  // A move of `side_to_move` stands: White's start clocks that stand still.
+  void MoveStands(int side_to_move) { running_ = running_ || side_to_move == kWhite; }
+  // A second has passed in the turn of `side_to_move`.
+  void Tick(int side_to_move) { ++clock_seconds_[side_to_move]; }
+  // Both back to zero and stopped.
+  void Reset() { *this = {}; }
+
+  // Sets both; false, and nothing changes, when one of them is not a 16-bit number of seconds.
+  bool Set(ClockTime white, ClockTime black);
+
+  [[nodiscard]] std::int32_t ClockSeconds(int colour) const { return clock_seconds_[colour]; }
+  // White's time and Black's, "01:05 / 60:00".
+  [[nodiscard]] std::u16string Text() const;
+  // The time of `colour` as it is proposed for editing, "5:7".
+  [[nodiscard]] std::u16string Proposal(int colour) const;
+
+ private:
+  PerColour<std::int32_t> clock_seconds_;
+  bool running_ = false;
+};
+
+}  // namespace brontavia

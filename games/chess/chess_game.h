@@ -1,0 +1,78 @@
+// A game of chess as one copy holds it: the position, the piece picked up and where it may go. Knows nothing of whose
+// turn it is to click, of texts, clocks or the network.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "games/chess/chess_move.h"
+
+namespace brontavia {
+
+enum class ChessClick {
+  Nothing,       // an empty square while nothing is picked up
+  PickedUp,      //
+  OtherSide,     // refused: it is not that side's turn to move
+  Dropped,       // the square of the piece picked up
+  NotATarget,    // refused; the piece stays picked up
+  KingAttacked,  // refused: the own king would be attacked; nothing is picked up any more
+  Moved          // nothing is picked up any more; CompleteMove and PassTurn are to follow
+};
+
+struct ChessClickOutcome {
+  ChessClick What;
+  std::optional<ChessMove> Move;  // Moved
+};
+
+class ChessGame {
+ public:
+  ChessGame() { StartNewGame(); }
+
+  void StartNewGame();
+  // Takes the position that `line` tells, see ReadPosition; nothing is picked up then. False, and nothing changes, when
+  // it tells none.
+  bool Load(std::u16string_view line);
+
+  // ---- Moving ----
+
+  // A click on `square` of the board. In `free_mode` pieces of both sides may be picked up.
+  ChessClickOutcome Click(Coordinate square, bool free_mode);
+  void DropSelection();
+  // The rest of a move that Click has made; see CompleteMove of chess_move.h.
+  void CompleteMove(ChessMove& move, int promotion_choice = kNoPiece);
+  void PassTurn();
+
+  // ---- Editing ----
+
+  // `piece` comes to stand on `square` (kNoPiece: nothing does). Throws std::out_of_range off the board.
+  void Put(Coordinate square, int piece);
+  // KingSquares stay as they are, castling rights, counters and turn too.
+  void EmptyBoard();
+  // Each returns false, and changes nothing, for a value out of range: at least 1; 0 or 1; at least 0.
+  bool SetMoveNumber(std::int16_t number);
+  bool SetSideToMove(int colour);
+  bool SetHalfMoveClock(std::int16_t half_moves);
+
+  // ---- State ----
+
+  [[nodiscard]] const ChessPosition& Position() const { return position_; }
+  [[nodiscard]] const ChessSelection& Selection() const { return selection_; }
+  [[nodiscard]] bool HasSelection() const { return selection_.Piece != kNoPiece; }
+  // Of the piece picked up; empty when nothing is.
+  [[nodiscard]] const TargetList& Targets() const { return targets_.Squares; }
+  [[nodiscard]] const brontavia::CastleTargets& CastleTargets() const { return targets_.Castles; }
+
+ private:
+  ChessClick PickUp(Coordinate square, bool free_mode);
+  ChessClickOutcome MoveTo(Coordinate square);
+  // A king picked up may castle as the edited board allows. Where else a piece may go was settled when it was picked
+  // up.
+  void FollowEdit();
+
+  ChessPosition position_;
+  ChessSelection selection_;
+  GeneratedTargets targets_;
+};
+
+}  // namespace brontavia
