@@ -31,8 +31,6 @@ std::u16string_view PieceName(int piece) {
   return name;
 }
 
-char16_t PieceInitial(int piece) { return PieceName(piece).front(); }
-
 char16_t PieceEnding(int piece) { return PieceName(piece).back(); }
 
 }  // namespace brontavia

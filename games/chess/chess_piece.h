@@ -42,8 +42,6 @@ inline constexpr std::array<int, 4> kPromotionChoices{kRook, kKnight, kBishop, k
 
 // "Torre blanca", "Peón negro".
 std::u16string_view PieceName(int piece);
-// The first letter of the name.
-char16_t PieceInitial(int piece);
 // The ending that agrees with the name: "a" for rooks and queens, otherwise "o".
 char16_t PieceEnding(int piece);
 

@@ -7,10 +7,18 @@
 namespace brontavia {
 namespace {
 
-// Pawns have no letter.
-std::u16string LetterOf(int piece) {
-  return KindOf(piece) > kPawn ? std::u16string(1, PieceInitial(piece)) : std::u16string();
+// Pawns and empty squares have no letter.
+std::u16string_view LetterOf(int piece) {
+  return KindOf(piece) > kPawn ? PieceName(piece).substr(0, 1) : std::u16string_view();
 }
+
+// The two texts grow side by side.
+void Add(MoveRecord& record, std::u16string_view to_list, std::u16string_view to_sentence) {
+  record.ListText += to_list;
+  record.Sentence += to_sentence;
+}
+
+void AddSquare(MoveRecord& record, Coordinate square) { Add(record, SquareName(square), SquareName(square)); }
 
 std::u16string ListPrefix(const ChessPosition& position, int piece) {
   return ColourOf(piece) == kWhite ? Decimal(position.MoveNumber) + u". " : u", ";
@@ -18,27 +26,24 @@ std::u16string ListPrefix(const ChessPosition& position, int piece) {
 
 // A move as such, without the prefix of the list.
 MoveRecord RecordSteps(const ChessMove& move) {
-  const int piece = move.Moved.Piece;
-  MoveRecord record{.ListText = LetterOf(piece) + SquareName(move.Moved.Source),
-                    .Sentence = std::u16string(PieceName(piece)) + u" de " + SquareName(move.Moved.Source)};
+  MoveRecord record;
+  Add(record, LetterOf(move.Moved.Piece), PieceName(move.Moved.Piece));
+  Add(record, u"", u" de ");
+  AddSquare(record, move.Moved.Source);
   if (move.EnPassantCapture || move.Captured != kNoPiece) {
-    record.ListText += u"x" + LetterOf(move.Captured);
-    record.Sentence += u" por ";
-    if (move.Captured != kNoPiece) record.Sentence += std::u16string(PieceName(move.Captured)) + u" de ";
+    Add(record, u"x", u" por ");
+    if (move.Captured != kNoPiece) {
+      Add(record, LetterOf(move.Captured), PieceName(move.Captured));
+      Add(record, u"", u" de ");
+    }
   } else {
-    record.ListText += u"-";
-    record.Sentence += u" a ";
+    Add(record, u"-", u" a ");
   }
-  record.ListText += SquareName(move.Target);
-  record.Sentence += SquareName(move.Target);
-  if (move.EnPassantCapture) {
-    record.ListText += u"a.p.";
-    record.Sentence += u" al paso ";
-  }
-  if (move.PromotionChoice != kNoPiece) {
-    record.ListText += std::u16string(u"=") + PieceInitial(move.PromotionChoice);
-    record.Sentence += u" Promociona a ";
-    record.Sentence += PieceName(move.PromotionChoice);  // in white, whoever moves
+  AddSquare(record, move.Target);
+  if (move.EnPassantCapture) Add(record, u"a.p.", u" al paso ");
+  if (move.PromotionChoice != kNoPiece) {  // told in white, whoever moves
+    Add(record, u"=", u" Promociona a ");
+    Add(record, LetterOf(move.PromotionChoice), PieceName(move.PromotionChoice));
   }
   return record;
 }
@@ -50,8 +55,7 @@ bool IsInCheck(const ChessPosition& position, int colour) {
 
 void AddCheck(MoveRecord& record, const ChessPosition& position) {
   if (!IsInCheck(position, OtherColour(position.SideToMove))) return;
-  record.ListText += u"+";
-  record.Sentence += position.SideToMove == kWhite ? u" Jaque" : u", Jaque";
+  Add(record, u"+", position.SideToMove == kWhite ? u" Jaque" : u", Jaque");
 }
 
 }  // namespace

@@ -14,7 +14,11 @@ class TargetList {
   // A queen in the middle of an empty board; nothing goes to more squares.
   static constexpr std::size_t kCapacity = 27;
 
-  void Add(Coordinate square) { squares_.at(size_++) = square; }
+  // Throws std::out_of_range when the list is full.
+  void Add(Coordinate square) {
+    squares_.at(size_) = square;
+    ++size_;
+  }
 
   [[nodiscard]] std::size_t size() const { return size_; }
   [[nodiscard]] const Coordinate* begin() const { return squares_.data(); }
