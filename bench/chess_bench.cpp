@@ -1,6 +1,8 @@
 // How long the rules of chess take for what a click sets off, without anything of Qt. Aim: under 20 microseconds.
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
+
 #include "games/chess/chess_game.h"
 #include "games/chess/move_record.h"
 #include "games/chess/position_box.h"

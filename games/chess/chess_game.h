@@ -11,8 +11,8 @@
 namespace brontavia {
 
 enum class ChessClick {
-  Nothing,       // an empty square while nothing is picked up
-  PickedUp,      //
+  Nothing,  // an empty square while nothing is picked up
+  PickedUp,
   OtherSide,     // refused: it is not that side's turn to move
   Dropped,       // the square of the piece picked up
   NotATarget,    // refused; the piece stays picked up
@@ -21,7 +21,7 @@ enum class ChessClick {
 };
 
 struct ChessClickOutcome {
-  ChessClick What;
+  ChessClick What = ChessClick::Nothing;
   std::optional<ChessMove> Move;  // Moved
 };
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
 
 #include "games/coordinate.h"
 
@@ -22,7 +23,7 @@ class TargetList {
 
   [[nodiscard]] std::size_t size() const { return size_; }
   [[nodiscard]] const Coordinate* begin() const { return squares_.data(); }
-  [[nodiscard]] const Coordinate* end() const { return squares_.data() + size_; }
+  [[nodiscard]] const Coordinate* end() const { return std::next(begin(), static_cast<std::ptrdiff_t>(size_)); }
   [[nodiscard]] bool Holds(Coordinate square) const { return std::find(begin(), end(), square) != end(); }
 
  private:

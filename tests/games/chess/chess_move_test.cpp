@@ -335,8 +335,8 @@ TEST(Counters, StayAtTheirHighestValue) {
 
 TEST(FenEnPassant, TellsADoubleStep) {
   struct {
-    const char* Pieces;
-    const char* Move;
+    const char* Pieces = nullptr;
+    const char* Move = nullptr;
     Coordinate Told;
   } const cases[] = {
       {"Pe2 pd4", "e2e4", {5, 6}}, {"Pe2", "e2e4", {5, 6}}, {"Pa2", "a2a4", {1, 2}}, {"Ph2", "h2h4", {8, 9}},

@@ -1,6 +1,7 @@
 // The rules of chess against a second implementation, on random positions and in random games.
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <map>
 #include <random>
 #include <string>
@@ -175,7 +176,7 @@ class RandomGame {
   Coordinate RandomTarget() {
     const int targets = static_cast<int>(game_.Targets().size());
     if (targets == 0 || random_.OneIn(8)) return random_.Square();
-    return *(game_.Targets().begin() + (random_.OneIn(3) ? targets - 1 : random_.Below(targets)));
+    return *std::next(game_.Targets().begin(), random_.OneIn(3) ? targets - 1 : random_.Below(targets));
   }
 
   void Finish(ChessMove move, int choice) {

@@ -11,8 +11,8 @@ PlainChess::Place PlaceOf(Coordinate square) { return {square.Column, square.Row
 }  // namespace
 
 PlainChess::PlainChess(const ChessPosition& position)
-    : rights_{position.Castling.White.Short, position.Castling.White.Long, position.Castling.Black.Short,
-              position.Castling.Black.Long},
+    : short_rights_{position.Castling.White.Short, position.Castling.Black.Short},
+      long_rights_{position.Castling.White.Long, position.Castling.Black.Long},
       kings_{PlaceOf(position.KingSquares.White), PlaceOf(position.KingSquares.Black)},
       en_passant_{PlaceOf(position.EnPassantSquares.White), PlaceOf(position.EnPassantSquares.Black)},
       fen_en_passant_(PlaceOf(position.FenEnPassant)),
@@ -81,7 +81,7 @@ bool PlainChess::Reaches(int x, int y, int code, int column, int row) const {
 }
 
 bool PlainChess::MayCastle(int colour, bool is_short) const {
-  if (!rights_[static_cast<std::size_t>((2 * colour) + (is_short ? 0 : 1))]) return false;
+  if (!(is_short ? short_rights_ : long_rights_)[static_cast<std::size_t>(colour)]) return false;
   const int row = colour == 0 ? 1 : 8;
   if (is_short) {
     return Code(6, row) == 0 && Code(7, row) == 0 && !Attacked(5, row, colour) && !Attacked(6, row, colour) &&
@@ -162,11 +162,11 @@ bool PlainChess::Move(Place source, Place target, int choice) {
 
 void PlainChess::Settle(int code, Place source, Place target) {
   if (code % 10 == 6) {
-    const int colour = code / 10;
-    const int row = colour == 0 ? 1 : 8;
-    rights_[static_cast<std::size_t>(2 * colour)] = false;
-    rights_[static_cast<std::size_t>((2 * colour) + 1)] = false;
-    kings_[static_cast<std::size_t>(colour)] = target;
+    const std::size_t colour = code == 6 ? 0 : 1;
+    const int row = code == 6 ? 1 : 8;
+    short_rights_[colour] = false;
+    long_rights_[colour] = false;
+    kings_[colour] = target;
     if (target == CastleShort) {
       Cell(8, row) = 0;
       Cell(6, row) = code - 4;
@@ -176,10 +176,10 @@ void PlainChess::Settle(int code, Place source, Place target) {
       Cell(4, row) = code - 4;
     }
   }
-  if (code == 2 && source == Place(8, 1)) rights_[0] = false;
-  if (code == 2 && source == Place(1, 1)) rights_[1] = false;
-  if (code == 12 && source == Place(8, 8)) rights_[2] = false;
-  if (code == 12 && source == Place(1, 8)) rights_[3] = false;
+  if (code == 2 && source == Place(8, 1)) short_rights_[0] = false;
+  if (code == 2 && source == Place(1, 1)) long_rights_[0] = false;
+  if (code == 12 && source == Place(8, 8)) short_rights_[1] = false;
+  if (code == 12 && source == Place(1, 8)) long_rights_[1] = false;
   en_passant_[code < 10 ? 1 : 0] = {0, 0};
   const int left = target.first - 1;
   const int right = target.first + 1;
@@ -197,7 +197,7 @@ std::string PlainChess::Dump() const {
     for (int column = 1; column <= 8; ++column) out << Code(column, row) << ' ';
     out << '\n';
   }
-  for (const bool right : rights_) out << right;
+  out << short_rights_[0] << long_rights_[0] << short_rights_[1] << long_rights_[1];
   for (const Place& place : {kings_[0], kings_[1], en_passant_[0], en_passant_[1], fen_en_passant_}) {
     out << ' ' << place.first << '/' << place.second;
   }

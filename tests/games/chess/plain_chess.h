@@ -17,7 +17,9 @@ class PlainChess {
   using Place = std::pair<int, int>;  // column, row
   using Places = std::bitset<100>;    // by IndexOf
 
-  static std::size_t IndexOf(int column, int row) { return static_cast<std::size_t>(column + (10 * row)); }
+  static std::size_t IndexOf(int column, int row) {
+    return static_cast<std::size_t>(column) + (10 * static_cast<std::size_t>(row));
+  }
 
   explicit PlainChess(const ChessPosition& position);
 
@@ -47,7 +49,8 @@ class PlainChess {
   void Settle(int code, Place source, Place target);
 
   std::array<int, 100> cells_{};  // by IndexOf
-  std::array<bool, 4> rights_{};  // white short, white long, black short, black long
+  std::array<bool, 2> short_rights_{};
+  std::array<bool, 2> long_rights_{};
   std::array<Place, 2> kings_{};
   std::array<Place, 2> en_passant_{};
   Place fen_en_passant_{};
