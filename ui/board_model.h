@@ -32,8 +32,9 @@ struct BoardShape {
 };
 
 // What a game marks on a board besides what stands there.
-enum class Mark { Selected = 1 };
+enum class Mark { Selected = 1, LastMove = 2, Reachable = 4 };
 Q_DECLARE_FLAGS(Marks, Mark)
+Q_DECLARE_OPERATORS_FOR_FLAGS(Marks)
 
 struct CellContent {
   QString Text;

@@ -33,4 +33,7 @@ class CellPainter {
   virtual void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const = 0;
 };
 
+// A header in the palette's button colours. Header row and header column get letters of the same size.
+void PaintHeader(QPainter& painter, const QRectF& area, const CellLook& look);
+
 }  // namespace brontavia

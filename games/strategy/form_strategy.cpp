@@ -32,15 +32,6 @@ QFont RankFont(QFont font, const QSizeF& cell) {
   return font;
 }
 
-void PaintHeader(QPainter& painter, const QRectF& area, const CellLook& look) {
-  painter.fillRect(area, look.Palette.color(QPalette::Button));
-  QFont font = painter.font();
-  font.setPixelSize(std::clamp(static_cast<int>(area.height() / 2), kSmallestText, kLargestText));
-  painter.setFont(font);
-  painter.setPen(look.Palette.color(QPalette::ButtonText));
-  painter.drawText(area, Qt::AlignCenter, look.Text);
-}
-
 // `base` with some of `tint` in it.
 QColor Tinted(const QColor& base, const QColor& tint, qreal part) {
   const auto mixed = [part](int from, int to) { return static_cast<int>(from + (to - from) * part); };
