@@ -44,6 +44,8 @@ class SilentDialogs : public Dialogs {
   QString InputBox(const QString& /*prompt*/, const QString& /*title*/, const QString& /*proposal*/) override {
     return {};
   }
+  QString OpenFile(const FileQuestion& /*question*/) override { return {}; }
+  QString SaveFile(const FileQuestion& /*question*/) override { return {}; }
   std::optional<int> PopUpMenu(const QString& /*name*/, const QString& /*title*/,
                                const QList<MenuItem>& /*items*/) override {
     return {};
@@ -56,6 +58,7 @@ class BlindScreen : public Screen {
   void SetCaption(const QString& caption) override { Take(caption); }
   void ShowFrame(Frame /*frame*/, bool /*visible*/) override {}
   void SetText(Box /*box*/, const QString& text) override { Take(text); }
+  void AppendText(Box /*box*/, const QString& /*text*/) override {}
   void AddMessage(const QString& line) override { Take(line); }
   void PlaySound(Player /*player*/, const QString& /*file*/) override {}
   void Beep() override {}

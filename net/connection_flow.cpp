@@ -192,6 +192,18 @@ QString ConnectionFlow::Ask(const QString& prompt, const QString& title, const Q
   return seams_.Dialogs.InputBox(prompt, title, proposal);
 }
 
+QString ConnectionFlow::AskFileToOpen(const FileQuestion& question) {
+  seams_.Connection.Flush();
+  const Counted open(open_boxes_and_waits_);
+  return seams_.Dialogs.OpenFile(question);
+}
+
+QString ConnectionFlow::AskFileToSave(const FileQuestion& question) {
+  seams_.Connection.Flush();
+  const Counted open(open_boxes_and_waits_);
+  return seams_.Dialogs.SaveFile(question);
+}
+
 std::optional<int> ConnectionFlow::PopUp(const QString& menu, const QString& title, const QList<MenuItem>& items) {
   seams_.Connection.Flush();
   const Counted open(open_boxes_and_waits_);

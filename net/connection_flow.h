@@ -57,6 +57,9 @@ class ConnectionFlow : public QObject {
   // After a call that may nest (boxes, questions, waits) a handler returns at once when the window has ended.
   Button ShowBox(const QString& text, const QString& title, Buttons buttons = Buttons::Ok);
   QString Ask(const QString& prompt, const QString& title, const QString& proposal = {});
+  // The path of the file; empty when cancelled.
+  QString AskFileToOpen(const FileQuestion& question);
+  QString AskFileToSave(const FileQuestion& question);
   // The index of the chosen item; nothing when the menu was dismissed.
   std::optional<int> PopUp(const QString& menu, const QString& title, const QList<MenuItem>& items);
 

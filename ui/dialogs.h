@@ -10,6 +10,13 @@ namespace brontavia {
 enum class Buttons { Ok, OkCancel, YesNo };
 enum class Button { Ok, Cancel, Yes, No };
 
+// What a file dialog shows. A path uses "/".
+struct FileQuestion {
+  QString Title;
+  QString Filter;  // pairs of a label and a pattern, joined by "|"
+  QString Path;    // the folder, or the file that is proposed; empty: the system's choice
+};
+
 struct MenuItem {
   QString Caption;
   QString Name = {};    // of the control
@@ -30,6 +37,11 @@ class Dialogs {
 
   // Asks for one line. Meanwhile other events are handled. Returns what was typed, unchanged; empty when cancelled.
   virtual QString InputBox(const QString& prompt, const QString& title, const QString& proposal) = 0;
+
+  // Ask for a file that exists, or for one to write, which is confirmed when it exists. Meanwhile other events are
+  // handled. Return its path; empty when cancelled.
+  virtual QString OpenFile(const FileQuestion& question) = 0;
+  virtual QString SaveFile(const FileQuestion& question) = 0;
 
   // Pops up the menu `name`, titled `title`, at the cursor until an item is chosen or the menu is dismissed; meanwhile
   // other events are handled. Returns the index of the item, or nothing.

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -142,6 +143,13 @@ void GameWindow::AddBoard(BoardView& board, int stretch) {
   text_column_->addWidget(&board, stretch);
 }
 
+QMenuBar* GameWindow::AddMenuBar() {
+  menu_bar_ = new QMenuBar;
+  layout()->setMenuBar(menu_bar_);
+  menu_bar_->hide();
+  return menu_bar_;
+}
+
 // ---- What the flow shows ----
 
 void GameWindow::SetCaption(const QString& caption) { setWindowTitle(caption); }
@@ -161,13 +169,16 @@ void GameWindow::ShowFrame(Frame frame, bool visible) {
   }
   box->setVisible(visible);
   box->setEnabled(visible);
+  if (frame == Frame::FrJuego && menu_bar_ != nullptr) menu_bar_->setVisible(visible);
   if (visible && frame == Frame::FrJuego) board_->setFocus();
 }
 
 void GameWindow::SetText(Box box, const QString& text) {
   boxes_.at(box)->SetText(text);
-  if (box != Box::TBBarcos) announcer_->Announce(text);
+  if (box == Box::TBEstado || box == Box::TBMensajes) announcer_->Announce(text);
 }
+
+void GameWindow::AppendText(Box box, const QString& text) { boxes_.at(box)->AppendText(text); }
 
 void GameWindow::AddMessage(const QString& line) {
   boxes_.at(Box::TBMensajes)->AddLine(line);

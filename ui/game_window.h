@@ -13,6 +13,7 @@
 
 class QBoxLayout;
 class QGroupBox;
+class QMenuBar;
 
 namespace brontavia {
 
@@ -46,6 +47,8 @@ class GameWindow : public QWidget, protected Screen {
   // For the constructor of a game with more than the common controls: below the messages.
   TextBox* AddTextBox(Box box, const QString& name, const QString& accessible_name, int stretch);
   void AddBoard(BoardView& board, int stretch);
+  // Shows with the game frame.
+  QMenuBar* AddMenuBar();
 
   void closeEvent(QCloseEvent* event) override;
 
@@ -53,6 +56,7 @@ class GameWindow : public QWidget, protected Screen {
   void SetCaption(const QString& caption) override;
   void ShowFrame(Frame frame, bool visible) override;
   void SetText(Box box, const QString& text) override;
+  void AppendText(Box box, const QString& text) override;
   void AddMessage(const QString& line) override;
   void Beep() override;
   void PlaySound(Player player, const QString& file) override;
@@ -73,6 +77,7 @@ class GameWindow : public QWidget, protected Screen {
   QGroupBox* server_frame_;
   QGroupBox* client_frame_;
   QGroupBox* game_frame_;
+  QMenuBar* menu_bar_ = nullptr;
   Announcer* announcer_;
 };
 

@@ -6,7 +6,7 @@
 namespace brontavia {
 
 enum class Frame { FrServidor, FrCliente, FrJuego };
-enum class Box { TBEstado, TBMensajes, TBBarcos };
+enum class Box { TBEstado, TBMensajes, TBBarcos, TBJugadas, TBEntorno, TBReloj };
 enum class Player { Mp1, MP2 };
 
 class Screen {
@@ -23,6 +23,9 @@ class Screen {
 
   // Replaces the whole text of a box that the window has.
   virtual void SetText(Box box, const QString& text) = 0;
+
+  // Adds `text` at the end of a box that the window has.
+  virtual void AppendText(Box box, const QString& text) = 0;
 
   // TBMensajes: appends a line break and `line`, and selects the line so that the box scrolls to it.
   virtual void AddMessage(const QString& line) = 0;

@@ -26,6 +26,12 @@ TextBox::TextBox(const QString& name, const QString& accessible_name, QWidget* p
 
 void TextBox::SetText(const QString& text) { setPlainText(text); }
 
+void TextBox::AppendText(const QString& text) {
+  moveCursor(QTextCursor::End);
+  insertPlainText(text);
+  ensureCursorVisible();
+}
+
 void TextBox::AddLine(const QString& line) {
   QTextCursor cursor(document());
   cursor.movePosition(QTextCursor::End);

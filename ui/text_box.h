@@ -13,6 +13,9 @@ class TextBox : public QPlainTextEdit {
 
   void SetText(const QString& text);
 
+  // Adds `text` at the end and scrolls there.
+  void AppendText(const QString& text);
+
   // Appends a line break and `line`, and selects the line so that the box scrolls to it. The oldest lines go when
   // there are more than 5,000; of a very long one the beginning is shown.
   void AddLine(const QString& line);

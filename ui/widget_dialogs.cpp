@@ -50,6 +50,14 @@ QMessageBox::StandardButtons StandardButtonsOf(Buttons buttons) {
   return QMessageBox::Ok;
 }
 
+// "label|pattern|label|pattern" as the labels alone: they end in their patterns.
+QStringList NameFilters(const QString& filter) {
+  QStringList labels;
+  const QStringList parts = filter.split(u'|');
+  for (qsizetype part = 0; part < parts.size(); part += 2) labels << parts[part];
+  return labels;
+}
+
 // A box that was closed without a button counts as refused.
 Button ButtonOf(int result, Buttons buttons) {
   switch (buttons) {
@@ -89,6 +97,27 @@ QString WidgetDialogs::InputBox(const QString& prompt, const QString& title, con
   }
   box->resize(kInputWidth, box->sizeHint().height());
   return Run(*box) == QDialog::Accepted ? box->textValue() : QString();
+}
+
+QString WidgetDialogs::OpenFile(const FileQuestion& question) {
+  QFileDialog dialog(&parent_);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  return AskForFile(dialog, question);
+}
+
+QString WidgetDialogs::SaveFile(const FileQuestion& question) {
+  QFileDialog dialog(&parent_);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  return AskForFile(dialog, question);
+}
+
+QString WidgetDialogs::AskForFile(QFileDialog& dialog, const FileQuestion& question) {
+  dialog.setWindowTitle(question.Title);
+  dialog.setNameFilters(NameFilters(question.Filter));
+  const QFileInfo proposed(question.Path);
+  dialog.setDirectory(proposed.isDir() ? question.Path : proposed.path());
+  if (!proposed.isDir()) dialog.selectFile(question.Path);
+  return Run(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 std::optional<int> WidgetDialogs::PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) {

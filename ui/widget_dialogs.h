@@ -1,7 +1,7 @@
 // The dialogs and pop-up menus on screen. Every text is shown as plain text.
 #pragma once
 
-#include <QDialog>
+#include <QFileDialog>
 #include <QList>
 #include <QMenu>
 #include <QPointer>
@@ -17,11 +17,14 @@ class WidgetDialogs : public Dialogs {
 
   Button MessageBox(const QString& text, const QString& title, Buttons buttons) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& proposal) override;
+  QString OpenFile(const FileQuestion& question) override;
+  QString SaveFile(const FileQuestion& question) override;
   // At the cursor of the widget that has the focus.
   std::optional<int> PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) override;
   void CloseAll() override;
 
  private:
+  QString AskForFile(QFileDialog& dialog, const FileQuestion& question);
   // Shows `dialog` until it is done; returns its result.
   int Run(QDialog& dialog);
 

@@ -12,9 +12,8 @@ class RecordingScreen : public Screen {
  public:
   void SetCaption(const QString& caption) override { Caption = caption; }
   void ShowFrame(Frame frame, bool visible) override { Visible[frame] = visible; }
-  void SetText(Box box, const QString& text) override {
-    (box == Box::TBEstado ? Status : box == Box::TBMensajes ? Messages : Ships) = text;
-  }
+  void SetText(Box box, const QString& text) override { TextOf(box) = text; }
+  void AppendText(Box box, const QString& text) override { TextOf(box) += text; }
   void AddMessage(const QString& line) override {
     Messages += u"\r\n" + line;
     Lines << line;
@@ -30,8 +29,30 @@ class RecordingScreen : public Screen {
   QString Messages;    // TBMensajes
   QStringList Lines;   // every line ever added
   QString Ships;       // TBBarcos
+  QString Moves;       // TBJugadas
+  QString Position;    // TBEntorno
+  QString Clocks;      // TBReloj
   QStringList Sounds;  // player and file of every sound
   int Beeps = 0;
+
+ private:
+  QString& TextOf(Box box) {
+    switch (box) {
+      case Box::TBEstado:
+        return Status;
+      case Box::TBMensajes:
+        return Messages;
+      case Box::TBBarcos:
+        return Ships;
+      case Box::TBJugadas:
+        return Moves;
+      case Box::TBEntorno:
+        return Position;
+      case Box::TBReloj:
+        break;
+    }
+    return Clocks;
+  }
 };
 
 }  // namespace brontavia::test

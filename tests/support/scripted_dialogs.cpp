@@ -35,6 +35,15 @@ void ScriptedDialogs::ExpectMenu(const QString& name, const QStringList& caption
       {.Is = Kind::Menu, .Title = name, .Text = captions.join(u'|'), .Typed = chosen, .While = std::move(meanwhile)});
 }
 
+void ScriptedDialogs::ExpectFile(const FileQuestion& question, const QString& chosen, Meanwhile meanwhile) {
+  script_.push_back({.Is = Kind::File,
+                     .Title = question.Title,
+                     .Text = question.Filter,
+                     .Proposal = question.Path,
+                     .Typed = chosen,
+                     .While = std::move(meanwhile)});
+}
+
 std::optional<ScriptedDialogs::Expected> ScriptedDialogs::Next(const QString& title, const QString& text,
                                                                const QString& proposal, Kind kind) {
   Shown << title + u": " + text;
@@ -80,6 +89,11 @@ QString ScriptedDialogs::InputBox(const QString& prompt, const QString& title, c
     return AnswerInput(title);
   }
   const auto expected = Next(title, prompt, proposal, Kind::Input);
+  return expected && StayOpen(expected->While) ? expected->Typed : QString();
+}
+
+QString ScriptedDialogs::ChooseFile(const FileQuestion& question) {
+  const auto expected = Next(question.Title, question.Filter, question.Path, Kind::File);
   return expected && StayOpen(expected->While) ? expected->Typed : QString();
 }
 

@@ -29,6 +29,8 @@ class ScriptedDialogs : public Dialogs {
                    Meanwhile meanwhile = {});
   // A pop-up menu with these captions of its visible items, of which `chosen` is taken; "" dismisses it.
   void ExpectMenu(const QString& name, const QStringList& captions, const QString& chosen, Meanwhile meanwhile = {});
+  // A file dialog that shows `question`; `chosen` is the path that it returns, "" cancels it.
+  void ExpectFile(const FileQuestion& question, const QString& chosen, Meanwhile meanwhile = {});
   // Instead of a script: every further box is answered by this, given its title.
   std::function<Button(const QString& title)> AnswerBox;
   std::function<QString(const QString& title)> AnswerInput;
@@ -38,11 +40,13 @@ class ScriptedDialogs : public Dialogs {
 
   Button MessageBox(const QString& text, const QString& title, Buttons buttons) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& proposal) override;
+  QString OpenFile(const FileQuestion& question) override { return ChooseFile(question); }
+  QString SaveFile(const FileQuestion& question) override { return ChooseFile(question); }
   std::optional<int> PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) override;
   void CloseAll() override;
 
  private:
-  enum class Kind { Message, Input, Menu };
+  enum class Kind { Message, Input, File, Menu };
   struct Expected {
     Kind Is = Kind::Message;
     QString Title;
@@ -55,6 +59,7 @@ class ScriptedDialogs : public Dialogs {
 
   // The next box of the script when it is this one; fails the test and returns nothing otherwise.
   std::optional<Expected> Next(const QString& title, const QString& text, const QString& proposal, Kind kind);
+  QString ChooseFile(const FileQuestion& question);
   // Lets the box's meanwhile happen; returns whether the box was still open afterwards.
   bool StayOpen(const Meanwhile& meanwhile);
 
