@@ -8,10 +8,10 @@
 #include "app/configuration.h"
 #include "app/form1.h"
 #include "app/form2.h"
+#include "games/chess/form_aje.h"
 #include "games/naval/form_bar.h"
 #include "games/strategy/form_strategy.h"
 #include "games/three_in_row/form_ter.h"
-#include "ui/widget_dialogs.h"
 
 namespace brontavia {
 namespace {
@@ -25,8 +25,9 @@ GameWindow* Make(ProcessValues& values) {
   return new Window(values);
 }
 
-// In the order of kGameWindows; none where the game cannot be played yet.
-constexpr std::array<GameMaker, 5> kGameMakers{Make<FormTER>, Make<FormBAR>, Make<FormMES>, Make<FormEST>, nullptr};
+// In the order of kGameWindows.
+constexpr std::array<GameMaker, 5> kGameMakers{Make<FormTER>, Make<FormBAR>, Make<FormMES>, Make<FormEST>,
+                                               Make<FormAje>};
 
 }  // namespace
 
@@ -62,11 +63,7 @@ void WindowOwner::ShowSelection() {
 void WindowOwner::ChooseGame(int index, const QString& name) {
   values_.SelectedGameIndex = static_cast<std::int16_t>(index);
   values_.SelectedGameName = name;
-  if (const GameMaker make = kGameMakers.at(static_cast<std::size_t>(index))) {
-    ShowGame(make(values_));
-  } else {
-    WidgetDialogs(*window_).MessageBox(name + u": este juego todavía no está disponible."_s, {}, Buttons::Ok);
-  }
+  ShowGame(kGameMakers.at(static_cast<std::size_t>(index))(values_));
 }
 
 void WindowOwner::ShowGame(GameWindow* game) {

@@ -66,5 +66,34 @@ inline constexpr Message kPassed{u"Pasaturno|"};
 // the winning move: both normally arrive as one read. In a strategy game it stands for the move that takes the flag.
 inline constexpr Message kWon{u"Haganado|"};
 
+// ---- Chess ----
+
+// "JUG|" + column and row of source and target, whether it captured en passant, what a pawn became, parted by blanks.
+// The mover, after every move. The receiver plays it by the same rules, and asks its own player what a pawn becomes.
+inline constexpr Message kChessMove{u"JUG|", 5};
+
+// "JMate|". The player who declares himself checkmated.
+inline constexpr Message kMateDeclared{u"JMate|"};
+
+// "Abandona|". The player who resigns.
+inline constexpr Message kResigned{u"Abandona|"};
+
+// "SolTablas|". The player who offers a draw. "SolTablasSi|" or "SolTablasNo|" answers it.
+inline constexpr Message kDrawOffered{u"SolTablas|"};
+inline constexpr Message kDrawAccepted{u"SolTablasSi|"};
+inline constexpr Message kDrawRefused{u"SolTablasNo|"};
+
+// "cargpartida|" + name of the file. The player who wants to go on with a saved position. "cargpsi|" or "cargpno|"
+// answers it. Then he sends "datospartida|" + the line of the file, and once he has chosen colours, "cargpturnos|" +
+// player of White, side to move and player to move, parted by blanks.
+inline constexpr Message kResumeAsked{u"cargpartida|", 13};
+inline constexpr Message kResumeAccepted{u"cargpsi|"};
+inline constexpr Message kResumeRefused{u"cargpno|"};
+inline constexpr Message kPosition{u"datospartida|", 14};
+inline constexpr Message kResumedTurns{u"cargpturnos|", 13};
+
+// "modolibre|". The player who switches free mode on; sent until it has certainly left.
+inline constexpr Message kFreeMode{u"modolibre|"};
+
 }  // namespace message
 }  // namespace brontavia

@@ -15,7 +15,10 @@ constexpr std::array<const Message*, 9> kBarMessages{&kName,      &kTurnChoice, 
                                                      &kRematchNo, &kPlaced,     &kReady,       &kMove};
 constexpr std::array<const Message*, 10> kStrategyMessages{
     &kName, &kTurnChoice, &kTurnDecided, &kReady, &kWon, &kRematchYes, &kRematchNo, &kMove, &kPlaced, &kPassed};
-constexpr std::array<const Message*, 5> kAjeMessages{&kName, &kTurnChoice, &kTurnDecided, &kRematchYes, &kRematchNo};
+constexpr std::array<const Message*, 17> kAjeMessages{
+    &kName,           &kTurnChoice,    &kTurnDecided, &kRematchYes,   &kRematchNo,   &kChessMove,
+    &kMateDeclared,   &kResigned,      &kDrawOffered, &kDrawAccepted, &kDrawRefused, &kResumeAsked,
+    &kResumeAccepted, &kResumeRefused, &kPosition,    &kResumedTurns, &kFreeMode};
 
 // ---- Texts that several windows share ----
 

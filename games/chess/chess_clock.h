@@ -21,13 +21,9 @@ std::optional<ClockTime> ReadClockTime(std::u16string_view answer);
 
 class ChessClock {
  public:
-  [[nodiscard]] bool IsRunning() const { return running_; }
-  void Toggle() { running_ = !running_; }
-  // A move of `side_to_move` stands: White's start clocks that stand still.
-  void MoveStands(int side_to_move) { running_ = running_ || side_to_move == kWhite; }
-  // A second has passed in the turn of `side_to_move`.
-  void Tick(int side_to_move) { ++clock_seconds_[side_to_move]; }
-  // Both back to zero and stopped.
+  // `seconds` have passed in the turn of `side_to_move`.
+  void Tick(int side_to_move, int seconds) { clock_seconds_[side_to_move] += seconds; }
+  // Both back to zero.
   void Reset() { *this = {}; }
 
   // Sets both; false, and nothing changes, when one of them is not a 16-bit number of seconds.
@@ -41,7 +37,6 @@ class ChessClock {
 
  private:
   PerColour<std::int32_t> clock_seconds_;
-  bool running_ = false;
 };
 
 }  // namespace brontavia

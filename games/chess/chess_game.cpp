@@ -56,12 +56,13 @@ void ChessGame::PassTurn() { brontavia::PassTurn(position_); }
 void ChessGame::Put(Coordinate square, int piece) {
   position_.Board.Put(square, piece);
   position_.KingSquares = FindKings(position_.Board);
+  if (square == selection_.Source) DropSelection();
   FollowEdit();
 }
 
 void ChessGame::EmptyBoard() {
   position_.Board = {};
-  FollowEdit();
+  DropSelection();
 }
 
 bool ChessGame::SetMoveNumber(std::int16_t number) {

@@ -45,9 +45,10 @@ class ChessGame {
 
   // ---- Editing ----
 
-  // `piece` comes to stand on `square` (kNoPiece: nothing does). Throws std::out_of_range off the board.
+  // `piece` comes to stand on `square` (kNoPiece: nothing does), where nothing is picked up any more. Throws
+  // std::out_of_range off the board.
   void Put(Coordinate square, int piece);
-  // KingSquares stay as they are, castling rights, counters and turn too.
+  // Nothing is picked up any more. KingSquares stay as they are, castling rights, counters and turn too.
   void EmptyBoard();
   // Each returns false, and changes nothing, for a value out of range: at least 1; 0 or 1; at least 0.
   bool SetMoveNumber(std::int16_t number);

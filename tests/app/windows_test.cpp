@@ -190,17 +190,21 @@ TEST_F(Windows, FollowEachOtherOneAtATime) {
   });
 }
 
-TEST_F(Windows, AGameThatIsNotBuiltYetSaysSoAndStaysInTheSelection) {
+TEST_F(Windows, EveryGameOpensItsWindowAndComesBackToTheSelection) {
   AsUser([] {
-    Press(u"Command1(0)"_s);
-    EXPECT_TRUE(Shows(u"Form2"_s));
-    for (const int row : {4}) {
-      const QString name = Choose(row);
-      EXPECT_EQ(Answer(u"Brontavia"_s, u"Aceptar"_s), QString(name + u": este juego todavía no está disponible."));
+    Press(u"Command1(1)"_s);
+    for (int row = 0; row < static_cast<int>(kGameWindows.size()); ++row) {
+      const WindowTraits& window = *kGameWindows.at(static_cast<std::size_t>(row));
       EXPECT_TRUE(Shows(u"Form2"_s));
+      Choose(row);
+      EXPECT_TRUE(Shows(window.Window.toString()));
+      EXPECT_EQ(OnGui([] { return OpenWindow()->windowTitle(); }), window.Caption);
+      Close();
+      if (window.CloseQuestionTitle) Answer(window.CloseQuestionTitle->toString(), u"Sí"_s);
     }
+    EXPECT_TRUE(Shows(u"Form2"_s));
   });
-  EXPECT_EQ(Owner.Values().PlayerRole, Role::Server);
+  EXPECT_EQ(Owner.Values().PlayerRole, Role::Client);
   EXPECT_EQ(Owner.Values().SelectedGameIndex, 4);
   EXPECT_EQ(Owner.Values().SelectedGameName, u"Ajedrez"_s);
 }

@@ -1,11 +1,7 @@
-"""The start window with each kind of Brontavia.ini, and the games that cannot be played yet."""
+"""The start window with each kind of Brontavia.ini."""
 
 import cases
 import handshake
-from hands import KeyHand, MouseHand
-
-# The first games of the list can be played; these cannot.
-NOT_YET = range(4, 5)
 
 
 class Start(cases.CopiesTest):
@@ -29,18 +25,6 @@ class Start(cases.CopiesTest):
 
     def test_without_brontavia_ini(self):
         self.check(None, "")
-
-    def test_games_that_cannot_be_played_yet(self):
-        for hand, server in ((MouseHand(self.start("")), True), (KeyHand(self.start("")), False)):
-            handshake.choose_role(hand, server)
-            for number in NOT_YET:
-                name = handshake.GAMES[number]
-                with self.subTest(name):
-                    hand.choose_game(number)
-                    hand.answer_box(handshake.NO_TITLE, f"{name}: este juego todavía no está disponible.")
-                    hand.copy.expect_text("Text1", handshake.SELECTION_QUESTION)
-                    self.assertEqual(hand.copy.selected_entry(), number)
-            handshake.leave(hand)
 
 
 if __name__ == "__main__":

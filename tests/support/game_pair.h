@@ -87,12 +87,12 @@ class GamePair {
   }
 
   // What the handshake asks, with the answers.
-  void ExpectHandshake(const Handshake& answers) {
+  void ExpectHandshake(const Handshake& answers, const QString& turn_question = box::kTurn) {
     Server.Dialogs.Expect(box::kRequestTitle, box::kRequest, Button::Ok);
     Server.Dialogs.ExpectInput(box::kNameTitle, box::kName, QStringLiteral("Servidor"), answers.ServerName);
-    Server.Dialogs.ExpectInput(box::kTurnTitle, box::kTurn, QStringLiteral("3"), answers.ServerChoice);
+    Server.Dialogs.ExpectInput(box::kTurnTitle, turn_question, QStringLiteral("3"), answers.ServerChoice);
     Client.Dialogs.ExpectInput(box::kNameTitle, box::kName, QStringLiteral("Cliente"), answers.ClientName);
-    Client.Dialogs.ExpectInput(box::kTurnTitle, box::kTurn, QStringLiteral("3"), answers.ClientChoice);
+    Client.Dialogs.ExpectInput(box::kTurnTitle, turn_question, QStringLiteral("3"), answers.ClientChoice);
   }
 };
 

@@ -1,0 +1,169 @@
+// ChessFlow: the menu, the clocks, free mode and learning mode.
+#include "games/chess/chess_flow.h"
+#include "text/qt_text.h"
+#include "text/rounding.h"
+
+namespace brontavia {
+
+using namespace Qt::StringLiterals;
+
+void ChessFlow::Run(ChessCommand command) {
+  RunUserAction([this, command] {
+    switch (command) {
+      case ChessCommand::MnuArcAbr:
+        return OpenGame();
+      case ChessCommand::MnuArcGua:
+        return Save();
+      case ChessCommand::MnuArcGuc:
+        return SaveAs();
+      case ChessCommand::MnuOpcJaq:
+        return DeclareMate();
+      case ChessCommand::MnuOpcAba:
+        return Resign();
+      case ChessCommand::MnuOpcSol:
+        return OfferDraw();
+      case ChessCommand::MnuOpcLib:
+        return ToggleFreeMode();
+      case ChessCommand::MnuOpcPar:
+        return ToggleClocks();
+      case ChessCommand::MnuOpcEti:
+        return SetClocks();
+      case ChessCommand::MnuOpcVac:
+        return EmptyBoard();
+      case ChessCommand::MnuOpcEst:
+        return SetData();
+      case ChessCommand::MnuOpcApr:
+        return ToggleLearningMode();
+      case ChessCommand::MnuOpcGir:
+        return TurnBoard();
+    }
+  });
+  // The menu may have shown a choice that has been taken back.
+  emit CommandsChanged();
+}
+
+bool ChessFlow::IsChecked(ChessCommand command) const {
+  return (command == ChessCommand::MnuOpcLib && free_mode_) || (command == ChessCommand::MnuOpcApr && learning_mode_) ||
+         (command == ChessCommand::MnuOpcGir && board_flipped_);
+}
+
+// ---- Clocks ----
+
+void ChessFlow::ShowClocks() { Screen().SetText(Box::TBReloj, ToQString(clocks_.Text())); }
+
+void ChessFlow::ToggleClocks() {
+  timer1_.CatchUp();
+  timer1_.IsRunning() ? timer1_.Stop() : timer1_.Start();
+  SetStatus(u"Relojes "_s + (timer1_.IsRunning() ? u" activados."_s : u" parados."_s));
+}
+
+void ChessFlow::SetClocks() {
+  const QString title = u"Establecer tiempos"_s;
+  std::array<ClockTime, 2> times;
+  for (const int colour : {kWhite, kBlack}) {
+    const QString side = colour == kWhite ? u"blancas"_s : u"negras"_s;
+    const auto time = ReadClockTime(Characters(Ask(u"Establezca el tiempo de las "_s + side + u"(minutos:segundos)",
+                                                   title, ToQString(clocks_.Proposal(colour)))));
+    if (Ended() || !time) return;
+    times.at(static_cast<std::size_t>(colour)) = *time;
+  }
+  if (!clocks_.Set(times[0], times[1])) {
+    ShowBox(u"El tiempo es demasiado largo: un reloj no puede pasar de 32767 segundos."_s, title);
+    return;
+  }
+  ShowClocks();
+  AddMessage(u"Establecido "_s + ToQString(clocks_.Text()));
+}
+
+// ---- Modes ----
+
+void ChessFlow::ToggleFreeMode() {
+  if (!free_mode_) {
+    const Button sure = ShowBox(
+        u"¿Seguro que desea activar el modo libre? Este modo permite reajustar las fichas que hay sobre el tablero, "
+        u"establecer valores sobre enroques y otros aspectos, así como parar y modificar los relojes,pero si está en "
+        u"medio de una partida contra otra persona es posible que aparezcan errores por discordancias entre los dos "
+        u"tableros, ya que los cambios que haga no se transmitirán. Si activa el modo libre se informará de ello a su "
+        u"rival."_s,
+        u"Activar modo libre"_s, Buttons::YesNo);
+    if (Ended() || sure == Button::No) return;
+  }
+  free_mode_ = !free_mode_;
+  emit CommandsChanged();
+  if (free_mode_) SendUntilComplete(message::kFreeMode.Token.toString());
+}
+
+void ChessFlow::ToggleLearningMode() {
+  learning_mode_ = !learning_mode_;
+  DrawBoard();
+}
+
+void ChessFlow::TurnBoard() {
+  board_flipped_ = !board_flipped_;
+  ShowHeaders();
+  DrawBoard();
+}
+
+// ---- Editing ----
+
+void ChessFlow::EmptyBoard() {
+  game_.EmptyBoard();
+  PositionEdited();
+}
+
+void ChessFlow::SetData() {
+  const QString title = u"Establecer datos"_s;
+  const auto ask = [&](const QString& prompt, int proposal) {
+    return RoundHalfEven<std::int16_t>(Val(Ask(prompt, title, QString::number(proposal))));
+  };
+  const std::int16_t number = ask(u"Número de jugada actual: "_s, game_.Position().MoveNumber);
+  if (Ended() || !game_.SetMoveNumber(number)) return;
+  ShowPositionBox();
+  const std::int16_t side = ask(u"Color que mueve ficha (0 blancas, 1 negras):"_s, game_.Position().SideToMove);
+  if (Ended()) return;
+  timer1_.CatchUp();
+  if (!game_.SetSideToMove(side)) return;
+  ShowPositionBox();
+  const std::int16_t half_moves = ask(u"Número de medios movimientos:"_s, game_.Position().HalfMoveClock);
+  if (Ended() || !game_.SetHalfMoveClock(half_moves)) return;
+  ShowPositionBox();
+}
+
+void ChessFlow::DeletePiece() {
+  if (free_mode_) {
+    PutOnClickedSquare(kNoPiece);
+  } else {
+    Screen().Beep();
+  }
+}
+
+void ChessFlow::InsertPiece() {
+  if (!free_mode_) return;
+  // An entry for each code; 7 to 10 are no pieces.
+  static const std::array<int, 12> kPieces{1, 2, 3, 4, 5, 6, 11, 12, 13, 14, 15, 16};
+  QList<MenuItem> items;
+  for (const int piece : kPieces) {
+    items << MenuItem{.Caption = u'&' + ToQString(PieceName(piece)), .Name = u"MnuInsLis(%1)"_s.arg(piece)};
+  }
+  const auto chosen = PopUp(u"MnuIns"_s, u"&Insertar"_s, items);
+  if (Ended() || !chosen || !free_mode_) return;
+  PutOnClickedSquare(kPieces.at(static_cast<std::size_t>(*chosen)));
+}
+
+void ChessFlow::PutOnClickedSquare(int piece) {
+  if (!ChessBoard::IsOnBoard(clicked_square_)) return;  // nothing has been clicked yet
+  game_.Put(clicked_square_, piece);
+  PositionEdited();
+}
+
+void ChessFlow::PositionEdited() {
+  DrawBoard();
+  ShowPositionBox();
+}
+
+void ChessFlow::DropSelection() {
+  game_.DropSelection();
+  DrawBoard();
+}
+
+}  // namespace brontavia

@@ -1,0 +1,54 @@
+#include "games/chess/form_aje.h"
+
+#include <QMenuBar>
+
+#include "ui/text_box.h"
+
+namespace brontavia {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kPositionLines = 5;
+constexpr int kMovesLines = 3;
+
+}  // namespace
+
+FormAje::FormAje(ProcessValues& values)
+    : GameWindow(kFormAje),
+      flow_(MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
+      board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
+  board_->setObjectName(u"FG1"_s);
+  board_->setAccessibleName(u"Tablero"_s);
+  AddTextBox(Box::TBJugadas, u"TBJugadas"_s, u"Jugadas"_s, 1)->SetMinimumLines(kMovesLines);
+  TextBox* position = AddTextBox(Box::TBEntorno, u"TBEntorno"_s, u"Posición"_s, 0);
+  position->SetMinimumLines(kPositionLines);
+  position->setFixedHeight(position->minimumHeight());
+  TextBox* clocks = AddTextBox(Box::TBReloj, u"TBReloj"_s, u"Relojes"_s, 0);
+  clocks->SetMinimumLines(1);
+  clocks->setFixedHeight(clocks->minimumHeight());
+  QMenuBar* bar = AddMenuBar();
+  for (const ChessMenu& entries : kChessMenus) {
+    QMenu* menu = bar->addMenu(entries.Caption.toString());
+    menu->setObjectName(entries.Name.toString());
+    for (const ChessMenuEntry& entry : entries.Entries) AddCommand(*menu, entry);
+  }
+  connect(board_.get(), &BoardView::CellClicked, &flow_, &ChessFlow::BoardClicked);
+  connect(board_.get(), &BoardView::KeyPressed, &flow_, &ChessFlow::BoardKeyPressed);
+  Attach(flow_, *board_);
+}
+
+void FormAje::AddCommand(QMenu& menu, const ChessMenuEntry& entry) {
+  QAction* action = menu.addAction(entry.Caption.toString());
+  action->setObjectName(entry.Name.toString());
+  action->setCheckable(entry.Checkable);
+  const auto show = [this, action, &entry] {
+    action->setEnabled(flow_.IsAvailable(entry));
+    action->setChecked(flow_.IsChecked(entry.Command));
+  };
+  show();
+  connect(&flow_, &ChessFlow::CommandsChanged, action, show);
+  connect(action, &QAction::triggered, &flow_, [this, &entry] { flow_.Run(entry.Command); });
+}
+
+}  // namespace brontavia

@@ -1,0 +1,240 @@
+// ChessFlow: position files, and going on with one together.
+#include <gtest/gtest.h>
+
+#include <QDate>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include "tests/support/aje_pair.h"
+
+namespace brontavia::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kFilter = u"Notación FEN (*.fen)|*.fen|Todos los archivos (*.*)|*.*"_s;
+const QString kStartLine = u"tcadract/pppppppp/8/8/8/8/PPPPPPPP/TCADRACT/B RDrd - 0 1"_s;
+
+class ChessFiles : public testing::Test {
+ protected:
+  ChessFiles() {
+    qputenv("userProfile", Directory.path().toUtf8());
+    QDir(Directory.path()).mkdir(u"Mis documentos"_s);
+    Pair.Connect();
+  }
+  ~ChessFiles() override { qunsetenv("userProfile"); }
+
+  [[nodiscard]] QString Folder() const { return Directory.path() + u"/Mis documentos"; }
+  [[nodiscard]] QString InFolder(const QString& name) const { return Folder() + u'/' + name; }
+  [[nodiscard]] FileQuestion ToOpen(const QString& path) const {
+    return {.Title = u"Abrir partida "_s, .Filter = kFilter, .Path = path};
+  }
+  [[nodiscard]] FileQuestion ToSave(const QString& path) const {
+    return {.Title = u"Guardar partida como..."_s, .Filter = kFilter, .Path = path};
+  }
+  static QByteArray Written(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+    return file.readAll();
+  }
+  static void Write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
+  static QString Proposal(const QString& names) {
+    const QDate today = QDate::currentDate();
+    return names + u" _ %1-%2-%3.fen"_s.arg(today.day()).arg(today.month()).arg(today.year());
+  }
+
+  // White opens `name` with this content.
+  void Open(const QString& name, const QByteArray& content) {
+    Write(InFolder(name), content);
+    White.Dialogs.ExpectFile(ToOpen(Folder()), InFolder(name));
+  }
+  void ExpectOffer(const QString& name) {
+    White.Dialogs.Expect({},
+                         u"Se ha enviado a Luis un mensaje preguntándole si desea continuar jugando contra usted "
+                         u"la partida "_s +
+                             name + u". Si responde que sí, se cargará automáticamente la partida.");
+  }
+  void ExpectQuestion(const QString& name, Button answer) {
+    Black.Dialogs.Expect(
+        u"Reanudar partida"_s,
+        QString(u"Ana desea reanudar la partida " + name + u" . ¿Quiere usted también continuar jugando esa partida?"),
+        answer);
+  }
+  void ExpectColours(const QString& answer) {
+    White.Dialogs.ExpectInput(u"Asignación de bandos"_s, u"¿Quién juega con blancas?: 1=Yo, 2=El otro jugador"_s,
+                              QString(), answer);
+  }
+
+  QTemporaryDir Directory;
+  AjePair Pair;
+  AjeCopy& White = Pair.Server;
+  AjeCopy& Black = Pair.Client;
+};
+
+// ---- Saving ----
+
+TEST_F(ChessFiles, TheFirstSaveAsksForAFileLaterOnesDoNot) {
+  const QString proposed = InFolder(Proposal(u"Ana-Luis"_s));
+  const QString chosen = InFolder(u"mía.fen"_s);
+  White.Dialogs.ExpectFile(ToSave(proposed), chosen);
+  White.Flow.Run(ChessCommand::MnuArcGua);
+  EXPECT_EQ(Written(chosen), kStartLine.toLatin1() + "\r\n");
+  Pair.Play(u"e2e4"_s);
+  White.Flow.Run(ChessCommand::MnuArcGua);
+  EXPECT_EQ(Written(chosen), "tcadract/pppppppp/8/8/4P3/8/PPPP1PPP/TCADRACT/N RDrd e6 0 1\r\n");
+  White.Dialogs.ExpectFile(ToSave(chosen), QString());
+  White.Flow.Run(ChessCommand::MnuArcGuc);
+  Black.Dialogs.ExpectFile(ToSave(proposed), QString());
+  Black.Flow.Run(ChessCommand::MnuArcGua);
+  EXPECT_FALSE(QFile::exists(proposed)) << "cancelled";
+}
+
+TEST_F(ChessFiles, AFolderThatIsMissingGivesWayToTheDocuments) {
+  qputenv("userProfile", "/nowhere");
+  White.Dialogs.ExpectFile(ToOpen(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)), QString());
+  White.Flow.Run(ChessCommand::MnuArcAbr);
+  EXPECT_TRUE(White.Connection.Sent.filter(u"cargpartida|"_s).isEmpty());
+}
+
+TEST_F(ChessFiles, AFailedSaveLeavesTheOldFileAndSaysNothing) {
+  White.Dialogs.ExpectFile(ToSave(InFolder(Proposal(u"Ana-Luis"_s))), u"/nowhere/at all.fen"_s);
+  White.Flow.Run(ChessCommand::MnuArcGuc);
+  EXPECT_FALSE(QFile::exists(u"/nowhere/at all.fen"_s));
+}
+
+TEST(ChessFileNames, HoldNoCharacterThatAFileNameCannot) {
+  AjePair pair;
+  pair.ExpectHandshake({.ServerName = u"a/b:c?"_s, .ClientName = u"x\\y*z"_s}, box::kColourQuestion);
+  pair.Ask();
+  pair.Settle();
+  const QDate today = QDate::currentDate();
+  const QString name = u"a_b_c_-x_y_z _ %1-%2-%3.fen"_s.arg(today.day()).arg(today.month()).arg(today.year());
+  pair.Server.Dialogs.ExpectFile(
+      {.Title = u"Guardar partida como..."_s,
+       .Filter = kFilter,
+       .Path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + u'/' + name},
+      QString());
+  pair.Server.Flow.Run(ChessCommand::MnuArcGuc);
+}
+
+// ---- Going on together. Nobody thinks here, so the answer comes while the offer is still on its way. ----
+
+TEST_F(ChessFiles, ASavedPositionIsResumedByBoth) {
+  Pair.Play(u"e2e4"_s);
+  Black.Click(u"d7"_s);
+  Open(u"alt.fen"_s, "8/8/8/8/8/8/4P3/R6r/N - - 7 9\r\nmore lines\r\n");
+  ExpectQuestion(u"alt.fen"_s, Button::Yes);
+  for (const QString& nonsense : {QString(), u"0"_s, u"3"_s}) ExpectColours(nonsense);
+  ExpectColours(u"2"_s);
+  ExpectOffer(u"alt.fen"_s);
+  White.Flow.Run(ChessCommand::MnuArcAbr);
+  Pair.Settle();
+  EXPECT_EQ(Black.Connection.Sent.last(), u"cargpsi|"_s);
+  const QStringList& sent = White.Connection.Sent;
+  EXPECT_EQ(
+      sent.mid(sent.size() - 3),
+      QStringList({u"cargpartida|alt.fen"_s, u"datospartida|8/8/8/8/8/8/4P3/R6r/N - - 7 9"_s, u"cargpturnos|1 1 1"_s}));
+  EXPECT_TRUE(White.Screen.Lines.contains(u"Se aceptó la solicitud, cargando la partida."_s));
+  EXPECT_EQ(Black.Screen.Lines.last(), u"Posición cargada. Usted juega con  blancas. Mueven  negras."_s);
+  for (const AjeCopy* copy : {&White, &Black}) {
+    EXPECT_EQ(copy->Flow.WhitePlayer(), 1);
+    EXPECT_EQ(copy->Flow.State().CurrentTurn, 1) << "with Black to move the turn is handed over all the same";
+    EXPECT_EQ(copy->At(u"a1"_s), PieceOf(kKing, kWhite));
+    EXPECT_EQ(copy->Flow.Game().Position().KingSquares.Black, (Coordinate{8, 1}));
+    EXPECT_EQ(copy->Flow.Game().Position().MoveNumber, 9);
+    EXPECT_EQ(copy->Screen.Moves, u"9. (...)"_s);
+    EXPECT_TRUE(copy->Screen.Position.startsWith(u"Jug. Nº 9. Mueven Negras. "_s));
+    EXPECT_FALSE(copy->Flow.Game().HasSelection());
+    EXPECT_EQ(copy->Shown(u"e4"_s).Marks, Marks()) << "no last move";
+  }
+}
+
+TEST_F(ChessFiles, TheRequesterWhoTakesWhiteMovesFirst) {
+  Open(u"w.fen"_s, "8/8/8/8/8/8/4P3/R6r/B - - 0 1\r\n");
+  ExpectQuestion(u"w.fen"_s, Button::Yes);
+  ExpectColours(u"1"_s);
+  ExpectOffer(u"w.fen"_s);
+  White.Flow.Run(ChessCommand::MnuArcAbr);
+  Pair.Settle();
+  EXPECT_EQ(White.Connection.Sent.last(), u"cargpturnos|0 0 0"_s);
+  EXPECT_EQ(Black.Screen.Lines.last(), u"Posición cargada. Usted juega con  negras. Mueven  blancas."_s);
+  Pair.Play(u"e2e4"_s);
+  EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite));
+}
+
+TEST_F(ChessFiles, ARefusalKeepsTheGame) {
+  Open(u"w.fen"_s, "8/8/8/8/8/8/4P3/R6r/B - - 0 1\r\n");
+  ExpectQuestion(u"w.fen"_s, Button::No);
+  White.Dialogs.Expect(
+      {}, u"Luis rechazó la solicitud de jugar la partida guardada en el disco. Continúa la partida actual."_s);
+  ExpectOffer(u"w.fen"_s);
+  White.Flow.Run(ChessCommand::MnuArcAbr);
+  Pair.Settle();
+  EXPECT_EQ(Black.Connection.Sent.last(), u"cargpno|"_s);
+  EXPECT_EQ(White.Flow.Game().Position(), StartPosition());
+  White.Connection.Receive(u"cargpsi|"_s);
+  Pair.Settle();
+  EXPECT_TRUE(White.Connection.Sent.filter(u"datospartida|"_s).isEmpty()) << "the offer is forgotten";
+}
+
+const QString kNoPosition = u"El texto no contiene una posición de ajedrez."_s;
+
+TEST_F(ChessFiles, AFileWithoutAPositionIsRefusedBeforeAnythingIsSent) {
+  QString proposed = Folder();
+  for (const QByteArray& content : {QByteArray(), QByteArray("nonsense\r\n"), QByteArray("8/8/8/8/8/8/8/8"),
+                                    QByteArray(100'000, 'x'), QByteArray("\xff\xfe\x00\x01", 4)}) {
+    Write(InFolder(u"bad.fen"_s), content);
+    White.Dialogs.ExpectFile(ToOpen(proposed), InFolder(u"bad.fen"_s));
+    proposed = InFolder(u"bad.fen"_s);
+    White.Dialogs.Expect(u"Abrir partida "_s, kNoPosition);
+    White.Flow.Run(ChessCommand::MnuArcAbr);
+  }
+  EXPECT_EQ(White.Flow.Game().Position(), StartPosition());
+  EXPECT_TRUE(White.Connection.Sent.filter(u"cargpartida|"_s).isEmpty());
+}
+
+TEST_F(ChessFiles, AFileThatCannotBeOpenedStopsTheCommand) {
+  White.Dialogs.ExpectFile(ToOpen(Folder()), InFolder(u"missing.fen"_s));
+  White.Flow.Run(ChessCommand::MnuArcAbr);
+  EXPECT_TRUE(White.Connection.Sent.filter(u"cargpartida|"_s).isEmpty());
+}
+
+TEST_F(ChessFiles, FilesOfOtherProgramsAreUnderstood) {
+  Open(u"std.fen"_s, "r3k2r/8/8/8/8/8/8/R3K2R b KQkq - 12 30\n");
+  ExpectQuestion(u"std.fen"_s, Button::Yes);
+  ExpectColours(u"1"_s);
+  ExpectOffer(u"std.fen"_s);
+  White.Flow.Run(ChessCommand::MnuArcAbr);
+  Pair.Settle();
+  for (const AjeCopy* copy : {&White, &Black}) {
+    EXPECT_EQ(copy->Flow.Game().Position().SideToMove, kBlack);
+    EXPECT_EQ(copy->Flow.Game().Position().HalfMoveClock, 12);
+    EXPECT_EQ(copy->Flow.Game().Position().MoveNumber, 30);
+  }
+}
+
+TEST_F(ChessFiles, AReceivedTextWithoutAPositionIsRefused) {
+  Black.Dialogs.Expect(u"Abrir partida "_s, kNoPosition);
+  Black.Connection.Receive(u"datospartida|<b>no</b>"_s);
+  Pair.Settle();
+  EXPECT_EQ(Black.Flow.Game().Position(), StartPosition());
+}
+
+TEST_F(ChessFiles, TurnsThatCannotBeAreLeftOut) {
+  for (const QString& payload : {QString(), u"0 0"_s, u"2 0 0"_s, u"0 2 0"_s, u"0 0 -1"_s, u"0 0 9e9"_s}) {
+    Black.Connection.Receive(u"cargpturnos|"_s + payload);
+    Pair.Settle();
+  }
+  EXPECT_EQ(Black.Flow.WhitePlayer(), 0);
+  EXPECT_EQ(Black.Flow.State().CurrentTurn, 0);
+  EXPECT_TRUE(Black.Screen.Lines.filter(u"Posición cargada"_s).isEmpty());
+}
+
+}  // namespace
+}  // namespace brontavia::test
