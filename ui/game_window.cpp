@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "ui/announcer.h"
@@ -18,7 +19,10 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+// Of a window that has room for it; a wide board's texts want more.
 constexpr QSize kFirstSize(800, 560);
+constexpr QSize kFirstSizeOfWide(1080, 760);
+constexpr qreal kMostOfScreen = 0.9;
 constexpr int kBoardStretch = 5;
 constexpr int kTextStretch = 3;
 constexpr int kStatusLines = 2;
@@ -45,7 +49,8 @@ GameWindow::GameWindow(const WindowTraits& window, TextsAt texts)
   layout->addWidget(game_frame_);
   // The flow shows what the role needs; frames that show together would make the window grow.
   for (QGroupBox* frame : {server_frame_, client_frame_, game_frame_}) frame->hide();
-  resize(kFirstSize);
+  const QSize most = screen()->availableSize() * kMostOfScreen;
+  resize((texts == TextsAt::Right ? kFirstSize : kFirstSizeOfWide).boundedTo(most));
 }
 
 Seams GameWindow::MakeSeams(ProcessValues& values) {
