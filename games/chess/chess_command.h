@@ -24,7 +24,7 @@ enum class ChessCommand {
 };
 
 struct ChessMenuEntry {
-  ChessCommand Command;
+  ChessCommand Command{};
   QStringView Name;  // of the control
   QStringView Caption;
   bool FreeModeOnly = false;

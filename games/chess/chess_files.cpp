@@ -33,6 +33,13 @@ QString AsFileName(QString name) {
   return name;
 }
 
+QString ProposedFolder() {
+  const QString profile = qEnvironmentVariable("userProfile");
+  QString folder = SystemPath(profile + u"\\Mis documentos");
+  if (!profile.isEmpty() && QFileInfo(folder).isDir()) return folder;
+  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
 // The first line of a position file; nothing when it cannot be read.
 std::optional<QString> FirstLineOf(const QString& path) {
   QFile file(path);
@@ -45,13 +52,6 @@ std::optional<QString> FirstLineOf(const QString& path) {
 }  // namespace
 
 // ---- Saving ----
-
-QString ChessFlow::ProposedFolder() const {
-  const QString profile = qEnvironmentVariable("userProfile");
-  const QString folder = SystemPath(profile + u"\\Mis documentos");
-  if (!profile.isEmpty() && QFileInfo(folder).isDir()) return folder;
-  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-}
 
 QString ChessFlow::ProposedFile() const {
   const QDate today = QDate::currentDate();

@@ -90,7 +90,6 @@ class ChessFlow : public GameFlow {
   void TurnsReceived(const QString& payload);
   bool LoadPosition(const QString& line);
   void RefusePosition();
-  [[nodiscard]] QString ProposedFolder() const;
   [[nodiscard]] QString ProposedFile() const;
 
   // ---- Clocks ----

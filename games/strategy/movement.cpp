@@ -9,7 +9,10 @@ namespace {
 
 constexpr std::array<Coordinate, 4> kNeighbours{{{1, 0}, {-1, 0}, {0, 1}, {0, -1}}};
 
-constexpr int SignOf(int value) { return (value > 0) - (value < 0); }
+constexpr int SignOf(int value) {
+  if (value == 0) return 0;
+  return value > 0 ? 1 : -1;
+}
 
 Coordinate Moved(Coordinate cell, Coordinate by) {
   return {.Column = cell.Column + by.Column, .Row = cell.Row + by.Row};

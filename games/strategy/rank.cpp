@@ -12,6 +12,6 @@ constexpr std::array<std::u16string_view, 15> RankNames{u"Agua",       u"",     
 
 }  // namespace
 
-std::u16string_view RankName(int rank) { return RankNames.at(static_cast<std::size_t>(rank + 1)); }
+std::u16string_view RankName(int rank) { return RankNames.at(static_cast<std::size_t>(rank) + 1); }
 
 }  // namespace brontavia

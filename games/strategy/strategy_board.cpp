@@ -37,7 +37,8 @@ bool StrategyBoard::Holds(Coordinate cell) const {
 
 std::size_t StrategyBoard::Position(Coordinate cell) const {
   if (!Holds(cell)) throw std::out_of_range("cell outside the board");
-  return static_cast<std::size_t>((cell.Column - 1) + (cell.Row - 1) * variant_.Columns);
+  const int position = (cell.Column - 1) + (cell.Row - 1) * variant_.Columns;
+  return static_cast<std::size_t>(position);
 }
 
 void StrategyBoard::Clear() {

@@ -11,13 +11,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMoveFieldLength = 3;
+constexpr qsizetype kMoveFieldLength = 3;
 
 QString NameOf(int rank) { return ToQString(RankName(rank)); }
 
 // How an attack of `attacker` on `defender` (ranks) went, for the attacker's player.
 QString CombatReport(Combat combat, int attacker, int defender) {
-  const QString opening = u"El "_s + NameOf(attacker);
+  QString opening = u"El "_s + NameOf(attacker);
   const QString faces = opening + u" se enfrenta a un " + NameOf(defender);
   switch (combat) {
     case Combat::FlagTaken:
