@@ -59,7 +59,7 @@ class CopiesTest(unittest.TestCase):
         handshake.answer_name(hand, server, game)
         peer.expect(f"Nombre|{server.name}".encode())
         peer.send("turno|2")
-        handshake.answer_turn(hand, server)
+        handshake.answer_turn(hand, server, game)
         peer.expect(b"Turnodef|00")
         return hand, peer
 

@@ -71,8 +71,8 @@ class Demonstration:
         handshake.answer_name(self.server, server, game)
         handshake.answer_name(self.client, client, game)
         self.tell(f"Who begins? {server.shown_name} answers {server.choice}, {client.shown_name} {client.choice}")
-        handshake.answer_turn(self.server, server)
-        handshake.answer_turn(self.client, client)
+        handshake.answer_turn(self.server, server, game)
+        handshake.answer_turn(self.client, client, game)
         self.tell(f"The server reports: {handshake.report_line(self._stage.copies[0]).strip()}")
 
 

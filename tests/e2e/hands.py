@@ -51,6 +51,20 @@ class Hand:
         typed = proposal if answer is None else answer
         self._close_box(box, title, prompt, button, f"{typed} [{button}]")
 
+    def answer_file(self, title, path):
+        """Types the path of a file into an open file dialog and confirms it with Enter."""
+        box = self.copy.box(title)
+        self.copy.bring_to_front(box)
+        field = wait_until("the field of the file", lambda: focused_text_below(box))
+        screen.press("ctrl+a")
+        screen.type_text(str(path))
+        wait_for_value(f"the file in {title!r}", lambda: text_of(field), str(path))
+        self._witness.look()
+        self._witness.box(self.copy, title, "", str(path))
+        screen.press("Return")
+        wait_until(f"the box {title!r} to close", lambda: box not in self.copy.boxes())
+        self._witness.look()
+
     def _expected_box(self, title, text):
         box = self.copy.box(title, text)
         wait_for_value(f"the text of the box {title!r}", lambda: label_of(box), text)
@@ -95,6 +109,11 @@ class MouseHand(Hand):
         """Chooses from the menu that is open."""
         screen.click(*self._middle_of(lambda: named(self.copy.menu_items(), caption)))
         self._witness.look()
+
+    def choose_command(self, menu, caption):
+        """Chooses from a menu of the window's menu bar."""
+        self._click(lambda: find_below(self.copy.main_window(), "menu item", menu))
+        self.choose_item(caption)
 
     def close_window(self):
         """Clicks the close box of the window's frame."""
@@ -170,6 +189,12 @@ class KeyHand(Hand):
         screen.press("Return")
         self._witness.look()
 
+    def choose_command(self, menu, caption):
+        """Chooses from a menu of the window's menu bar, which its first letter opens."""
+        self.copy.bring_to_front(self.copy.main_window())
+        screen.press(f"alt+{menu[0].lower()}")
+        self.choose_item(caption)
+
     def close_window(self):
         """Alt+F4, which the window manager makes a request to close."""
         self.copy.bring_to_front()
@@ -200,6 +225,17 @@ class KeyHand(Hand):
 def named(nodes, name):
     """The one with a name."""
     return next(node for node in nodes if node.name == name)
+
+
+def focused_text_below(node):
+    """The text field that has the focus, or None."""
+    for child in node:
+        if child is not None and child.getRoleName() == "text" and is_focused(child):
+            return child
+        found = child is not None and child.getRoleName() in ("panel", "filler") and focused_text_below(child)
+        if found:
+            return found
+    return None
 
 
 def focus_below(node):

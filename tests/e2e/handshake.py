@@ -29,7 +29,7 @@ START_QUESTION = "Seleccione cómo desea jugar."
 SELECTION_QUESTION = "Elija a qué juego desea jugar. Los dos jugadores deben escoger el mismo."
 GAMES = ["TRES EN RAYA", "BATALLA NAVAL", "Mini-Estratega", "Estratega", "Ajedrez"]
 
-_REPORT = re.compile(" (comienza|comenzará) jugando ")
+_REPORT = re.compile(" (comienza|comenzará) jugando | jugará  con blancas ")
 
 SERVER_INSTRUCTIONS = (
     "El programa ha empezado a escuchar en el puerto seleccionado. Comunique al otro jugador su IP externa si no lo ha "
@@ -58,6 +58,7 @@ class Game:
     new_game_opening: str = "Comienza jugando "
     new_game_ending: str = "."
     asks_before_closing: bool = True
+    turn_prompt: str = TURN_PROMPT
 
 
 @dataclasses.dataclass(frozen=True)
@@ -123,8 +124,8 @@ def answer_name(hand, player, game):
     _come_to_front(hand, TURN_TITLE)
 
 
-def answer_turn(hand, player):
-    hand.answer_input(TURN_TITLE, TURN_PROMPT, "3", player.choice)
+def answer_turn(hand, player, game):
+    hand.answer_input(TURN_TITLE, game.turn_prompt, "3", player.choice)
 
 
 def shake_hands(server_hand, client_hand, game, server=SERVER, client=CLIENT):
@@ -133,8 +134,8 @@ def shake_hands(server_hand, client_hand, game, server=SERVER, client=CLIENT):
     accept(server_hand, client_hand)
     answer_name(server_hand, server, game)
     answer_name(client_hand, client, game)
-    answer_turn(server_hand, server)
-    answer_turn(client_hand, client)
+    answer_turn(server_hand, server, game)
+    answer_turn(client_hand, client, game)
 
 
 def report_line(copy):

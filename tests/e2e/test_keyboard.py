@@ -46,8 +46,8 @@ class Keyboard(cases.CopiesTest):
         self.connect(server, client)
         handshake.answer_name(server, SERVER, three_in_row.GAME)
         handshake.answer_name(client, CLIENT, three_in_row.GAME)
-        handshake.answer_turn(client, CLIENT)
-        handshake.answer_turn(server, SERVER)
+        handshake.answer_turn(client, CLIENT, three_in_row.GAME)
+        handshake.answer_turn(server, SERVER, three_in_row.GAME)
         self.check_logs(server.copy, client.copy)
 
         session = three_in_row.Session(server, client, SERVER, CLIENT)

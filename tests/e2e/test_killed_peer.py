@@ -98,20 +98,20 @@ class KilledPeer(cases.CopiesTest):
         player = (SERVER, CLIENT)[self.survivor]
         self.hand.answer_input(handshake.NAME_TITLE, handshake.NAME_PROMPT, player.proposal)
         self.answer_error()
-        handshake.answer_turn(self.hand, player)
+        handshake.answer_turn(self.hand, player, GAME)
         self.assert_not_my_turn()
 
     def test_at_the_first_turn_question(self):
         self.give_names()
         self.kill()
-        handshake.answer_turn(self.hand, (SERVER, CLIENT)[self.survivor])
+        handshake.answer_turn(self.hand, (SERVER, CLIENT)[self.survivor], GAME)
         if self.survivor == 1:
             self.answer_error()
         self.assert_not_my_turn()
 
     def test_before_the_first_turn_is_decided(self):
         self.give_names()
-        handshake.answer_turn(self.hand, (SERVER, CLIENT)[self.survivor])
+        handshake.answer_turn(self.hand, (SERVER, CLIENT)[self.survivor], GAME)
         self.kill()
         self.assert_not_my_turn()
 

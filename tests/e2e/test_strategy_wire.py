@@ -266,7 +266,7 @@ class StrategyWire(cases.CopiesTest):
         handshake.answer_name(hand, luis, MES.game)
         peer.expect(b"Nombre|Luis")
         peer.send("Nombre|Eva")
-        handshake.answer_turn(hand, luis)
+        handshake.answer_turn(hand, luis, MES.game)
         peer.expect(b"turno|2")
         peer.send("Turnodef|00")
         own = Side(hand, "Luis", 1, MES)

@@ -26,7 +26,7 @@ class Wire(cases.CopiesTest):
         handshake.answer_name(hand, server, GAME)
         peer.expect(b"Nombre|" + server.shown_name.encode("cp1252"))
         peer.send(answer)
-        handshake.answer_turn(hand, Player(server.proposal, choice=choice))
+        handshake.answer_turn(hand, Player(server.proposal, choice=choice), GAME)
         return hand, peer
 
     def client_session(self, client=handshake.CLIENT, choice="2"):
@@ -39,7 +39,7 @@ class Wire(cases.CopiesTest):
         handshake.answer_name(hand, client, GAME)
         peer.expect(b"Nombre|" + client.shown_name.encode("cp1252"))
         peer.send(b"Nombre|Eva")
-        handshake.answer_turn(hand, Player(client.proposal, choice=choice))
+        handshake.answer_turn(hand, Player(client.proposal, choice=choice), GAME)
         return hand, peer
 
     # ---- What the program sends ----

@@ -1,0 +1,78 @@
+"""Three games of chess, one copy by mouse alone and the other by keyboard alone."""
+
+import cases
+import chess
+import handshake
+import placing
+from chess_session import Session
+from handshake import NO_TITLE, Player
+from hands import NO, YES, KeyHand, MouseHand
+
+_ANA, _LUIS = 0, 1
+# Castling on both wings, a capture en passant, a promotion and a mate.
+_OPENING = ("e2-e4", "Cg8-h6", "e4-e5", "d7-d5", "e5xd6a.p.", "e7-e6", "d6xc7", "Af8-e7", "c7xCb8=D", "Ta8xDb8")
+_MIDDLE = ("Af1-d3", "0-0", "b2-b3", "a7-a6", "Ac1-b2", "a6-a5", "Cb1-c3", "a5-a4", "Dd1-h5", "b7-b6", "0-0-0")
+_END = ("Ch6-g4", "Dh5xh7+")
+
+
+class Chess(cases.CopiesTest):
+    def start_fresh(self, server_hand, client_hand):
+        """A session whose logs are as they must be when the colours are settled; the server has White."""
+        ana, luis = Player("Servidor", "Ana", "1"), Player("Cliente", "Luis", "2")
+        hands = self.start_pair(chess.GAME, server_hand, client_hand)
+        handshake.shake_hands(*hands, chess.GAME, ana, luis)
+        for hand, is_server, other in zip(hands, (True, False), ("Luis", "Ana")):
+            log = placing.handshake_log(is_server, other, chess.report_line("Ana"))
+            hand.copy.expect_text("TBMensajes", log)
+        return Session(*hands, _ANA, ana, luis)
+
+    def test_three_games(self):
+        session = self.start_fresh(MouseHand, KeyHand)
+        self.refuse(session)
+        session.play(*_OPENING)
+        session.offer_draw(NO)
+        session.play(*_MIDDLE)
+        self.declare_too_early(session)
+        session.play(*_END)
+        session.declare_mate()
+        session.play_again(_LUIS)
+        session.play("e2-e4", "e7-e5", "Af1-c4")
+        session.offer_draw(YES)
+        self.assertEqual(session.scores, [2, 0])
+        session.play_again(_ANA)
+        session.play("d2-d4")
+        session.resign()
+        session.stop(_LUIS)
+        for player in session.sides:
+            handshake.leave(player.hand)
+            self.assertEqual(player.copy.errors(), "")
+
+    def refuse(self, session):
+        """Clicks and commands that move nothing."""
+        ana, luis = session.sides
+        session.expect_position()
+        for square, status in (
+            ("e7", "Le toca mover a las blancas."),
+            ("e4", " E4"),
+            ("g1", "Caballo blanco seleccionado"),
+            ("g3", chess.WRONG_MOVE),
+            ("g1", chess.CANCELLED),
+            ("a1", "Torre blanca seleccionada"),
+            ("a1", chess.CANCELLED),
+        ):
+            ana.click_and_read(square, status)
+        for square in ("e7", "e4"):
+            luis.click_and_read(square, chess.NOT_YOUR_TURN)
+        for command in (chess.MATE, chess.RESIGN, chess.OFFER):
+            luis.choose(chess.OPTIONS_MENU, command)
+            luis.hand.answer_box(NO_TITLE, chess.NOT_YOUR_TURN)
+        session.expect_position()
+
+    def declare_too_early(self, session):
+        luis = session.sides[_LUIS]
+        luis.choose(chess.OPTIONS_MENU, chess.MATE)
+        luis.hand.answer_box(NO_TITLE, chess.NOT_IN_CHECK_TEXT)
+
+
+if __name__ == "__main__":
+    cases.main()
