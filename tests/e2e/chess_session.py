@@ -173,33 +173,39 @@ class Session(placing.Session):
 
     # ---- Position files ----
 
-    def save_as(self, side, path):
+    def save_as(self, side, path, proposal, command=chess.SAVE_AS):
         """Chooses a file to write the position to."""
-        self.tell(f"{self.sides[side].name} saves the position")
-        self.sides[side].choose(chess.FILE_MENU, chess.SAVE_AS)
-        self.sides[side].hand.answer_file(chess.SAVE_TITLE, path)
+        player = self.sides[side]
+        self.tell(f"{player.name} saves the position")
+        player.choose(chess.FILE_MENU, command)
+        player.hand.answer_file(chess.SAVE_TITLE, proposal, path)
+
+    def choose_file(self, side, path):
+        """Chooses a file to open."""
+        player = self.sides[side]
+        player.choose(chess.FILE_MENU, chess.OPEN)
+        player.hand.answer_file(chess.OPEN_TITLE, None, path)
 
     def ask_to_resume(self, side, path, answer):
         """Chooses a saved position; the other player answers."""
         player, other = self.sides[side], self.sides[1 - side]
         self.tell(f"{player.name} wants to go on with {path.name}, {other.name} answers {answer!r}")
-        player.choose(chess.FILE_MENU, chess.OPEN)
-        player.hand.answer_file(chess.OPEN_TITLE, path)
+        self.choose_file(side, path)
         player.hand.answer_box(NO_TITLE, chess.resume_sent_text(other.name, path.name))
         other.hand.answer_box(chess.RESUME_TITLE, chess.resume_question(player.name, path.name), answer)
         if answer == NO:
             player.hand.answer_box(NO_TITLE, chess.refused_resume_text(other.name))
 
-    def resume(self, side, path, answers, positions):
-        """Goes on with a saved position. The last answer chooses the colours; a position for each side."""
+    def resume(self, side, path, answers, *position):
+        """Goes on with a saved position, told as Position is made. The last answer chooses the colours."""
         player, other = self.sides[side], self.sides[1 - side]
         self.ask_to_resume(side, path, YES)
         for answer in answers:
             player.hand.answer_input(chess.COLOURS_TITLE, chess.COLOURS_PROMPT, "", answer)
         plays_white = answers[-1] == "1"
         self.white = side if plays_white else 1 - side
-        for each, position in zip(self.sides, positions):
-            each.position = position
+        for each in self.sides:
+            each.position = Position(*position)
         black_moves = player.position.black_moves
         self.turn = side if plays_white and not black_moves else 1 - side
         player.expect_line(chess.RESUME_ACCEPTED_LINE)

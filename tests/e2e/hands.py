@@ -51,11 +51,13 @@ class Hand:
         typed = proposal if answer is None else answer
         self._close_box(box, title, prompt, button, f"{typed} [{button}]")
 
-    def answer_file(self, title, path):
-        """Types the path of a file into an open file dialog and confirms it with Enter."""
+    def answer_file(self, title, proposal, path):
+        """Types a path into an open file dialog and confirms it with Enter. A proposal of None may be anything."""
         box = self.copy.box(title)
         self.copy.bring_to_front(box)
         field = wait_until("the field of the file", lambda: focused_text_below(box))
+        if proposal is not None:
+            wait_for_value(f"the proposal of {title!r}", lambda: text_of(field), proposal)
         screen.press("ctrl+a")
         screen.type_text(str(path))
         wait_for_value(f"the file in {title!r}", lambda: text_of(field), str(path))

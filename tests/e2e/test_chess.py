@@ -2,11 +2,10 @@
 
 import cases
 import chess
+import chess_cases
 import handshake
-import placing
-from chess_session import Session
-from handshake import NO_TITLE, Player
-from hands import NO, YES, KeyHand, MouseHand
+from handshake import NO_TITLE
+from hands import NO, YES
 
 _ANA, _LUIS = 0, 1
 # Castling on both wings, a capture en passant, a promotion and a mate.
@@ -15,19 +14,9 @@ _MIDDLE = ("Af1-d3", "0-0", "b2-b3", "a7-a6", "Ac1-b2", "a6-a5", "Cb1-c3", "a5-a
 _END = ("Ch6-g4", "Dh5xh7+")
 
 
-class Chess(cases.CopiesTest):
-    def start_fresh(self, server_hand, client_hand):
-        """A session whose logs are as they must be when the colours are settled; the server has White."""
-        ana, luis = Player("Servidor", "Ana", "1"), Player("Cliente", "Luis", "2")
-        hands = self.start_pair(chess.GAME, server_hand, client_hand)
-        handshake.shake_hands(*hands, chess.GAME, ana, luis)
-        for hand, is_server, other in zip(hands, (True, False), ("Luis", "Ana")):
-            log = placing.handshake_log(is_server, other, chess.report_line("Ana"))
-            hand.copy.expect_text("TBMensajes", log)
-        return Session(*hands, _ANA, ana, luis)
-
+class Chess(chess_cases.ChessTest):
     def test_three_games(self):
-        session = self.start_fresh(MouseHand, KeyHand)
+        session = self.start_fresh()
         self.refuse(session)
         session.play(*_OPENING)
         session.offer_draw(NO)
@@ -45,7 +34,7 @@ class Chess(cases.CopiesTest):
         session.stop(_LUIS)
         for player in session.sides:
             handshake.leave(player.hand)
-            self.assertEqual(player.copy.errors(), "")
+        self.assert_silent(session)
 
     def refuse(self, session):
         """Clicks and commands that move nothing."""
