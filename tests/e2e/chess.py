@@ -60,6 +60,15 @@ FREE_MODE_TEXT = (
     "que los cambios que haga no se transmitirán. Si activa el modo libre se informará de ello a su rival."
 )
 
+DATA_PROMPTS = (
+    "Número de jugada actual: ",
+    "Color que mueve ficha (0 blancas, 1 negras):",
+    "Número de medios movimientos:",
+)
+CLOCK_PROMPTS = tuple(f"Establezca el tiempo de las {side}(minutos:segundos)" for side in ("blancas", "negras"))
+CLOCKS_ON, CLOCKS_OFF = "Relojes  activados.", "Relojes  parados."
+TOO_LONG_TEXT = "El tiempo es demasiado largo: un reloj no puede pasar de 32767 segundos."
+
 _NOUNS = {"P": "Peón", "T": "Torre", "C": "Caballo", "A": "Alfil", "D": "Dama", "R": "Rey"}
 _START = "tcadract/pppppppp/8/8/8/8/PPPPPPPP/TCADRACT/"
 _FILES = "abcdefgh"

@@ -19,6 +19,7 @@ class Side(placing.Side):
         super().__init__(hand, name)
         self.flipped = False
         self.position = Position()
+        self.learning = False
         self.reachable = ()  # squares that learning mode marks
 
     def number_of(self, square):
@@ -63,11 +64,14 @@ class Side(placing.Side):
     def make(self, move):
         """Both clicks of a move."""
         self.click_and_read(move.source, chess.selected(self.position.pieces[move.source]))
+        if self.learning:
+            self.reachable = (move.target,)
         self.status = self.description(move.target)
         self.click(move.target)
 
     def see(self, move, replayed):
         """What a move of either player leaves in the window."""
+        self.reachable = ()
         if replayed:
             self.status = chess.selected(self.position.pieces[move.source])
         piece = self.position.pieces[move.source]
@@ -215,8 +219,46 @@ class Session(placing.Session):
     # ---- Free mode ----
 
     def enter_free_mode(self, side):
-        """Without the other player's answer to the box that tells it."""
-        player = self.sides[side]
+        """Sent until it has certainly left, so that the other player may be told more than once."""
+        player, other = self.sides[side], self.sides[1 - side]
         self.tell(f"{player.name} switches free mode on")
         player.choose(chess.OPTIONS_MENU, chess.FREE_MODE)
-        player.hand.answer_box(chess.FREE_MODE_TITLE, chess.FREE_MODE_TEXT, YES)
+        self.answer(side, chess.FREE_MODE_TITLE, chess.FREE_MODE_TEXT, YES)
+        self.answer(1 - side, NO_TITLE, f"{player.name} ha activado el modo libre.")
+        while other.copy.boxes():
+            self.answer(1 - side, NO_TITLE, f"{player.name} ha activado el modo libre.")
+
+    def empty_board(self, side):
+        player = self.sides[side]
+        player.choose(chess.OPTIONS_MENU, chess.EMPTY_BOARD)
+        player.position.pieces.clear()
+        player.expect_board()
+
+    def insert(self, side, square, piece):
+        """A click on a square and a choice from the menu of the context-menu key."""
+        player = self.sides[side]
+        player.click(square)
+        player.press_key("Menu")
+        names = [item.name for item in player.copy.menu_items()]
+        assert names == [chess.name_of(each) for each in "PTCADRptcadr"], names
+        player.hand.choose_item(chess.name_of(piece))
+        player.position.pieces[square] = piece
+        player.expect_board()
+
+    def delete(self, side, square):
+        player = self.sides[side]
+        player.click(square)
+        player.press_key("Delete")
+        del player.position.pieces[square]
+        player.expect_board()
+
+    def set_data(self, side, number, colour, half_moves):
+        player = self.sides[side]
+        player.choose(chess.OPTIONS_MENU, chess.SET_DATA)
+        proposals = str(player.position.number), str(int(player.position.black_moves))
+        for prompt, proposal, answer in zip(chess.DATA_PROMPTS, (*proposals, "0"), (number, colour, half_moves)):
+            player.hand.answer_input(chess.SET_DATA, prompt, proposal, str(answer))
+        position = player.position
+        position.number = position.told_number = number
+        position.black_moves = position.told_black = bool(colour)
+        player.expect_texts()

@@ -51,6 +51,11 @@ class Hand:
         typed = proposal if answer is None else answer
         self._close_box(box, title, prompt, button, f"{typed} [{button}]")
 
+    def choose_command(self, menu, caption):
+        """Chooses from a menu of the window's menu bar."""
+        self.open_menu(menu)
+        self.choose_item(caption)
+
     def answer_file(self, title, proposal, path):
         """Types a path into an open file dialog and confirms it with Enter. A proposal of None may be anything."""
         box = self.copy.box(title)
@@ -112,10 +117,9 @@ class MouseHand(Hand):
         screen.click(*self._middle_of(lambda: named(self.copy.menu_items(), caption)))
         self._witness.look()
 
-    def choose_command(self, menu, caption):
-        """Chooses from a menu of the window's menu bar."""
+    def open_menu(self, menu):
+        """Opens a menu of the window's menu bar."""
         self._click(lambda: find_below(self.copy.main_window(), "menu item", menu))
-        self.choose_item(caption)
 
     def close_window(self):
         """Clicks the close box of the window's frame."""
@@ -191,11 +195,10 @@ class KeyHand(Hand):
         screen.press("Return")
         self._witness.look()
 
-    def choose_command(self, menu, caption):
-        """Chooses from a menu of the window's menu bar, which its first letter opens."""
+    def open_menu(self, menu):
+        """Opens a menu of the window's menu bar by its first letter."""
         self.copy.bring_to_front(self.copy.main_window())
         screen.press(f"alt+{menu[0].lower()}")
-        self.choose_item(caption)
 
     def close_window(self):
         """Alt+F4, which the window manager makes a request to close."""
