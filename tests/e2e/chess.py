@@ -69,6 +69,11 @@ CLOCK_PROMPTS = tuple(f"Establezca el tiempo de las {side}(minutos:segundos)" fo
 CLOCKS_ON, CLOCKS_OFF = "Relojes  activados.", "Relojes  parados."
 TOO_LONG_TEXT = "El tiempo es demasiado largo: un reloj no puede pasar de 32767 segundos."
 
+# A whole game in three parts: castling on both wings, a capture en passant, a promotion and a mate.
+OPENING = ("e2-e4", "Cg8-h6", "e4-e5", "d7-d5", "e5xd6a.p.", "e7-e6", "d6xc7", "Af8-e7", "c7xCb8=D", "Ta8xDb8")
+MIDDLE = ("Af1-d3", "0-0", "b2-b3", "a7-a6", "Ac1-b2", "a6-a5", "Cb1-c3", "a5-a4", "Dd1-h5", "b7-b6", "0-0-0")
+END = ("Ch6-g4", "Dh5xh7+")
+
 _NOUNS = {"P": "Peón", "T": "Torre", "C": "Caballo", "A": "Alfil", "D": "Dama", "R": "Rey"}
 _START = "tcadract/pppppppp/8/8/8/8/PPPPPPPP/TCADRACT/"
 _FILES = "abcdefgh"

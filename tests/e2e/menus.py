@@ -17,8 +17,11 @@ class Menus:
         self._listener.register(_SHOWING)
 
     def _heard(self, event):
-        if event.detail1 and event.source.getRole() == pyatspi.ROLE_POPUP_MENU:
-            self._open.append(event.source)
+        try:
+            if event.detail1 and event.source.getRole() == pyatspi.ROLE_POPUP_MENU:
+                self._open.append(event.source)
+        except GLib.Error:
+            pass  # its copy has ended since
 
     def open_menu(self, pid):
         """The menu that a process has open, or None."""

@@ -8,21 +8,17 @@ from handshake import NO_TITLE
 from hands import NO, YES
 
 _ANA, _LUIS = 0, 1
-# Castling on both wings, a capture en passant, a promotion and a mate.
-_OPENING = ("e2-e4", "Cg8-h6", "e4-e5", "d7-d5", "e5xd6a.p.", "e7-e6", "d6xc7", "Af8-e7", "c7xCb8=D", "Ta8xDb8")
-_MIDDLE = ("Af1-d3", "0-0", "b2-b3", "a7-a6", "Ac1-b2", "a6-a5", "Cb1-c3", "a5-a4", "Dd1-h5", "b7-b6", "0-0-0")
-_END = ("Ch6-g4", "Dh5xh7+")
 
 
 class Chess(chess_cases.ChessTest):
     def test_three_games(self):
         session = self.start_fresh()
         self.refuse(session)
-        session.play(*_OPENING)
+        session.play(*chess.OPENING)
         session.offer_draw(NO)
-        session.play(*_MIDDLE)
+        session.play(*chess.MIDDLE)
         self.declare_too_early(session)
-        session.play(*_END)
+        session.play(*chess.END)
         session.declare_mate()
         session.play_again(_LUIS)
         session.play("e2-e4", "e7-e5", "Af1-c4")
