@@ -8,6 +8,7 @@ Leaves pictures and transcript.txt in OUTPUT_DIR. Ends with 0 only when everythi
 import pathlib
 import sys
 
+import demo_chess
 import demo_naval
 import demo_strategy
 import demo_three_in_row
@@ -15,7 +16,7 @@ import handshake
 from hands import KeyHand, MouseHand
 from stage import Stage
 
-GAME_DEMOS = (demo_three_in_row, demo_naval, demo_strategy.SMALL, demo_strategy.LARGE)
+GAME_DEMOS = (demo_three_in_row, demo_naval, demo_strategy.SMALL, demo_strategy.LARGE, demo_chess)
 
 
 class Demonstration:
