@@ -8,10 +8,12 @@ import pathlib
 import sys
 import tempfile
 
+import chess
 import handshake
 import naval
 import screen
 import three_in_row
+from chess_session import Session as ChessSession
 from driver import Copy, free_port
 from hands import NO, YES, KeyHand
 from strategy import BOMB, EST, FLAG, MAJOR, MES, SCOUT, selected
@@ -73,6 +75,7 @@ class Album:
             self._naval_battle,
             functools.partial(self._strategy_game, EST, "strategy"),
             functools.partial(self._strategy_game, MES, "mini_strategy"),
+            self._chess,
         ):
             port = str(free_port())
             copies = []
@@ -86,8 +89,12 @@ class Album:
 
     def _take(self, hand, name):
         """The main window of a copy, with the box that is open over it."""
+        hand.copy.bring_to_front()
+        self._take_open(hand, name)
+
+    def _take_open(self, hand, name):
+        """As it is, with a menu that is open."""
         copy = hand.copy
-        copy.bring_to_front()
         title = copy.main_window().name
         window = next(number for number, its_title in screen.windows_of(copy.pid) if its_title == title)
         path = self._folder / f"{name}_{self._look}.png"
@@ -181,6 +188,30 @@ class Album:
         self._take(client, f"{name}_mid_fight_of_the_other")
         server.focus_on("TBMensajes")
         self._take(server, f"{name}_focus_elsewhere")
+
+    def _chess(self, server, client):
+        handshake.open_game(server, True, chess.GAME)
+        handshake.open_game(client, False, chess.GAME)
+        self._take(client, "chess_client_frame")
+        handshake.shake_hands(server, client, chess.GAME, _SERVER, _CLIENT)
+        session = ChessSession(server, client, 0, _SERVER, _CLIENT)
+        self._take(server, "chess_start")
+        session.play(*chess.OPENING, *chess.MIDDLE)
+        self._take(server, "chess_after_own_move")
+        ana, luis = session.sides
+        luis.click_and_read("h6", chess.selected("c"))
+        self._take(client, "chess_mid_game")
+        luis.choose(chess.OPTIONS_MENU, chess.LEARNING)
+        client.move_to_cell(luis.number_of("g4"))
+        self._take(client, "chess_learning")
+        luis.choose(chess.OPTIONS_MENU, chess.FLIP)
+        self._take(client, "chess_flipped")
+        client.open_menu(chess.OPTIONS_MENU)
+        client.copy.menu_items()
+        self._take_open(client, "chess_menu")
+        screen.press("Escape", "Escape")
+        ana.hand.focus_on("TBMensajes")
+        self._take(server, "chess_focus_elsewhere")
 
 
 def main(binary, output):
