@@ -9,7 +9,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kPositionLines = 5;
+constexpr int kPositionLines = 6;
 constexpr int kMovesLines = 3;
 
 }  // namespace
