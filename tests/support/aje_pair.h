@@ -46,6 +46,12 @@ inline const QString kChess = QStringLiteral("Ajedrez");
 inline const QString kNotYourTurn = QStringLiteral("No es su turno de mover");
 inline const QString kGameLost = QStringLiteral("Ha perdido la partida. Pulse sobre el tablero para continuar.");
 inline const QString kGameWon = QStringLiteral("Ha ganado la partida, pulse en el tablero para continuar.");
+inline const QString kFreeModeTitle = QStringLiteral("Activar modo libre");
+inline const QString kFreeModeQuestion = QStringLiteral(
+    "¿Seguro que desea activar el modo libre? Este modo permite reajustar las fichas que hay sobre el tablero, "
+    "establecer valores sobre enroques y otros aspectos, así como parar y modificar los relojes,pero si está en medio "
+    "de una partida contra otra persona es posible que aparezcan errores por discordancias entre los dos tableros, ya "
+    "que los cambios que haga no se transmitirán. Si activa el modo libre se informará de ello a su rival.");
 }  // namespace box
 
 class AjePair : public GamePair<AjeCopy> {

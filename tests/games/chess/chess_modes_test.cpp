@@ -10,19 +10,12 @@ using namespace Qt::StringLiterals;
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-const QString kFreeModeTitle = u"Activar modo libre"_s;
-const QString kFreeModeQuestion =
-    u"¿Seguro que desea activar el modo libre? Este modo permite reajustar las fichas que hay sobre el tablero, "
-    u"establecer valores sobre enroques y otros aspectos, así como parar y modificar los relojes,pero si está en medio "
-    u"de una partida contra otra persona es posible que aparezcan errores por discordancias entre los dos tableros, ya "
-    u"que los cambios que haga no se transmitirán. Si activa el modo libre se informará de ello a su rival."_s;
-
 class ChessModes : public testing::Test {
  protected:
   ChessModes() { Pair.Connect(); }
 
   void FreeMode() {
-    White.Dialogs.Expect(kFreeModeTitle, kFreeModeQuestion, Button::Yes);
+    White.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::Yes);
     Black.Dialogs.Expect({}, u"Ana ha activado el modo libre."_s);
     White.Flow.Run(ChessCommand::MnuOpcLib);
     Pair.Settle();
@@ -122,7 +115,7 @@ TEST_F(ChessModes, FreeModeIsAskedForToldAndOpensItsCommands) {
   const std::array commands{ChessCommand::MnuOpcPar, ChessCommand::MnuOpcEti, ChessCommand::MnuOpcVac,
                             ChessCommand::MnuOpcEst};
   for (const ChessCommand command : commands) EXPECT_FALSE(Available(White, command));
-  White.Dialogs.Expect(kFreeModeTitle, kFreeModeQuestion, Button::No);
+  White.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::No);
   White.Flow.Run(ChessCommand::MnuOpcLib);
   EXPECT_FALSE(White.Flow.FreeMode());
   FreeMode();

@@ -1,0 +1,461 @@
+// ChessFlow: each message of a game, and the closing of the window, at each moment at which they can come.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <iterator>
+
+#include "games/chess/position_line.h"
+#include "tests/support/aje_pair.h"
+#include "text/qt_text.h"
+
+namespace brontavia::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+using Meanwhile = std::function<void()>;
+
+constexpr int kAcknowledgement = 20;  // milliseconds that a send is waited for
+
+const QString kFileLine = u"7r/P7/8/8/8/8/8/R7/B - - 0 1"_s;       // White promotes next
+const QString kBlackPromotes = u"r7/8/8/8/8/8/p7/7R/N - - 0 1"_s;  // Black does
+const QString kDrawTitle = u"Brontavia - ajedrez"_s;
+const QString kDrawQuestion = u"El otro jugador le propone terminar la partida en tablas. ¿Acepta su propuesta?"_s;
+const QString kResumeTitle = u"Reanudar partida"_s;
+const QStringList kPromotionMenu{u"&Torre"_s, u"&Caballo"_s, u"&Alfil"_s, u"&Dama"_s};
+
+// Ana, who has White, in a session whose other side says only what the test makes it say.
+class Ana {
+ public:
+  Ana() {
+    qunsetenv("userProfile");
+    Pair.Connect();
+    QObject::disconnect(&Pair.Client.Connection, &Connection::DataArrival, nullptr, nullptr);
+  }
+
+  void Receive(const QString& text) {
+    Copy.Connection.Receive(text);
+    Pair.Settle();
+  }
+  void Run(ChessCommand command) {
+    Copy.Flow.Run(command);
+    Pair.Settle();
+  }
+  void Move(const QString& move) {
+    Copy.Click(move.left(2));
+    Copy.Click(move.mid(2));
+    Pair.Settle();
+  }
+  void LoseByMate() {
+    Copy.Dialogs.Expect({}, u"Luis se ha declarado en jaque mate."_s);
+    Copy.Dialogs.Expect({}, box::kGameWon);
+    Receive(u"JMate|"_s);
+  }
+  void BeFree() {
+    Copy.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::Yes);
+    Run(ChessCommand::MnuOpcLib);
+  }
+  // The next file dialog gives a file with a position.
+  void ExpectFile(const Meanwhile& meanwhile = {}) {
+    const QString path = Directory.filePath(u"w.fen"_s);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(kFileLine.toLatin1() + "\r\n");
+    Copy.Dialogs.ExpectFile({.Title = u"Abrir partida "_s,
+                             .Filter = u"Notación FEN (*.fen)|*.fen|Todos los archivos (*.*)|*.*"_s,
+                             .Path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)},
+                            path, meanwhile);
+  }
+  void ExpectOffer(const Meanwhile& meanwhile = {}) {
+    Copy.Dialogs.Expect({},
+                        u"Se ha enviado a Luis un mensaje preguntándole si desea continuar jugando contra usted la "
+                        u"partida w.fen. Si responde que sí, se cargará automáticamente la partida."_s,
+                        meanwhile);
+  }
+  // `meanwhile` happens in the wait for the next send.
+  void WhileWaiting(const Meanwhile& meanwhile) {
+    Copy.Connection.AcknowledgeAfter = kAcknowledgement;
+    QMetaObject::invokeMethod(
+        &Copy.Flow,
+        [this, meanwhile] {
+          meanwhile();
+          // The test's own turns of the event loop have taken the wait's call to end.
+          QMetaObject::invokeMethod(
+              &Copy.Flow, [] {}, Qt::QueuedConnection);
+        },
+        Qt::QueuedConnection);
+  }
+
+  QTemporaryDir Directory;
+  AjePair Pair;
+  AjeCopy& Copy = Pair.Server;
+};
+
+// ---- The moments ----
+
+struct Moment {
+  const char* Name;
+  void (*Reach)(Ana& ana, const Meanwhile& meanwhile);
+  bool Busy = false;  // something of the window waits for its answer, and nothing else can be commanded
+};
+
+void PromotionWaits(Ana& ana, const Meanwhile& meanwhile) {
+  ana.Receive(u"datospartida|"_s + kFileLine);
+  ana.Copy.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Dama"_s, meanwhile);
+  ana.Move(u"a7a8"_s);
+}
+
+void ReceivedPromotionWaits(Ana& ana, const Meanwhile& meanwhile) {
+  ana.Receive(u"datospartida|"_s + kBlackPromotes);
+  ana.Copy.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Caballo"_s, meanwhile);
+  ana.Receive(u"JUG|1 2 1 1 False 5"_s);
+}
+
+void ResumeOfferTravels(Ana& ana, const Meanwhile& meanwhile) {
+  ana.ExpectFile();
+  ana.WhileWaiting([&ana, meanwhile] {
+    meanwhile();
+    if (!ana.Copy.Flow.Ended()) ana.ExpectOffer();
+  });
+  ana.Run(ChessCommand::MnuArcAbr);
+}
+
+void PositionTravels(Ana& ana, const Meanwhile& meanwhile) {
+  ana.ExpectFile();
+  ana.ExpectOffer();
+  ana.Run(ChessCommand::MnuArcAbr);
+  ana.Copy.Dialogs.AnswerInput = [](const QString&) { return u"1"_s; };
+  ana.Copy.Connection.Receive(u"cargpsi|"_s);
+  ana.WhileWaiting(meanwhile);
+  ana.Pair.Settle();
+}
+
+void ColoursAreAsked(Ana& ana, const Meanwhile& meanwhile) {
+  ana.ExpectFile();
+  ana.ExpectOffer();
+  ana.Run(ChessCommand::MnuArcAbr);
+  ana.Copy.Dialogs.ExpectInput(u"Asignación de bandos"_s, u"¿Quién juega con blancas?: 1=Yo, 2=El otro jugador"_s, {},
+                               u"1"_s, meanwhile);
+  ana.Receive(u"cargpsi|"_s);
+}
+
+const std::vector<Moment> kMoments{
+    {"OwnTurn", [](Ana&, const Meanwhile& meanwhile) { meanwhile(); }},
+    {"OtherTurn",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.Move(u"e2e4"_s);
+       meanwhile();
+     }},
+    {"PiecePickedUp",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.Copy.Click(u"e2"_s);
+       meanwhile();
+     }},
+    {"DrawOffered",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.Run(ChessCommand::MnuOpcSol);
+       meanwhile();
+     }},
+    {"GameOver",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.LoseByMate();
+       meanwhile();
+     }},
+    {"PromotionWaits", PromotionWaits, true},
+    {"ReceivedPromotionWaits", ReceivedPromotionWaits, true},
+    {"DrawQuestionOpen",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.Copy.Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::No, meanwhile);
+       ana.Receive(u"SolTablas|"_s);
+     },
+     true},
+    {"ResumeOfferTravels", ResumeOfferTravels, true},
+    {"ResumeOfferTold",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.ExpectFile();
+       ana.ExpectOffer(meanwhile);
+       ana.Run(ChessCommand::MnuArcAbr);
+     },
+     true},
+    {"PositionTravels", PositionTravels, true},
+    {"ColoursAsked", ColoursAreAsked, true},
+    {"ResumeQuestionOpen",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.Copy.Dialogs.Expect(
+           kResumeTitle,
+           u"Luis desea reanudar la partida x.fen . ¿Quiere usted también continuar jugando esa partida?"_s, Button::No,
+           meanwhile);
+       ana.Receive(u"cargpartida|x.fen"_s);
+     },
+     true},
+    {"FileDialogOpen",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.ExpectFile([&ana, meanwhile] {
+         meanwhile();
+         if (!ana.Copy.Flow.Ended()) ana.ExpectOffer();
+       });
+       ana.Run(ChessCommand::MnuArcAbr);
+     },
+     true},
+    {"FreeModeAsked",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.Copy.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::No, meanwhile);
+       ana.Run(ChessCommand::MnuOpcLib);
+     },
+     true},
+    {"FreeModeTravels",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.Copy.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::Yes);
+       ana.WhileWaiting(meanwhile);
+       ana.Run(ChessCommand::MnuOpcLib);
+     },
+     true},
+    {"TimesAsked",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.BeFree();
+       ana.Copy.Dialogs.ExpectInput(u"Establecer tiempos"_s, u"Establezca el tiempo de las blancas(minutos:segundos)"_s,
+                                    u"0:0"_s, QString(), meanwhile);
+       ana.Run(ChessCommand::MnuOpcEti);
+     },
+     true},
+    {"DataAsked",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.BeFree();
+       ana.Copy.Dialogs.ExpectInput(u"Establecer datos"_s, u"Número de jugada actual: "_s, u"1"_s, QString(),
+                                    meanwhile);
+       ana.Run(ChessCommand::MnuOpcEst);
+     },
+     true},
+    {"MateRefused",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.Copy.Dialogs.Expect({}, u"Su rey no está en jaque, por lo que no puede ser jaque mate. "_s, meanwhile);
+       ana.Run(ChessCommand::MnuOpcJaq);
+     },
+     true},
+    {"OwnEndTold",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.Copy.Dialogs.Expect({}, box::kGameLost, meanwhile);
+       ana.Run(ChessCommand::MnuOpcAba);
+     },
+     true},
+    {"RematchAsked",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.LoseByMate();
+       ana.Copy.Dialogs.Expect(box::kChess, box::kRematch, Button::Yes, meanwhile);
+       ana.Copy.Click(u"a1"_s);
+     },
+     true},
+};
+
+std::vector<Moment> BusyMoments() {
+  std::vector<Moment> busy;
+  std::copy_if(kMoments.begin(), kMoments.end(), std::back_inserter(busy),
+               [](const Moment& moment) { return moment.Busy; });
+  return busy;
+}
+
+std::string NameOf(const testing::TestParamInfo<Moment>& tested) { return tested.param.Name; }
+
+class AtEveryMoment : public testing::TestWithParam<Moment> {};
+INSTANTIATE_TEST_SUITE_P(Of, AtEveryMoment, testing::ValuesIn(kMoments), NameOf);
+
+class WhileAnAnswerIsAwaited : public testing::TestWithParam<Moment> {};
+INSTANTIATE_TEST_SUITE_P(At, WhileAnAnswerIsAwaited, testing::ValuesIn(BusyMoments()), NameOf);
+
+// ---- The messages, each with all that it does, whenever it comes ----
+
+enum class Ending { None, Won, Drawn };
+
+struct Told {
+  QString Text;
+  std::vector<std::pair<QString, QString>> Boxes;  // title and text
+  Button Answer = Button::Ok;                      // to the first of them
+  QString Sent = {};
+  QString Line = {};
+  Ending End = Ending::None;
+  QString ToMoves = {};
+  QString Position = {};                         // that is set up
+  std::optional<std::array<int, 3>> Turns = {};  // player of White, side to move, player to move
+};
+
+const std::vector<Told> kMessages{
+    {.Text = u"JUG|5 2 5"_s},
+    {.Text = u"JMate|"_s,
+     .Boxes = {{{}, u"Luis se ha declarado en jaque mate."_s}, {{}, box::kGameWon}},
+     .End = Ending::Won},
+    {.Text = u"Abandona|"_s,
+     .Boxes = {{{}, u"Luis abandona la partida."_s}, {{}, box::kGameWon}},
+     .End = Ending::Won,
+     .ToMoves = u" y las negras abandonan.  "_s},
+    {.Text = u"SolTablas|"_s,
+     .Boxes = {{kDrawTitle, kDrawQuestion}},
+     .Answer = Button::No,
+     .Sent = u"SolTablasNo|"_s,
+     .Line = u"Le toca mover al otro jugador."_s},
+    {.Text = u"SolTablas|"_s,
+     .Boxes = {{kDrawTitle, kDrawQuestion},
+               {{}, u"La partida termina en tablas, pulse en el tablero para continuar."_s}},
+     .Answer = Button::Yes,
+     .Sent = u"SolTablasSi|"_s,
+     .End = Ending::Drawn,
+     .ToMoves = u" y los jugadores acuerdan tablas."_s},
+    {.Text = u"SolTablasSi|"_s,
+     .Boxes = {{{},
+                u"El otro jugador ha aceptado su propuesta. La partida termina en tablas, pulse en el tablero para "
+                u"continuar."_s}},
+     .End = Ending::Drawn,
+     .ToMoves = u" y los jugadores acuerdan tablas."_s},
+    {.Text = u"SolTablasNo|"_s,
+     .Boxes = {{{}, u"El otro jugador no ha aceptado su propuesta. Realice su siguiente movimiento."_s}}},
+    {.Text = u"cargpartida|"_s,
+     .Boxes = {{kResumeTitle,
+                u"Luis desea reanudar la partida  . ¿Quiere usted también continuar jugando esa partida?"_s}},
+     .Answer = Button::No,
+     .Sent = u"cargpno|"_s},
+    {.Text = u"cargpartida|a b.fen"_s,
+     .Boxes = {{kResumeTitle,
+                u"Luis desea reanudar la partida a b.fen . ¿Quiere usted también continuar jugando esa partida?"_s}},
+     .Answer = Button::Yes,
+     .Sent = u"cargpsi|"_s},
+    {.Text = u"cargpno|"_s,
+     .Boxes = {{{},
+                u"Luis rechazó la solicitud de jugar la partida guardada en el disco. Continúa la partida actual."_s}}},
+    {.Text = u"datospartida|8/8/8/8/8/8/8/R6r/N - - 3 9"_s,
+     .ToMoves = u"9. (...)"_s,
+     .Position = u"8/8/8/8/8/8/8/R6r/N - - 3 9"_s},
+    {.Text = u"datospartida|<b>"_s,
+     .Boxes = {{u"Abrir partida "_s, u"El texto no contiene una posición de ajedrez."_s}}},
+    {.Text = u"cargpturnos|1 1 0"_s,
+     .Line = u"Posición cargada. Usted juega con  negras. Mueven  negras."_s,
+     .Turns = std::array{1, 1, 0}},
+    {.Text = u"cargpturnos|0 7 0"_s},
+    {.Text = u"cargpturnos|0 0"_s},
+    {.Text = u"modolibre|modolibre|"_s, .Boxes = {{{}, u"Luis ha activado el modo libre."_s}}},
+    {.Text = u"Nombre|Luis"_s, .Line = u"Va a jugar contra Luis"_s},
+    {.Text = u"Turnodef|11"_s},
+    {.Text = u"Haganado|"_s},
+    {.Text = u"jmate|abandona|soltablas|"_s},
+};
+
+std::int16_t WithHalfPoint(std::int16_t score) { return static_cast<std::int16_t>(score + score % 2); }
+
+// Lets `told` arrive and compares all that it did.
+void ExpectDone(Ana& ana, const Told& told) {
+  AjeCopy& copy = ana.Copy;
+  const Session before = copy.Flow.State();
+  const std::optional<int> winner = copy.Flow.Winner();
+  ChessPosition position = copy.Flow.Game().Position();
+  const QString moves = copy.Screen.Moves;
+  const qsizetype sent = copy.Connection.Sent.size();
+  const qsizetype lines = copy.Screen.Lines.size();
+  const qsizetype shown = copy.Dialogs.Shown.size();
+  Button answer = told.Answer;
+  for (const auto& [title, text] : told.Boxes) {
+    const bool question = answer != Button::Ok;
+    copy.Dialogs.Expect(title, text, answer, [&copy, &told, question] {
+      EXPECT_TRUE(question || told.End == Ending::None || copy.Flow.State().GameOver)
+          << "the end comes before its boxes";
+    });
+    answer = Button::Ok;
+  }
+  ana.Receive(told.Text);
+
+  EXPECT_EQ(copy.Dialogs.Shown.size() - shown, static_cast<qsizetype>(told.Boxes.size()));
+  EXPECT_EQ(copy.Connection.Sent.mid(sent), told.Sent.isEmpty() ? QStringList() : QStringList(told.Sent));
+  EXPECT_EQ(copy.Screen.Lines.size() > lines, !told.Line.isEmpty());
+  EXPECT_TRUE(copy.Screen.Lines.last() == told.Line || told.Line.isEmpty()) << qPrintable(copy.Screen.Lines.last());
+  const Session& after = copy.Flow.State();
+  auto scores = before.Scores;
+  if (told.End == Ending::Won) ++scores[0];
+  if (told.End == Ending::Drawn) scores = {WithHalfPoint(scores[0]), WithHalfPoint(scores[1])};
+  EXPECT_EQ(after.Scores, scores);
+  EXPECT_EQ(after.GameOver, before.GameOver || told.End != Ending::None);
+  if (told.End == Ending::None) {
+    EXPECT_EQ(copy.Flow.Winner(), winner);
+  } else {
+    EXPECT_EQ(copy.Flow.Winner(), told.End == Ending::Won ? std::optional(0) : std::nullopt);
+  }
+  const auto [white, side, turn] =
+      told.Turns.value_or(std::array{before.StartingPlayer, position.SideToMove, before.CurrentTurn});
+  EXPECT_EQ(after.StartingPlayer, white);
+  EXPECT_EQ(after.CurrentTurn, turn);
+  position.SideToMove = side;
+  EXPECT_EQ(copy.Screen.Moves, told.Position.isEmpty() ? moves + told.ToMoves : told.ToMoves);
+  if (told.Position.isEmpty()) {
+    EXPECT_EQ(copy.Flow.Game().Position(), position);
+  } else {
+    EXPECT_EQ(ToQString(PositionLine(copy.Flow.Game().Position())), told.Position);
+    EXPECT_FALSE(copy.Flow.Game().HasSelection());
+  }
+}
+
+TEST_P(AtEveryMoment, EachMessageDoesWhatItSaysAndNothingElse) {
+  for (const Told& told : kMessages) {
+    SCOPED_TRACE(told.Text.toStdString());
+    Ana ana;
+    bool reached = false;
+    GetParam().Reach(ana, [&] {
+      reached = true;
+      ExpectDone(ana, told);
+    });
+    EXPECT_TRUE(reached);
+    EXPECT_FALSE(ana.Copy.Finished);
+  }
+}
+
+// ---- What else can happen at each moment ----
+
+TEST_P(AtEveryMoment, TheWindowClosesAndSaysNothingMore) {
+  Ana ana;
+  qsizetype shown = 0;
+  qsizetype sent = 0;
+  GetParam().Reach(ana, [&] {
+    ana.Copy.Flow.CloseRequested();
+    shown = ana.Copy.Dialogs.Shown.size();
+    sent = ana.Copy.Connection.Sent.size();
+  });
+  ana.Pair.Settle();
+  EXPECT_EQ(ana.Copy.Finished, AfterWindow::Selection);
+  EXPECT_EQ(ana.Copy.Dialogs.Shown.size(), shown);
+  EXPECT_EQ(ana.Copy.Connection.Sent.size(), sent);
+}
+
+TEST_P(AtEveryMoment, ARefusedRematchClosesTheWindow) {
+  Ana ana;
+  GetParam().Reach(ana, [&] {
+    ana.Copy.Dialogs.Expect(
+        {}, u"Luis no desea jugar otra partida. Va a finalizarse la conexión y a cerrarse la ventana."_s);
+    ana.Receive(u"Seguir|NoJMate|"_s);
+    EXPECT_TRUE(ana.Copy.Flow.Ended());
+    EXPECT_EQ(ana.Copy.Screen.Messages, QString());
+  });
+  ana.Pair.Settle();
+  EXPECT_EQ(ana.Copy.Finished, AfterWindow::Selection);
+}
+
+TEST_P(WhileAnAnswerIsAwaited, NothingElseIsCommanded) {
+  Ana ana;
+  GetParam().Reach(ana, [&] {
+    AjeCopy& copy = ana.Copy;
+    const ChessPosition position = copy.Flow.Game().Position();
+    const qsizetype sent = copy.Connection.Sent.size();
+    const QString status = copy.Screen.Status;
+    for (const QString& square : {u"e2"_s, u"a1"_s, u"a7"_s}) copy.Click(square);
+    for (const int key : {Qt::Key_Escape, Qt::Key_Delete, Qt::Key_Menu, Qt::Key_F5}) copy.Flow.BoardKeyPressed(key);
+    for (const ChessMenu& menu : kChessMenus) {
+      for (const ChessMenuEntry& entry : menu.Entries) copy.Flow.Run(entry.Command);
+    }
+    EXPECT_EQ(copy.Flow.Game().Position(), position);
+    EXPECT_FALSE(copy.Flow.Game().HasSelection());
+    EXPECT_EQ(copy.Connection.Sent.size(), sent);
+    EXPECT_EQ(copy.Screen.Status, status);
+    EXPECT_EQ(copy.Screen.Beeps, 0);
+    EXPECT_FALSE(copy.Flow.BoardFlipped());
+  });
+}
+
+}  // namespace
+}  // namespace brontavia::test
