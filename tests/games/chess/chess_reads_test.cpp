@@ -1,0 +1,270 @@
+// ChessFlow: several messages in one read, moves that arrive while something waits, and lines that break in a wait.
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include "tests/support/aje_pair.h"
+
+namespace brontavia::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QString kDrawTitle = u"Brontavia - ajedrez"_s;
+const QString kDrawQuestion = u"El otro jugador le propone terminar la partida en tablas. ¿Acepta su propuesta?"_s;
+const QString kDrawn = u"La partida termina en tablas, pulse en el tablero para continuar."_s;
+const QString kDrawAccepted =
+    u"El otro jugador ha aceptado su propuesta. La partida termina en tablas, pulse en el tablero para continuar."_s;
+const QStringList kPromotionMenu{u"&Torre"_s, u"&Caballo"_s, u"&Alfil"_s, u"&Dama"_s};
+// Each side promotes in the next move.
+const QString kBothPromote = u"datospartida|7r/P7/8/8/8/8/6p1/R7/B - - 0 1"_s;
+
+class ChessReads : public testing::Test {
+ protected:
+  ChessReads() { Pair.Connect(); }
+
+  void SetUpPosition(const QString& message) {
+    for (AjeCopy* copy : {&White, &Black}) copy->Connection.Receive(message);
+    Pair.Settle();
+  }
+
+  AjePair Pair;
+  AjeCopy& White = Pair.Server;
+  AjeCopy& Black = Pair.Client;
+};
+
+// ---- Several messages in one read ----
+
+struct Shown {
+  QString Text;  // of the message
+  QStringList Boxes;
+};
+
+// In the order in which they are looked for.
+const std::vector<Shown> kWithoutFields{
+    {u"JMate|"_s, {u": Ana se ha declarado en jaque mate."_s, u": "_s + box::kGameWon}},
+    {u"Abandona|"_s, {u": Ana abandona la partida."_s, u": "_s + box::kGameWon}},
+    {u"SolTablas|"_s, {kDrawTitle + u": " + kDrawQuestion}},
+    {u"SolTablasSi|"_s, {u": "_s + kDrawAccepted}},
+    {u"SolTablasNo|"_s, {u": El otro jugador no ha aceptado su propuesta. Realice su siguiente movimiento."_s}},
+    {u"cargpno|"_s,
+     {u": Ana rechazó la solicitud de jugar la partida guardada en el disco. Continúa la partida actual."_s}},
+    {u"modolibre|"_s, {u": Ana ha activado el modo libre."_s}},
+};
+
+TEST_F(ChessReads, AnyTwoMessagesAreAnsweredInTheOrderInWhichTheyAreLookedFor) {
+  for (std::size_t first = 0; first < kWithoutFields.size(); ++first) {
+    for (std::size_t second = first + 1; second < kWithoutFields.size(); ++second) {
+      const Shown& one = kWithoutFields[first];
+      const Shown& other = kWithoutFields[second];
+      for (const QString& read : QStringList{one.Text + other.Text, other.Text + one.Text}) {
+        SCOPED_TRACE(read.toStdString());
+        AjePair pair;
+        pair.Connect();
+        pair.Client.Dialogs.AnswerBox = [](const QString&) { return Button::No; };
+        pair.Client.Dialogs.Shown.clear();
+        pair.Server.Dialogs.AnswerBox = pair.Client.Dialogs.AnswerBox;
+        pair.Client.Connection.Receive(read);
+        pair.Settle();
+        EXPECT_EQ(pair.Client.Dialogs.Shown, one.Boxes + other.Boxes);
+      }
+    }
+  }
+}
+
+TEST_F(ChessReads, FieldsAreCutFromTheStartOfTheWholeRead) {
+  Black.Dialogs.Expect({}, u"Ana se ha declarado en jaque mate."_s);
+  Black.Dialogs.Expect({}, box::kGameWon);
+  Black.Connection.Receive(u"JMate|JUG|5 2 5 4 False 0"_s);
+  Pair.Settle();
+  EXPECT_EQ(Black.At(u"e4"_s), kNoPiece) << "its first field begins with letters";
+}
+
+TEST_F(ChessReads, ADescriptionRunsToTheEndOfItsRead) {
+  Black.Dialogs.Expect(
+      u"Reanudar partida"_s,
+      u"Ana desea reanudar la partida a.fencargpno| . ¿Quiere usted también continuar jugando esa partida?"_s,
+      Button::No);
+  Black.Dialogs.Expect(
+      {}, u"Ana rechazó la solicitud de jugar la partida guardada en el disco. Continúa la partida actual."_s);
+  White.Dialogs.Expect(
+      {}, u"Luis rechazó la solicitud de jugar la partida guardada en el disco. Continúa la partida actual."_s);
+  Black.Connection.Receive(u"cargpartida|a.fencargpno|"_s);
+  Pair.Settle();
+}
+
+TEST_F(ChessReads, AMoveAndADrawOfferInOneReadAreBothAnswered) {
+  Black.Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::No,
+                       [&] { EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite)); });
+  White.Dialogs.Expect({}, u"El otro jugador no ha aceptado su propuesta. Realice su siguiente movimiento."_s);
+  Black.Connection.Receive(u"JUG|5 2 5 4 False 0SolTablas|"_s);
+  Pair.Settle();
+}
+
+TEST_F(ChessReads, TwoMovesInOneReadAreTheFirstOne) {
+  Black.Connection.Receive(u"JUG|5 2 5 4 False 0JUG|5 7 5 5 False 0"_s);
+  Pair.Settle();
+  EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite));
+  EXPECT_EQ(Black.At(u"e7"_s), PieceOf(kPawn, kBlack));
+}
+
+TEST_F(ChessReads, AMoveThatIsCutIsNoMove) {
+  Black.Connection.BytesPerRead = 6;
+  White.Click(u"e2"_s);
+  White.Click(u"e4"_s);
+  Pair.Settle();
+  EXPECT_EQ(Black.At(u"e4"_s), kNoPiece);
+  EXPECT_EQ(Black.Flow.State().CurrentTurn, 0);
+}
+
+// ---- Moves that arrive while something waits ----
+
+TEST_F(ChessReads, AMoveAfterAnOfferIsPlayedWhileTheOfferIsAnswered) {
+  Black.Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::Yes, [&] {
+    Pair.Play(u"e2e4"_s);
+    EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite));
+    EXPECT_EQ(Black.Flow.State().CurrentTurn, 1);
+  });
+  Black.Dialogs.Expect({}, kDrawn);
+  White.Dialogs.Expect({}, kDrawAccepted);
+  White.Flow.Run(ChessCommand::MnuOpcSol);
+  Pair.Settle();
+  for (const AjeCopy* copy : {&White, &Black}) {
+    EXPECT_TRUE(copy->Flow.State().GameOver);
+    EXPECT_EQ(copy->Screen.Moves, u"1. e2-e4 y los jugadores acuerdan tablas."_s);
+  }
+}
+
+TEST_F(ChessReads, ADrawAgreedWhileThePawnIsChosenLeavesTheChoice) {
+  SetUpPosition(kBothPromote);
+  White.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Dama"_s, [&] {
+    White.Dialogs.Expect({}, kDrawAccepted);
+    White.Connection.Receive(u"SolTablasSi|"_s);
+    Pair.Settle();
+  });
+  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Dama"_s);
+  White.Click(u"a7"_s);
+  White.Click(u"a8"_s);
+  Pair.Settle();
+  EXPECT_TRUE(White.Flow.State().GameOver);
+  EXPECT_EQ(White.At(u"a8"_s), PieceOf(kQueen, kWhite));
+  EXPECT_EQ(White.Connection.Sent.last(), u"JUG|1 7 1 8 False 5"_s);
+}
+
+TEST_F(ChessReads, AMoveOfTheOtherSideIsRefusedWhileThePawnIsChosen) {
+  SetUpPosition(kBothPromote);
+  White.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Torre"_s, [&] {
+    White.Connection.Receive(u"JUG|8 8 8 7 False 0"_s);
+    Pair.Settle();
+    EXPECT_EQ(White.Screen.Status, u"Le toca mover a las blancas."_s);
+  });
+  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Torre"_s);
+  White.Click(u"a7"_s);
+  White.Click(u"a8"_s);
+  Pair.Settle();
+  EXPECT_EQ(White.At(u"h8"_s), PieceOf(kKing, kBlack));
+  EXPECT_EQ(White.Connection.Sent.last(), u"JUG|1 7 1 8 False 2"_s) << "the own move is sent all the same";
+}
+
+TEST_F(ChessReads, BothSidesPromoteToTheirOwnColour) {
+  SetUpPosition(kBothPromote);
+  for (AjeCopy* copy : {&White, &Black}) {
+    copy->Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Caballo"_s);
+    copy->Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Caballo"_s);
+  }
+  Pair.Play(u"a7a8 g2g1"_s);
+  for (const AjeCopy* copy : {&White, &Black}) {
+    EXPECT_EQ(copy->At(u"a8"_s), PieceOf(kKnight, kWhite));
+    EXPECT_EQ(copy->At(u"g1"_s), PieceOf(kKnight, kBlack));
+    EXPECT_EQ(copy->Screen.Lines.last(), u"Peón negro de g2 a g1 Promociona a Caballo blanco"_s);
+    EXPECT_TRUE(copy->Screen.Moves.endsWith(u", g2-g1=C\r\n"_s));
+  }
+  EXPECT_EQ(Black.Connection.Sent.last(), u"JUG|7 2 7 1 False 3"_s);
+  EXPECT_EQ(White.Connection.Sent.filter(u"JUG|7"_s).size(), 0) << "what is replayed is not sent back";
+}
+
+TEST_F(ChessReads, AReceivedMoveThatIsNotAllowedIsAnsweredByNothing) {
+  const qsizetype sent = Black.Connection.Sent.size();
+  Black.Connection.Receive(u"JUG|5 2 5 5 False 0"_s);
+  Pair.Settle();
+  EXPECT_EQ(Black.Screen.Status, u"Movimiento incorrecto. "_s);
+  Black.Click(u"e7"_s);
+  EXPECT_EQ(Black.Screen.Status, box::kNotYourTurn) << "the replay is over";
+  EXPECT_EQ(Black.Connection.Sent.size(), sent);
+}
+
+TEST_F(ChessReads, AnAnswerToAnOldOfferLoadsWhatIsOnTheDiskNow) {
+  const QTemporaryDir directory;
+  const QString path = directory.filePath(u"w.fen"_s);
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("8/8/8/8/8/8/8/R6r/B - - 0 1\r\n");
+  file.close();
+  qunsetenv("userProfile");
+  White.Dialogs.ExpectFile({.Title = u"Abrir partida "_s,
+                            .Filter = u"Notación FEN (*.fen)|*.fen|Todos los archivos (*.*)|*.*"_s,
+                            .Path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)},
+                           path);
+  White.Dialogs.Expect({},
+                       u"Se ha enviado a Luis un mensaje preguntándole si desea continuar jugando contra usted la "
+                       u"partida w.fen. Si responde que sí, se cargará automáticamente la partida."_s);
+  Black.Dialogs.AnswerBox = [&](const QString&) {
+    file.remove();
+    return Button::Yes;
+  };
+  White.Flow.Run(ChessCommand::MnuArcAbr);
+  Pair.Settle();
+  EXPECT_TRUE(White.Screen.Lines.contains(u"Se aceptó la solicitud, cargando la partida."_s));
+  EXPECT_TRUE(White.Connection.Sent.filter(u"datospartida|"_s).isEmpty()) << "the file has gone";
+  EXPECT_EQ(White.Flow.Game().Position(), StartPosition());
+}
+
+// ---- Lines that break ----
+
+TEST_F(ChessReads, AFreeModeThatCannotBeToldIsOnAllTheSame) {
+  White.Connection.Break();
+  Pair.Settle();
+  White.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::Yes);
+  White.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+  White.Flow.Run(ChessCommand::MnuOpcLib);
+  EXPECT_TRUE(White.Flow.FreeMode());
+}
+
+TEST_F(ChessReads, AnOfferThatCannotBeSentIsNotTold) {
+  White.Connection.Break();
+  Pair.Settle();
+  const qsizetype lines = White.Screen.Lines.size();
+  White.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+  White.Flow.Run(ChessCommand::MnuOpcSol);
+  EXPECT_EQ(White.Screen.Lines.size(), lines);
+}
+
+TEST_F(ChessReads, AMoveThatCannotBeSentStandsAndCanBeSaved) {
+  White.Connection.Break();
+  Pair.Settle();
+  White.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+  White.Click(u"e2"_s);
+  White.Click(u"e4"_s);
+  EXPECT_EQ(White.At(u"e4"_s), PieceOf(kPawn, kWhite));
+  EXPECT_EQ(White.Screen.Moves, u"1. e2-e4"_s);
+  EXPECT_FALSE(White.Finished);
+}
+
+TEST_F(ChessReads, AResumeWhoseLineBreaksLeavesThePosition) {
+  Black.Dialogs.Expect(u"Reanudar partida"_s,
+                       u"Ana desea reanudar la partida w.fen . ¿Quiere usted también continuar jugando esa partida?"_s,
+                       Button::Yes, [&] {
+                         Black.Connection.Break();
+                         Pair.Settle();
+                       });
+  Black.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+  Black.Connection.Receive(u"cargpartida|w.fen"_s);
+  Pair.Settle();
+  EXPECT_EQ(Black.Flow.Game().Position(), StartPosition());
+  EXPECT_FALSE(Black.Finished);
+}
+
+}  // namespace
+}  // namespace brontavia::test
