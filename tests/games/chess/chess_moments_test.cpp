@@ -49,10 +49,13 @@ class Ana {
     Copy.Click(move.mid(2));
     Pair.Settle();
   }
-  void LoseByMate() {
-    Copy.Dialogs.Expect({}, u"Luis se ha declarado en jaque mate."_s);
-    Copy.Dialogs.Expect({}, box::kGameWon);
-    Receive(u"JMate|"_s);
+  // The other side gives up by `message`; `meanwhile` happens while the first box tells it.
+  void WinBy(const QString& message, const QString& told, const Meanwhile& meanwhile = {}) {
+    Copy.Dialogs.Expect({}, told, [this, meanwhile] {
+      if (meanwhile) meanwhile();
+      if (!Copy.Flow.Ended()) Copy.Dialogs.Expect({}, box::kGameWon);
+    });
+    Receive(message);
   }
   void BeFree() {
     Copy.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::Yes);
@@ -161,7 +164,7 @@ const std::vector<Moment> kMoments{
      }},
     {"GameOver",
      [](Ana& ana, const Meanwhile& meanwhile) {
-       ana.LoseByMate();
+       ana.WinBy(u"JMate|"_s, u"Luis se ha declarado en jaque mate."_s);
        meanwhile();
      }},
     {"PromotionWaits", PromotionWaits, true},
@@ -241,9 +244,17 @@ const std::vector<Moment> kMoments{
        ana.Run(ChessCommand::MnuOpcAba);
      },
      true},
+    {"OpponentsMateTold",
+     [](Ana& ana, const Meanwhile& meanwhile) {
+       ana.WinBy(u"JMate|"_s, u"Luis se ha declarado en jaque mate."_s, meanwhile);
+     },
+     true},
+    {"OpponentsResignationTold",
+     [](Ana& ana, const Meanwhile& meanwhile) { ana.WinBy(u"Abandona|"_s, u"Luis abandona la partida."_s, meanwhile); },
+     true},
     {"RematchAsked",
      [](Ana& ana, const Meanwhile& meanwhile) {
-       ana.LoseByMate();
+       ana.WinBy(u"JMate|"_s, u"Luis se ha declarado en jaque mate."_s);
        ana.Copy.Dialogs.Expect(box::kChess, box::kRematch, Button::Yes, meanwhile);
        ana.Copy.Click(u"a1"_s);
      },

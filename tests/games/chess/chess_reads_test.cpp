@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include "tests/support/aje_pair.h"
 
@@ -185,6 +186,33 @@ TEST_F(ChessReads, BothSidesPromoteToTheirOwnColour) {
   EXPECT_EQ(White.Connection.Sent.filter(u"JUG|7"_s).size(), 0) << "what is replayed is not sent back";
 }
 
+TEST_F(ChessReads, AReceivedPromotionIsNotSentBackWhateverElseArrives) {
+  SetUpPosition(kBothPromote);
+  const qsizetype sent = Black.Connection.Sent.size();
+  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Alfil"_s, [&] {
+    Black.Connection.Receive(u"JUG|8 8 8 7 False 0"_s);
+    Pair.Settle();
+  });
+  Black.Connection.Receive(u"JUG|1 7 1 8 False 4"_s);
+  Pair.Settle();
+  EXPECT_EQ(Black.At(u"a8"_s), PieceOf(kBishop, kWhite));
+  EXPECT_EQ(Black.Connection.Sent.size(), sent);
+}
+
+TEST_F(ChessReads, AMoveAfterTheEndAsksNoMoreOnceTheWindowCloses) {
+  Black.Dialogs.Expect({}, u"Ana abandona la partida."_s);
+  Black.Dialogs.Expect({}, box::kGameWon);
+  Black.Dialogs.Expect(box::kChess, box::kRematch, Button::No);
+  White.Dialogs.Expect({},
+                       u"Luis no desea jugar otra partida. Va a finalizarse la conexión y a cerrarse la ventana."_s);
+  Black.Connection.Receive(u"Abandona|"_s);
+  Pair.Settle();
+  Black.Connection.Receive(u"JUG|5 2 5 4 False 0"_s);
+  Pair.Settle();
+  EXPECT_EQ(Black.Finished, AfterWindow::Selection);
+  EXPECT_EQ(Black.Screen.Status, QString());
+}
+
 TEST_F(ChessReads, AReceivedMoveThatIsNotAllowedIsAnsweredByNothing) {
   const qsizetype sent = Black.Connection.Sent.size();
   Black.Connection.Receive(u"JUG|5 2 5 5 False 0"_s);
@@ -195,7 +223,8 @@ TEST_F(ChessReads, AReceivedMoveThatIsNotAllowedIsAnsweredByNothing) {
   EXPECT_EQ(Black.Connection.Sent.size(), sent);
 }
 
-TEST_F(ChessReads, AnAnswerToAnOldOfferLoadsWhatIsOnTheDiskNow) {
+// Offers a saved position, which `meanwhile` may change before the other side agrees.
+void Offer(AjePair& pair, const std::function<void(QFile& file)>& meanwhile) {
   const QTemporaryDir directory;
   const QString path = directory.filePath(u"w.fen"_s);
   QFile file(path);
@@ -203,22 +232,46 @@ TEST_F(ChessReads, AnAnswerToAnOldOfferLoadsWhatIsOnTheDiskNow) {
   file.write("8/8/8/8/8/8/8/R6r/B - - 0 1\r\n");
   file.close();
   qunsetenv("userProfile");
-  White.Dialogs.ExpectFile({.Title = u"Abrir partida "_s,
-                            .Filter = u"Notación FEN (*.fen)|*.fen|Todos los archivos (*.*)|*.*"_s,
-                            .Path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)},
-                           path);
-  White.Dialogs.Expect({},
-                       u"Se ha enviado a Luis un mensaje preguntándole si desea continuar jugando contra usted la "
-                       u"partida w.fen. Si responde que sí, se cargará automáticamente la partida."_s);
-  Black.Dialogs.AnswerBox = [&](const QString&) {
-    file.remove();
+  pair.Server.Dialogs.ExpectFile({.Title = u"Abrir partida "_s,
+                                  .Filter = u"Notación FEN (*.fen)|*.fen|Todos los archivos (*.*)|*.*"_s,
+                                  .Path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)},
+                                 path);
+  pair.Client.Dialogs.AnswerBox = [&](const QString&) {
+    meanwhile(file);
     return Button::Yes;
   };
-  White.Flow.Run(ChessCommand::MnuArcAbr);
-  Pair.Settle();
-  EXPECT_TRUE(White.Screen.Lines.contains(u"Se aceptó la solicitud, cargando la partida."_s));
-  EXPECT_TRUE(White.Connection.Sent.filter(u"datospartida|"_s).isEmpty()) << "the file has gone";
+  pair.Server.Flow.Run(ChessCommand::MnuArcAbr);
+  pair.Settle();
+}
+
+TEST_F(ChessReads, AFileThatHoldsNoPositionAnyMoreIsNotSent) {
+  const std::vector<std::function<void(QFile&)>> changes{[](QFile& file) { file.remove(); },
+                                                         [](QFile& file) { file.resize(4); }};
+  for (const auto& change : changes) {
+    AjePair pair;
+    pair.Connect();
+    pair.Server.Dialogs.AnswerBox = [](const QString&) { return Button::Ok; };
+    Offer(pair, change);
+    EXPECT_TRUE(pair.Server.Screen.Lines.contains(u"Se aceptó la solicitud, cargando la partida."_s));
+    EXPECT_TRUE(pair.Server.Connection.Sent.filter(u"datospartida|"_s).isEmpty());
+    EXPECT_EQ(pair.Server.Flow.Game().Position(), StartPosition());
+  }
+}
+
+TEST_F(ChessReads, APositionThatDidNotArriveIsNotSetUp) {
+  QTimer watch;
+  watch.callOnTimeout([&] {
+    if (!White.Connection.Sent.last().startsWith(u"datospartida|")) return;
+    watch.stop();
+    White.Connection.Break();
+  });
+  Offer(Pair, [&](QFile&) {
+    White.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+    White.Connection.HoldSendComplete = true;
+    watch.start(1);
+  });
   EXPECT_EQ(White.Flow.Game().Position(), StartPosition());
+  EXPECT_FALSE(White.Finished);
 }
 
 // ---- Lines that break ----
