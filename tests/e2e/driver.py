@@ -182,6 +182,13 @@ class Copy:
         """The items of the pop-up menu that can be chosen, once it is there."""
         return items_of(wait_until("a menu", self._menu))
 
+    def menu_comes(self, limit):
+        """Whether a pop-up menu opens within some seconds."""
+        try:
+            return wait_until("a menu", self._menu, limit) is not None
+        except TimeoutError:
+            return False
+
     def expect_no_menu(self):
         wait_until("the menu to close", lambda: self._menu() is None)
 
