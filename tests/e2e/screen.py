@@ -47,6 +47,10 @@ def place(window, x, y):
     _run("xdotool", "windowmove", str(window), str(x), str(y))
 
 
+def resize(window, width, height):
+    _run("xdotool", "windowsize", str(window), str(width), str(height))
+
+
 def click(x, y, times=1):
     _run("xdotool", "mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "30", "1")
 

@@ -6,7 +6,8 @@ from hands import Witness
 from tree import extents_of, text_of
 from waiting import wait_for_value
 
-# Where the insides of the windows begin. A game window is 800 x 560 at first; its frame comes on top.
+# The insides of the windows, so that two stand side by side; their frames come on top.
+_SIZE = (800, 560)
 _CORNERS = ((12, 30), (832, 30))
 _BOTH_WINDOWS = "1644x606+0+0"
 
@@ -56,6 +57,7 @@ class Stage:
         """Puts each copy's main window in its place."""
         for copy, corner in zip(self.copies, _CORNERS):
             number = copy.bring_to_front(copy.main_window())
+            screen.resize(number, *_SIZE)
             screen.place(number, *corner)
             wait_for_value("the place of a window", lambda: extents_of(copy.main_window())[:2], corner)
 
