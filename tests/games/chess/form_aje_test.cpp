@@ -10,10 +10,8 @@
 #include <QMenuBar>
 #include <QTemporaryDir>
 
-#include "tests/support/box_answerer.h"
-#include "tests/support/free_port.h"
-#include "tests/support/owned_window.h"
 #include "tests/support/printers.h"
+#include "tests/support/window_pair.h"
 
 namespace brontavia::test {
 namespace {
@@ -25,15 +23,7 @@ class FormAjePair : public testing::Test {
   // ---- For the user's script ----
 
   void Handshake() {
-    Client.Press(u"CBConLocal"_s);
-    Answer(u"Solicitud de conexión"_s, u"OK"_s);
-    EXPECT_TRUE(Eventually([this] {
-      return Server.Window->findChild<QDialog*>() != nullptr && Client.Window->findChild<QDialog*>() != nullptr;
-    }));
-    AnswerInput(u"Introducir nombre"_s, u"Luis"_s);
-    AnswerInput(u"Asignación del primer turno"_s, u"2"_s);
-    AnswerInput(u"Introducir nombre"_s, u"Ana"_s);
-    AnswerInput(u"Asignación del primer turno"_s, u"1"_s);
+    Pair.Handshake();
     EXPECT_TRUE(
         Eventually([this] { return Server.Text(u"TBMensajes"_s).endsWith(u"realice su primer movimiento."_s); }));
   }
@@ -49,9 +39,9 @@ class FormAjePair : public testing::Test {
     return Eventually([&] { return Server.Text(u"TBEstado"_s) == text; });
   }
 
-  std::int32_t Port = FreePort();
-  OwnedWindow<FormAje> Server{Role::Server, Port};
-  OwnedWindow<FormAje> Client{Role::Client, Port};
+  WindowPair<FormAje> Pair;
+  OwnedWindow<FormAje>& Server = Pair.Server;
+  OwnedWindow<FormAje>& Client = Pair.Client;
 };
 
 TEST_F(FormAjePair, HasItsTextsMenusAndABoardOfNamedSquares) {

@@ -6,32 +6,20 @@
 #include <QAccessible>
 #include <QFontInfo>
 
-#include "tests/support/box_answerer.h"
-#include "tests/support/free_port.h"
-#include "tests/support/owned_window.h"
 #include "tests/support/printers.h"
+#include "tests/support/window_pair.h"
 
 namespace brontavia::test {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-using Owned = OwnedWindow<FormBAR>;
-
 class FormBARPair : public testing::Test {
  protected:
   // ---- For the user's script ----
 
   void Handshake() {
-    Client.Press(u"CBConLocal"_s);
-    Answer(u"Solicitud de conexión"_s, u"OK"_s);
-    EXPECT_TRUE(Eventually([this] {
-      return Server.Window->findChild<QDialog*>() != nullptr && Client.Window->findChild<QDialog*>() != nullptr;
-    }));
-    AnswerInput(u"Introducir nombre"_s, u"Luis"_s);
-    AnswerInput(u"Asignación del primer turno"_s, u"2"_s);
-    AnswerInput(u"Introducir nombre"_s, u"Ana"_s);
-    AnswerInput(u"Asignación del primer turno"_s, u"1"_s);
+    Pair.Handshake();
     for (int i = 0; i < 2; ++i) EXPECT_EQ(Answer(u"Brontavia"_s, u"OK"_s), u"Coloque sus barcos"_s);
   }
 
@@ -39,9 +27,9 @@ class FormBARPair : public testing::Test {
     OnGui([this, key] { QTest::keyClick(Server.FG1(), key); });
   }
 
-  std::int32_t Port = FreePort();
-  Owned Server{Role::Server, Port};
-  Owned Client{Role::Client, Port};
+  WindowPair<FormBAR> Pair;
+  OwnedWindow<FormBAR>& Server = Pair.Server;
+  OwnedWindow<FormBAR>& Client = Pair.Client;
 };
 
 TEST_F(FormBARPair, ShowsTwoGridsAndTheShipsInAFixedWidthBox) {

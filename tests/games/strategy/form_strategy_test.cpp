@@ -6,10 +6,8 @@
 #include <QAccessible>
 #include <QMenu>
 
-#include "tests/support/box_answerer.h"
-#include "tests/support/free_port.h"
-#include "tests/support/owned_window.h"
 #include "tests/support/printers.h"
+#include "tests/support/window_pair.h"
 
 namespace brontavia::test {
 namespace {
@@ -17,27 +15,12 @@ namespace {
 using namespace Qt::StringLiterals;
 
 template <typename Form>
-class FormPair {
- public:
-  // ---- For the user's script ----
-
+struct FormPair : WindowPair<Form> {
+  // For the user's script: until both are placing.
   void Handshake() {
-    Client.Press(u"CBConLocal"_s);
-    Answer(u"Solicitud de conexión"_s, u"OK"_s);
-    EXPECT_TRUE(Eventually([this] {
-      return Server.Window->template findChild<QDialog*>() != nullptr &&
-             Client.Window->template findChild<QDialog*>() != nullptr;
-    }));
-    AnswerInput(u"Introducir nombre"_s, u"Luis"_s);
-    AnswerInput(u"Asignación del primer turno"_s, u"2"_s);
-    AnswerInput(u"Introducir nombre"_s, u"Ana"_s);
-    AnswerInput(u"Asignación del primer turno"_s, u"1"_s);
-    EXPECT_TRUE(Eventually([this] { return Server.Text(u"TBMensajes"_s).endsWith(u"Coloque su ejército"_s); }));
+    WindowPair<Form>::Handshake();
+    EXPECT_TRUE(Eventually([this] { return this->Server.Text(u"TBMensajes"_s).endsWith(u"Coloque su ejército"_s); }));
   }
-
-  std::int32_t Port = FreePort();
-  OwnedWindow<Form> Server{Role::Server, Port};
-  OwnedWindow<Form> Client{Role::Client, Port};
 };
 
 QMenu* OpenMenu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
