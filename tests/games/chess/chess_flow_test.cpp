@@ -326,13 +326,14 @@ TEST_F(Chess, ARematchChangesColoursAndClearsAllTexts) {
   Pair.Settle();
   Black.Click(u"a1"_s);
   Pair.Settle();
-  for (const AjeCopy* copy : {&White, &Black}) {
+  for (AjeCopy* copy : {&White, &Black}) {
     EXPECT_EQ(copy->Flow.WhitePlayer(), 1);
     EXPECT_EQ(copy->Flow.State().CurrentTurn, 1);
     EXPECT_EQ(copy->Flow.Game().Position(), StartPosition());
     EXPECT_EQ(copy->Screen.Moves, QString());
     EXPECT_EQ(copy->Screen.Messages, QString());
     EXPECT_EQ(copy->Screen.Clocks, u"00:00 / 00:00"_s);
+    EXPECT_FALSE(copy->Flow.Timer1().IsRunning());
     EXPECT_EQ(copy->Flow.Winner(), std::nullopt);
     EXPECT_TRUE(copy->Screen.Position.startsWith(u"Jug. Nº 1. Mueven Blancas. "_s));
   }

@@ -36,6 +36,24 @@ class ChessReads : public testing::Test {
   AjeCopy& Black = Pair.Client;
 };
 
+TEST(ChessBeforeTheFirstTurn, NobodyMoves) {
+  AjePair pair;
+  pair.Server.Dialogs.Expect(box::kRequestTitle, box::kRequest, Button::Ok);
+  pair.Server.Dialogs.ExpectInput(box::kNameTitle, box::kName, u"Servidor"_s, u"Ana"_s);
+  pair.Server.Dialogs.ExpectInput(box::kTurnTitle, box::kColourQuestion, u"3"_s, u"1"_s);
+  pair.Client.Dialogs.ExpectInput(box::kNameTitle, box::kName, u"Cliente"_s, u"Luis"_s);
+  pair.Client.Dialogs.ExpectInput(box::kTurnTitle, box::kColourQuestion, u"3"_s, u"2"_s, [&] {
+    pair.Settle();
+    pair.Server.Click(u"e2"_s);
+    EXPECT_EQ(pair.Server.Screen.Status, box::kNotYourTurn);
+    EXPECT_FALSE(pair.Server.Flow.Game().HasSelection());
+  });
+  pair.Ask();
+  pair.Settle();
+  pair.Play(u"e2e4"_s);
+  EXPECT_EQ(pair.Client.At(u"e4"_s), PieceOf(kPawn, kWhite));
+}
+
 // ---- Several messages in one read ----
 
 struct Shown {

@@ -1,0 +1,55 @@
+// The moments of a session of chess at which a message can come, a window can close and a user can act.
+#pragma once
+
+#include <QTemporaryDir>
+#include <functional>
+#include <vector>
+
+#include "tests/support/aje_pair.h"
+
+namespace brontavia::test {
+
+using Meanwhile = std::function<void()>;
+
+// What a draw and a saved position ask.
+namespace box {
+inline const QString kDrawTitle = QStringLiteral("Brontavia - ajedrez");
+inline const QString kDrawQuestion =
+    QStringLiteral("El otro jugador le propone terminar la partida en tablas. ¿Acepta su propuesta?");
+inline const QString kResumeTitle = QStringLiteral("Reanudar partida");
+}  // namespace box
+
+// Ana, who has White, in a session whose other side says only what the test makes it say.
+class Ana {
+ public:
+  Ana();
+
+  void Receive(const QString& text);
+  void Run(ChessCommand command);
+  void Move(const QString& move);
+  // The other side gives up by `message`; `meanwhile` happens while the first box tells it.
+  void WinBy(const QString& message, const QString& told, const Meanwhile& meanwhile = {});
+  void BeFree();
+  // The next file dialog gives a file with a position.
+  void ExpectFile(const Meanwhile& meanwhile = {});
+  void ExpectOffer(const Meanwhile& meanwhile = {});
+  // `meanwhile` happens in the wait for the next send.
+  void WhileWaiting(const Meanwhile& meanwhile);
+
+  QTemporaryDir Directory;
+  AjePair Pair;
+  AjeCopy& Copy = Pair.Server;
+};
+
+// Lets `meanwhile` happen at the moment `Name`, and goes on until everything has come to rest.
+struct Moment {
+  const char* Name;
+  void (*Reach)(Ana& ana, const Meanwhile& meanwhile);
+  bool Busy = false;  // something of the window waits for its answer, and nothing else can be commanded
+};
+
+const std::vector<Moment>& Moments();
+// Those that are Busy.
+std::vector<Moment> BusyMoments();
+
+}  // namespace brontavia::test
