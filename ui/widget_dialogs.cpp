@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <memory>
+#include <utility>
 
 #include "text/qt_text.h"
 
@@ -122,7 +123,7 @@ QString WidgetDialogs::AskForFile(QFileDialog& dialog, const FileQuestion& quest
 
 std::optional<int> WidgetDialogs::PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) {
   const auto menu = std::make_unique<QMenu>(&parent_);
-  menu_ = menu.get();
+  const QPointer<QMenu> outer = std::exchange(menu_, menu.get());
   menu->setObjectName(name);
   menu->setAccessibleName(QString(title).remove(u'&'));
   QAction* first = nullptr;
@@ -137,6 +138,7 @@ std::optional<int> WidgetDialogs::PopUpMenu(const QString& name, const QString& 
   const QWidget& focus = parent_.focusWidget() == nullptr ? parent_ : *parent_.focusWidget();
   const QRect cursor = focus.inputMethodQuery(Qt::ImCursorRectangle).toRect();
   const auto chosen = menu->actions().indexOf(menu->exec(focus.mapToGlobal(cursor.center())));
+  menu_ = outer;
   if (chosen < 0) return std::nullopt;
   return static_cast<int>(chosen);
 }

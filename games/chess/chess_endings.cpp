@@ -41,8 +41,7 @@ void ChessFlow::DeclareMate() {
     ShowBox(u"Su rey no está en jaque, por lo que no puede ser jaque mate. "_s, {});
     return;
   }
-  Send(message::kMateDeclared.Token.toString());
-  if (Ended()) return;
+  if (!Send(message::kMateDeclared.Token.toString()) || Ended()) return;
   EndGame(OtherPlayer());
   ShowBox(kLost, {});
 }
@@ -57,8 +56,7 @@ void ChessFlow::MateDeclared() {
 
 void ChessFlow::Resign() {
   if (RefuseOutOfTurn() || session_.GameOver) return;
-  Send(message::kResigned.Token.toString());
-  if (Ended()) return;
+  if (!Send(message::kResigned.Token.toString()) || Ended()) return;
   EndGame(OtherPlayer());
   ShowBox(kLost, {});
 }
@@ -90,8 +88,8 @@ void ChessFlow::DrawOffered() {
     if (!Ended()) AddMessage(u"Le toca mover al otro jugador."_s);
     return;
   }
-  Send(message::kDrawAccepted.Token.toString());
-  if (!Ended()) DrawAgreed(u"La partida termina en tablas, pulse en el tablero para continuar."_s);
+  const bool sent = Send(message::kDrawAccepted.Token.toString());
+  if (sent && !Ended()) DrawAgreed(u"La partida termina en tablas, pulse en el tablero para continuar."_s);
 }
 
 void ChessFlow::DrawAgreed(const QString& text) {

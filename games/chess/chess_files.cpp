@@ -44,9 +44,10 @@ QString ProposedFolder() {
 std::optional<QString> FirstLineOf(const QString& path) {
   QFile file(path);
   if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
-  QByteArray line = file.read(kLongestLine);
-  line.truncate(static_cast<qsizetype>(std::string_view(line).find_first_of("\r\n")));
-  return FromWire(line);
+  const QByteArray text = file.read(kLongestLine);
+  const std::string_view characters(text);
+  const std::string_view line = characters.substr(0, characters.find_first_of("\r\n"));
+  return FromWire(text.first(static_cast<qsizetype>(line.size())));
 }
 
 }  // namespace
@@ -125,7 +126,11 @@ void ChessFlow::ResumeRefused() {
 void ChessFlow::ResumeAccepted() {
   AddMessage(u"Se aceptó la solicitud, cargando la partida."_s);
   const auto line = FirstLineOf(saved_game_path_);
-  if (!line || !ReadPosition(Characters(*line), game_.Position())) return;
+  if (!line) return;
+  if (!ReadPosition(Characters(*line), game_.Position())) {
+    RefusePosition();  // the file has changed since it was chosen
+    return;
+  }
   if (!SendAndWait(message::kPosition.Token + *line)) return;
   if (LoadPosition(*line)) ChooseColours();
 }
@@ -154,6 +159,7 @@ void ChessFlow::TurnsReceived(const QString& payload) {
   }
   const auto [white_player, side, turn] = values;
   session_.StartingPlayer = white_player;
+  timer1_.CatchUp();
   game_.SetSideToMove(side);
   session_.CurrentTurn = turn;
   ShowPositionBox();

@@ -190,8 +190,11 @@ void ChessFlow::MoveStands(ChessMove move) {
 
 std::optional<int> ChessFlow::AskForPromotion() {
   SetStatus(u"Indique por qué ficha desea sustituir el peón promocionado"_s);
-  const QList<MenuItem> pieces{
-      {.Caption = u"&Torre"_s}, {.Caption = u"&Caballo"_s}, {.Caption = u"&Alfil"_s}, {.Caption = u"&Dama"_s}};
+  // In the order of kPromotionChoices.
+  const QList<MenuItem> pieces{{.Caption = u"&Torre"_s, .Name = u"MnuProLis(2)"_s},
+                               {.Caption = u"&Caballo"_s, .Name = u"MnuProLis(3)"_s},
+                               {.Caption = u"&Alfil"_s, .Name = u"MnuProLis(4)"_s},
+                               {.Caption = u"&Dama"_s, .Name = u"MnuProLis(5)"_s}};
   const int position = positions_replaced_;
   std::optional<int> chosen;
   while (!chosen) {
@@ -206,7 +209,7 @@ std::optional<int> ChessFlow::AskForPromotion() {
 void ChessFlow::ReplayMove(const QString& payload) {
   const auto move = ReadMove(Characters(payload));
   if (!move) throw MalformedMessage("no move on this board");
-  game_.DropSelection();
+  DropSelection();
   for (const Coordinate square : {move->Source, move->Target}) {
     replaying_ = true;
     fg1_.SetCurrentCell(IndexOf(square));

@@ -199,6 +199,16 @@ TEST_F(ChessFiles, AFileWithoutAPositionIsRefusedBeforeAnythingIsSent) {
   EXPECT_TRUE(White.Connection.Sent.filter(u"cargpartida|"_s).isEmpty());
 }
 
+TEST_F(ChessFiles, AFileNeedsNoLineBreakAtItsEnd) {
+  Open(u"open.fen"_s, "8/8/8/8/8/8/4P3/R6r/B - - 0 1");
+  ExpectQuestion(u"open.fen"_s, Button::No);
+  White.Dialogs.Expect(
+      {}, u"Luis rechazó la solicitud de jugar la partida guardada en el disco. Continúa la partida actual."_s);
+  ExpectOffer(u"open.fen"_s);
+  White.Flow.Run(ChessCommand::MnuArcAbr);
+  Pair.Settle();
+}
+
 TEST_F(ChessFiles, AFileThatCannotBeOpenedStopsTheCommand) {
   White.Dialogs.ExpectFile(ToOpen(Folder()), InFolder(u"missing.fen"_s));
   White.Flow.Run(ChessCommand::MnuArcAbr);

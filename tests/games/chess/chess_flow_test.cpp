@@ -207,6 +207,26 @@ TEST_F(Chess, AReceivedMoveBeginsWithNothingPickedUpAndIsNotDescribed) {
   EXPECT_EQ(White.Flow.FG1().CurrentCell(), White.Flow.IndexOf(SquareNamed(u"e4"_s)));
 }
 
+TEST_F(Chess, AReceivedMoveThatIsRefusedLeavesNoMark) {
+  White.Click(u"d2"_s);
+  White.Connection.Receive(u"JUG|5 4 5 6 False 0"_s);
+  Pair.Settle();
+  EXPECT_FALSE(White.Flow.Game().HasSelection());
+  EXPECT_EQ(White.Shown(u"d2"_s).Marks, Marks());
+}
+
+TEST_F(Chess, AnEndThatCannotBeSentIsNoEnd) {
+  Pair.Play(u"f2f3 e7e5 g2g4 d8h4"_s);
+  White.Connection.Break();
+  Pair.Settle();
+  for (const ChessCommand command : {ChessCommand::MnuOpcJaq, ChessCommand::MnuOpcAba, ChessCommand::MnuOpcSol}) {
+    White.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+    White.Flow.Run(command);
+  }
+  EXPECT_FALSE(White.Flow.State().GameOver);
+  EXPECT_EQ(White.Flow.State().Scores, (std::array<std::int16_t, 2>{0, 0}));
+}
+
 // ---- The end of a game ----
 
 TEST_F(Chess, MateIsDeclaredByThePlayerWhoseKingIsAttacked) {
