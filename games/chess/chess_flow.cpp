@@ -58,8 +58,10 @@ ChessFlow::ChessFlow(const Seams& seams, unsigned seed, SecondTimer::Now now)
     RunUserAction([this, current] { SetStatus(DescribeCell(current)); });
   });
   connect(&timer1_, &SecondTimer::Passed, this, [this](int seconds) {
-    clocks_.Tick(game_.Position().SideToMove, seconds);
-    ShowClocks();
+    Guard().Run([this, seconds] {
+      clocks_.Tick(game_.Position().SideToMove, seconds);
+      ShowClocks();
+    });
   });
 }
 

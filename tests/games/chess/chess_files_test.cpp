@@ -24,7 +24,7 @@ class ChessFiles : public testing::Test {
     QDir(Directory.path()).mkdir(u"Mis documentos"_s);
     Pair.Connect();
   }
-  ~ChessFiles() override { qunsetenv("userProfile"); }
+  void TearDown() override { qunsetenv("userProfile"); }
 
   [[nodiscard]] QString Folder() const { return Directory.path() + u"/Mis documentos"; }
   [[nodiscard]] QString InFolder(const QString& name) const { return Folder() + u'/' + name; }

@@ -1,6 +1,7 @@
 // Whole games of chess at random between two flows.
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <random>
 
 #include "games/chess/attack.h"
@@ -87,7 +88,7 @@ class RandomChess {
       if (!mover.Flow.Game().HasSelection() || targets.size() == 0 || Below(20) == 0) {
         mover.Click(AnySquare());
       } else {
-        const Coordinate target = *(targets.begin() + Below(static_cast<int>(targets.size())));
+        const Coordinate target = *std::next(targets.begin(), Below(static_cast<int>(targets.size())));
         mover.Click(QChar(u'a' + target.Column - 1) + QString::number(target.Row));
       }
     }
