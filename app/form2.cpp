@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "net/window_traits.h"
+#include "app/games.h"
 #include "ui/text_box.h"
 
 namespace brontavia {
@@ -30,7 +30,7 @@ Form2::Form2() : list1_(new QListWidget) {
   text1->setFixedHeight(text1->minimumHeight());
   list1_->setObjectName(u"List1"_s);
   list1_->setAccessibleName(u"Juegos"_s);
-  for (const WindowTraits* window : kGameWindows) list1_->addItem(window->ListEntry.toString());
+  for (const Game& game : Games()) list1_->addItem(game.Window.ListEntry.toString());
   list1_->setCurrentRow(0);
   list1_->setSpacing(kEntrySpacing);
   list1_->installEventFilter(this);

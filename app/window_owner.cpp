@@ -2,34 +2,19 @@
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
-#include <array>
 #include <cstdlib>
+#include <memory>
 
 #include "app/configuration.h"
 #include "app/form1.h"
 #include "app/form2.h"
-#include "games/chess/form_aje.h"
-#include "games/naval/form_bar.h"
-#include "games/strategy/form_strategy.h"
-#include "games/three_in_row/form_ter.h"
+#include "app/games.h"
+#include "net/tcp_connection.h"
+#include "ui/game_window.h"
 
 namespace brontavia {
-namespace {
 
 using namespace Qt::StringLiterals;
-
-using GameMaker = GameWindow* (*)(ProcessValues&);
-
-template <typename Window>
-GameWindow* Make(ProcessValues& values) {
-  return new Window(values);
-}
-
-// In the order of kGameWindows.
-constexpr std::array<GameMaker, 5> kGameMakers{Make<FormTER>, Make<FormBAR>, Make<FormMES>, Make<FormEST>,
-                                               Make<FormAje>};
-
-}  // namespace
 
 WindowOwner::WindowOwner(const QString& directory) { values_.ConnectionPort = ReadConnectionPort(directory); }
 
@@ -63,7 +48,7 @@ void WindowOwner::ShowSelection() {
 void WindowOwner::ChooseGame(int index, const QString& name) {
   values_.SelectedGameIndex = static_cast<std::int16_t>(index);
   values_.SelectedGameName = name;
-  ShowGame(kGameMakers.at(static_cast<std::size_t>(index))(values_));
+  ShowGame(Games()[static_cast<std::size_t>(index)].MakeWindow(values_, std::make_unique<TcpConnection>()));
 }
 
 void WindowOwner::ShowGame(GameWindow* game) {

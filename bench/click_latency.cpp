@@ -15,6 +15,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <random>
 #include <span>
 #include <string_view>
@@ -22,6 +23,7 @@
 #include <vector>
 
 #include "games/three_in_row/form_ter.h"
+#include "net/tcp_connection.h"
 #include "ui/board_accessible.h"
 
 namespace brontavia {
@@ -148,7 +150,7 @@ class Copy : public QObject {
   std::size_t own_;
   int moves_;
   ProcessValues values_;
-  FormTER form_{values_};
+  FormTER form_{values_, std::make_unique<TcpConnection>()};
   BoardView* board_ = nullptr;
   QTimer chores_;
   int chores_done_ = 0;

@@ -6,12 +6,12 @@
 #include <QString>
 #include <functional>
 
-#include "net/connection.h"
 #include "net/event_guard.h"
 #include "net/process_values.h"
 #include "net/window_traits.h"
-#include "ui/dialogs.h"
-#include "ui/screen.h"
+#include "seams/connection.h"
+#include "seams/dialogs.h"
+#include "seams/screen.h"
 
 namespace brontavia {
 

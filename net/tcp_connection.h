@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <memory>
 
-#include "net/connection.h"
+#include "seams/connection.h"
 
 namespace brontavia {
 

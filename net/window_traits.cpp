@@ -1,5 +1,7 @@
 #include "net/window_traits.h"
 
+#include <array>
+
 #include "text/qt_text.h"
 
 namespace brontavia {
@@ -9,16 +11,15 @@ using namespace message;
 
 // ---- What each window understands, in the order in which it looks ----
 
-constexpr std::array<const Message*, 7> kTerMessages{&kName,       &kTurnChoice, &kTurnDecided, &kWon,
-                                                     &kRematchYes, &kRematchNo,  &kMove};
-constexpr std::array<const Message*, 9> kBarMessages{&kName,      &kTurnChoice, &kTurnDecided, &kWon, &kRematchYes,
-                                                     &kRematchNo, &kPlaced,     &kReady,       &kMove};
-constexpr std::array<const Message*, 10> kStrategyMessages{
-    &kName, &kTurnChoice, &kTurnDecided, &kReady, &kWon, &kRematchYes, &kRematchNo, &kMove, &kPlaced, &kPassed};
-constexpr std::array<const Message*, 17> kAjeMessages{
-    &kName,           &kTurnChoice,    &kTurnDecided, &kRematchYes,   &kRematchNo,   &kChessMove,
-    &kMateDeclared,   &kResigned,      &kDrawOffered, &kDrawAccepted, &kDrawRefused, &kResumeAsked,
-    &kResumeAccepted, &kResumeRefused, &kPosition,    &kResumedTurns, &kFreeMode};
+constexpr std::array kTerMessages{&kName, &kTurnChoice, &kTurnDecided, &kWon, &kRematchYes, &kRematchNo, &kMove};
+constexpr std::array kBarMessages{&kName,      &kTurnChoice, &kTurnDecided, &kWon, &kRematchYes,
+                                  &kRematchNo, &kPlaced,     &kReady,       &kMove};
+constexpr std::array kStrategyMessages{&kName,       &kTurnChoice, &kTurnDecided, &kReady,  &kWon,
+                                       &kRematchYes, &kRematchNo,  &kMove,        &kPlaced, &kPassed};
+constexpr std::array kAjeMessages{&kName,         &kTurnChoice,   &kTurnDecided,    &kRematchYes,    &kRematchNo,
+                                  &kChessMove,    &kMateDeclared, &kResigned,       &kDrawOffered,   &kDrawAccepted,
+                                  &kDrawRefused,  &kResumeAsked,  &kResumeAccepted, &kResumeRefused, &kPosition,
+                                  &kResumedTurns, &kFreeMode};
 
 // ---- Texts that several windows share ----
 
@@ -154,7 +155,5 @@ constexpr WindowTraits kFormAje{
     .NewGameEnding = u".",
     .Messages = kAjeMessages,
 };
-
-const std::array<const WindowTraits*, 5> kGameWindows{&kFormTER, &kFormBAR, &kFormMES, &kFormEST, &kFormAje};
 
 }  // namespace brontavia

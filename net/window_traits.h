@@ -4,7 +4,6 @@
 
 #include <QString>
 #include <QStringView>
-#include <array>
 #include <optional>
 #include <span>
 
@@ -51,9 +50,6 @@ extern const WindowTraits kFormBAR;
 extern const WindowTraits kFormMES;
 extern const WindowTraits kFormEST;
 extern const WindowTraits kFormAje;
-
-// In the order of List1.
-extern const std::array<const WindowTraits*, 5> kGameWindows;
 
 // TbServ1, the same in all windows.
 extern const QStringView kServerInstructions;

@@ -4,7 +4,7 @@
 
 #include <QAccessible>
 
-#include "ui/board_model.h"
+#include "seams/board_model.h"
 
 namespace brontavia {
 

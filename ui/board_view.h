@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "ui/board_model.h"
+#include "seams/board_model.h"
 #include "ui/cell_painter.h"
 
 namespace brontavia {

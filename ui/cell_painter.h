@@ -6,7 +6,7 @@
 #include <QPalette>
 #include <QString>
 
-#include "ui/board_model.h"
+#include "seams/board_model.h"
 
 namespace brontavia {
 

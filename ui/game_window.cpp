@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "ui/announcer.h"
 #include "ui/board_view.h"
@@ -36,8 +37,9 @@ void AddCaption(QBoxLayout& layout, QWidget& control) {
 
 }  // namespace
 
-GameWindow::GameWindow(const WindowTraits& window, TextsAt texts)
-    : dialogs_(*this),
+GameWindow::GameWindow(const WindowTraits& window, std::unique_ptr<Connection> connection, TextsAt texts)
+    : connection_(std::move(connection)),
+      dialogs_(*this),
       server_frame_(MakeServerFrame()),
       client_frame_(MakeClientFrame(window)),
       game_frame_(MakeGameFrame(texts)),
@@ -54,7 +56,7 @@ GameWindow::GameWindow(const WindowTraits& window, TextsAt texts)
 }
 
 Seams GameWindow::MakeSeams(ProcessValues& values) {
-  return {.Connection = connection_, .Dialogs = dialogs_, .Screen = *this, .Values = values};
+  return {.Connection = *connection_, .Dialogs = dialogs_, .Screen = *this, .Values = values};
 }
 
 void GameWindow::Attach(ConnectionFlow& flow, BoardView& board) {

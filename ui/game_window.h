@@ -4,10 +4,11 @@
 
 #include <QWidget>
 #include <map>
+#include <memory>
 
 #include "net/connection_flow.h"
-#include "net/tcp_connection.h"
-#include "ui/screen.h"
+#include "seams/connection.h"
+#include "seams/screen.h"
 #include "ui/sound_player.h"
 #include "ui/widget_dialogs.h"
 
@@ -28,7 +29,7 @@ class GameWindow : public QWidget, protected Screen {
   Q_OBJECT
 
  public:
-  explicit GameWindow(const WindowTraits& window, TextsAt texts = TextsAt::Right);
+  GameWindow(const WindowTraits& window, std::unique_ptr<Connection> connection, TextsAt texts = TextsAt::Right);
 
   // Once the window shows: starts its connection.
   void Load();
@@ -65,7 +66,7 @@ class GameWindow : public QWidget, protected Screen {
   static QGroupBox* MakeClientFrame(const WindowTraits& window);
   QGroupBox* MakeGameFrame(TextsAt texts);
 
-  TcpConnection connection_;
+  std::unique_ptr<Connection> connection_;
   WidgetDialogs dialogs_;
   ConnectionFlow* flow_ = nullptr;
   BoardView* board_ = nullptr;

@@ -6,7 +6,7 @@
 #include <QMenu>
 #include <QPointer>
 
-#include "ui/dialogs.h"
+#include "seams/dialogs.h"
 
 namespace brontavia {
 

@@ -7,8 +7,8 @@
 #include "games/chess/chess_command.h"
 #include "games/chess/chess_game.h"
 #include "net/game_flow.h"
-#include "ui/board_model.h"
-#include "ui/second_timer.h"
+#include "seams/board_model.h"
+#include "seams/second_timer.h"
 
 namespace brontavia {
 

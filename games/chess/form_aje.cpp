@@ -1,6 +1,7 @@
 #include "games/chess/form_aje.h"
 
 #include <QMenuBar>
+#include <utility>
 
 #include "ui/text_box.h"
 
@@ -14,8 +15,8 @@ constexpr int kMovesLines = 3;
 
 }  // namespace
 
-FormAje::FormAje(ProcessValues& values)
-    : GameWindow(kFormAje),
+FormAje::FormAje(ProcessValues& values, std::unique_ptr<Connection> connection)
+    : GameWindow(kFormAje, std::move(connection)),
       flow_(MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
   board_->setObjectName(u"FG1"_s);

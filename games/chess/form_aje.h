@@ -17,7 +17,7 @@ class FormAje : public GameWindow {
   Q_OBJECT
 
  public:
-  explicit FormAje(ProcessValues& values);
+  FormAje(ProcessValues& values, std::unique_ptr<Connection> connection);
 
  private:
   void AddCommand(QMenu& menu, const ChessMenuEntry& entry);

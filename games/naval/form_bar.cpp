@@ -3,6 +3,7 @@
 #include <QFontDatabase>
 #include <QTextOption>
 #include <algorithm>
+#include <utility>
 
 #include "ui/text_box.h"
 
@@ -66,8 +67,8 @@ void NavalPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& 
   painter.drawText(room, shown, option);
 }
 
-FormBAR::FormBAR(ProcessValues& values)
-    : GameWindow(kFormBAR),
+FormBAR::FormBAR(ProcessValues& values, std::unique_ptr<Connection> connection)
+    : GameWindow(kFormBAR, std::move(connection)),
       flow_(MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)),
       own_fleet_(std::make_unique<BoardView>(flow_.FG2(), painter_)) {

@@ -18,7 +18,7 @@ class FormBAR : public GameWindow {
   Q_OBJECT
 
  public:
-  explicit FormBAR(ProcessValues& values);
+  FormBAR(ProcessValues& values, std::unique_ptr<Connection> connection);
 
  private:
   NavalFlow flow_;

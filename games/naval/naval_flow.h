@@ -6,7 +6,7 @@
 
 #include "games/naval/naval_board.h"
 #include "net/game_flow.h"
-#include "ui/board_model.h"
+#include "seams/board_model.h"
 
 namespace brontavia {
 

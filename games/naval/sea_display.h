@@ -2,7 +2,7 @@
 #pragma once
 
 #include "games/coordinate.h"
-#include "ui/board_model.h"
+#include "seams/board_model.h"
 
 namespace brontavia {
 

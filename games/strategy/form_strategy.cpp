@@ -71,8 +71,8 @@ void StrategyPainter::Paint(QPainter& painter, const QRectF& area, const CellLoo
   painter.drawText(place, Qt::AlignCenter, look.Text);
 }
 
-FormStrategy::FormStrategy(const StrategyGame& game, ProcessValues& values)
-    : GameWindow(game.Window, TextsAt::Below),
+FormStrategy::FormStrategy(const StrategyGame& game, ProcessValues& values, std::unique_ptr<Connection> connection)
+    : GameWindow(game.Window, std::move(connection), TextsAt::Below),
       flow_(game, MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
   board_->setObjectName(u"FG1"_s);

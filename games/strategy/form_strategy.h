@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "games/strategy/strategy_flow.h"
 #include "ui/board_view.h"
@@ -19,7 +20,7 @@ class FormStrategy : public GameWindow {
   Q_OBJECT
 
  public:
-  FormStrategy(const StrategyGame& game, ProcessValues& values);
+  FormStrategy(const StrategyGame& game, ProcessValues& values, std::unique_ptr<Connection> connection);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -32,12 +33,14 @@ class FormStrategy : public GameWindow {
 
 class FormEST : public FormStrategy {
  public:
-  explicit FormEST(ProcessValues& values) : FormStrategy(kGameEST, values) {}
+  FormEST(ProcessValues& values, std::unique_ptr<Connection> connection)
+      : FormStrategy(kGameEST, values, std::move(connection)) {}
 };
 
 class FormMES : public FormStrategy {
  public:
-  explicit FormMES(ProcessValues& values) : FormStrategy(kGameMES, values) {}
+  FormMES(ProcessValues& values, std::unique_ptr<Connection> connection)
+      : FormStrategy(kGameMES, values, std::move(connection)) {}
 };
 
 }  // namespace brontavia

@@ -7,7 +7,7 @@
 #include "games/strategy/combat.h"
 #include "games/strategy/strategy_game.h"
 #include "net/game_flow.h"
-#include "ui/board_model.h"
+#include "seams/board_model.h"
 
 namespace brontavia {
 

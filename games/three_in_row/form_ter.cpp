@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <utility>
 
 namespace brontavia {
 namespace {
@@ -63,8 +64,8 @@ void TerPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& lo
   DrawPiece(painter, piece, symbol, look.ForeColour, width);
 }
 
-FormTER::FormTER(ProcessValues& values)
-    : GameWindow(kFormTER),
+FormTER::FormTER(ProcessValues& values, std::unique_ptr<Connection> connection)
+    : GameWindow(kFormTER, std::move(connection)),
       flow_(MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
   board_->setObjectName(u"FG1"_s);

@@ -18,7 +18,7 @@ class FormTER : public GameWindow {
   Q_OBJECT
 
  public:
-  explicit FormTER(ProcessValues& values);
+  FormTER(ProcessValues& values, std::unique_ptr<Connection> connection);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -3,7 +3,7 @@
 
 #include "games/three_in_row/three_in_row_board.h"
 #include "net/game_flow.h"
-#include "ui/board_model.h"
+#include "seams/board_model.h"
 
 namespace brontavia {
 

@@ -12,8 +12,8 @@
 
 #include "app/form1.h"
 #include "app/form2.h"
+#include "app/games.h"
 #include "app/window_owner.h"
-#include "net/window_traits.h"
 #include "tests/support/box_answerer.h"
 #include "tests/support/printers.h"
 #include "tests/support/waiting.h"
@@ -159,7 +159,7 @@ QString Choose(int row) {
     list->setCurrentRow(row);
     QTest::keyClick(list, Qt::Key_Return);
   });
-  return kGameWindows.at(static_cast<std::size_t>(row))->ListEntry.toString();
+  return Games()[static_cast<std::size_t>(row)].Window.ListEntry.toString();
 }
 
 class Windows : public testing::Test {
@@ -193,8 +193,8 @@ TEST_F(Windows, FollowEachOtherOneAtATime) {
 TEST_F(Windows, EveryGameOpensItsWindowAndComesBackToTheSelection) {
   AsUser([] {
     Press(u"Command1(1)"_s);
-    for (int row = 0; row < static_cast<int>(kGameWindows.size()); ++row) {
-      const WindowTraits& window = *kGameWindows.at(static_cast<std::size_t>(row));
+    for (int row = 0; row < static_cast<int>(Games().size()); ++row) {
+      const WindowTraits& window = Games()[static_cast<std::size_t>(row)].Window;
       EXPECT_TRUE(Shows(u"Form2"_s));
       Choose(row);
       EXPECT_TRUE(Shows(window.Window.toString()));

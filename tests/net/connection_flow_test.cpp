@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 
+#include "tests/support/all_windows.h"
 #include "tests/support/ter_pair.h"
 #include "tests/support/waiting.h"
 #include "text/qt_text.h"
@@ -174,7 +175,7 @@ TEST(ConnectionFlow, CancelledAddressLeavesTheSocketUntouched) {
 // ---- The request ----
 
 TEST(ConnectionFlow, AcceptedRequestSendsTheGameCodeAndStartsBothSessions) {
-  for (const WindowTraits* window : kGameWindows) {
+  for (const WindowTraits* window : kAllWindows) {
     BarePair pair(*window);
     pair.Connect();
     EXPECT_EQ(pair.Server.Connection.Sent, QStringList(u"Solicitud aceptada|" + window->GameCode));
@@ -343,7 +344,7 @@ TEST(ConnectionFlow, AnErrorInsideAnActionStopsOnlyIt) {
 // ---- Closing ----
 
 TEST(ConnectionFlow, EachWindowAsksOrDoesNotAskBeforeItCloses) {
-  for (const WindowTraits* window : kGameWindows) {
+  for (const WindowTraits* window : kAllWindows) {
     BarePair pair(*window);
     pair.Connect();
     const bool asks = window == &kFormTER || window == &kFormBAR;

@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <QTimer>
 
-#include "net/connection.h"
+#include "seams/connection.h"
 
 namespace brontavia::test {
 

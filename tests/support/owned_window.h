@@ -4,8 +4,10 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <memory>
 #include <optional>
 
+#include "net/tcp_connection.h"
 #include "tests/support/waiting.h"
 #include "ui/board_view.h"
 #include "ui/game_window.h"
@@ -16,7 +18,8 @@ namespace brontavia::test {
 template <typename GameForm>
 struct OwnedWindow {
   OwnedWindow(Role role, std::int32_t port)
-      : Values{.ConnectionPort = port, .PlayerRole = role}, Window(new GameForm(Values)) {
+      : Values{.ConnectionPort = port, .PlayerRole = role},
+        Window(new GameForm(Values, std::make_unique<TcpConnection>())) {
     QObject::connect(Window, &GameWindow::Finished, Window, [this](AfterWindow after) {
       Finished = after;
       Window->deleteLater();

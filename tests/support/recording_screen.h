@@ -4,7 +4,7 @@
 #include <QMap>
 #include <QStringList>
 
-#include "ui/screen.h"
+#include "seams/screen.h"
 
 namespace brontavia::test {
 

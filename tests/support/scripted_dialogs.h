@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-#include "ui/dialogs.h"
+#include "seams/dialogs.h"
 
 namespace brontavia::test {
 

@@ -1,4 +1,4 @@
-#include "ui/board_model.h"
+#include "seams/board_model.h"
 
 #include <stdexcept>
 #include <utility>

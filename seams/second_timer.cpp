@@ -1,4 +1,4 @@
-#include "ui/second_timer.h"
+#include "seams/second_timer.h"
 
 #include <utility>
 

@@ -1,0 +1,1 @@
+#include "net/message_tokens.h"

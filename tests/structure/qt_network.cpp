@@ -1,0 +1,3 @@
+#include <QTcpSocket>
+
+QTcpSocket* Socket();

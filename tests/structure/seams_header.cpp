@@ -1,0 +1,1 @@
+#include "seams/screen.h"
