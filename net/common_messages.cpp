@@ -28,13 +28,14 @@ std::int16_t ReadTurnChoice(QStringView payload) {
 }
 
 QString TurnDecidedText(TurnDecision decision) {
-  return message::kTurnDecided.Token + QString::number(decision.Starter) + (decision.Drawn ? kDrawn : kMutual);
+  return message::kTurnDecided.Token + QString::number(NumberOf(decision.Starter)) +
+         (decision.Drawn ? kDrawn : kMutual);
 }
 
 std::optional<TurnDecision> ReadTurnDecision(QStringView text) {
-  const double starter = Val(From(text, kStarterPosition).left(1));
-  if (starter != 0 && starter != 1) return std::nullopt;
-  return TurnDecision{.Starter = static_cast<int>(starter), .Drawn = !text.endsWith(kMutual)};
+  const auto starter = PlayerOfNumber(Val(From(text, kStarterPosition).left(1)));
+  if (!starter) return std::nullopt;
+  return TurnDecision{.Starter = *starter, .Drawn = !text.endsWith(kMutual)};
 }
 
 }  // namespace brontavia

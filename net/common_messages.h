@@ -5,15 +5,19 @@
 #include <cstdint>
 #include <optional>
 
+#include "net/player.h"
+
 namespace brontavia {
 
 // Who starts, and how that came about.
 struct TurnDecision {
-  int Starter = 0;  // player number, 0 or 1
+  Player Starter = Player::Server;
   bool Drawn = false;
 };
 
 QString AcceptanceText(QStringView game_code);
+// Whether `text` accepts a client of `game_code`: "|" and the code stand somewhere in it. What follows the code is not
+// looked at, so that a longer code which begins with it is taken too.
 bool AcceptsGame(QStringView text, QStringView game_code);
 
 QString NameText(QStringView name);

@@ -1,9 +1,12 @@
 #include "net/connection_flow.h"
 
+#include <QScopedValueRollback>
 #include <chrono>
+#include <utility>
 
 #include "net/common_messages.h"
 #include "net/counted.h"
+#include "seams/second_timer.h"
 #include "text/qt_text.h"
 
 namespace brontavia {
@@ -22,7 +25,8 @@ constexpr std::chrono::milliseconds kBetweenRepeatedSends{50};
 
 }  // namespace
 
-ConnectionFlow::ConnectionFlow(const WindowTraits& window, const Seams& seams) : window_(window), seams_(seams) {
+ConnectionFlow::ConnectionFlow(const WindowTraits& window, const Seams& seams)
+    : window_(window), seams_(seams), pacing_(seams.FreeBetweenBoxes) {
   guard_.setObjectName(window_.Window.toString());
   connect(&seams_.Connection, &Connection::ConnectionRequest, this, &ConnectionFlow::AnswerRequest);
   connect(&seams_.Connection, &Connection::DataArrival, this, &ConnectionFlow::DataArrived);
@@ -31,7 +35,13 @@ ConnectionFlow::ConnectionFlow(const WindowTraits& window, const Seams& seams) :
     guard_.Wake();
   });
   connect(&seams_.Connection, &Connection::Lost, &guard_, &EventGuard::Wake);
-  connect(&guard_, &EventGuard::Ending, this, [this] { seams_.Dialogs.CloseAll(); });
+  connect(&guard_, &EventGuard::Ending, &seams_.Dialogs, [this] { seams_.Dialogs.CloseAll(); });
+  connect(&seams_.Dialogs, &Dialogs::Answered, this, &ConnectionFlow::BoxAnswered);
+  free_again_.setSingleShot(true);
+  connect(&free_again_, &QTimer::timeout, this, [this] {
+    guard_.Wake();
+    ReadAgain();
+  });
   connect(&guard_, &EventGuard::Finished, this, &ConnectionFlow::Finished);
 }
 
@@ -39,7 +49,7 @@ void ConnectionFlow::Load() {
   guard_.Run([this] {
     const bool server = seams_.Values.PlayerRole == Role::Server;
     seams_.Values.RemoteAddress.clear();
-    own_player_ = server ? 0 : 1;
+    own_player_ = server ? Player::Server : Player::Client;
     Screen().SetCaption(window_.Caption.toString());
     LoadGame();
     Screen().ShowFrame(Frame::FrJuego, false);
@@ -61,7 +71,6 @@ void ConnectionFlow::CbConectarClicked() {
     if (window_.Address == AddressBox::BlankMeansLocal && address.isEmpty()) address = u" "_s;
     if (window_.Address == AddressBox::LocalBeforeAsking) address = kLocalHost;
     address = Ask(u"¿Con qué ordenador desea conectar? Introduzca su IP: "_s, u"Conectar"_s);
-    if (Ended()) return;
     if (address.isEmpty()) {
       ShowBox(u"Conexión cancelada"_s, u"Conectar"_s);
       return;
@@ -100,19 +109,20 @@ void ConnectionFlow::CheckAcceptance(const QString& text) {
 
 void ConnectionFlow::AnswerRequest(int request) {
   guard_.Run([this, request] {
+    const QScopedValueRollback by_peer(handling_peers_event_, true);
     const Button answer = ShowBox(u"Se ha recibido una solicitud de conexión. ¿Desea aceptarla?"_s,
                                   u"Solicitud de conexión"_s, Buttons::OkCancel);
-    if (Ended()) return;
     if (answer != Button::Ok) {
       seams_.Connection.Reject(request);
       return;
     }
     if (!seams_.Connection.Accept(request)) {
       ShowBox(u"El otro jugador ya ha cancelado su solicitud de conexión."_s, u"Solicitud de conexión"_s);
+      seams_.Connection.Reject(request);  // only now: the next request would ask under this box
       return;
     }
+    pacing_.UserActed();
     Send(AcceptanceText(window_.GameCode));
-    if (Ended()) return;
     Screen().ShowFrame(Frame::FrServidor, false);
     StartSession();
   });
@@ -122,19 +132,21 @@ void ConnectionFlow::AnswerRequest(int request) {
 
 void ConnectionFlow::DataArrived() {
   if (!reading_) return;
-  if (reads_on_stack_ == kMaxReadsOnStack) {
+  if (reads_on_stack_ == kMaxReadsOnStack || close_question_open_ || !PeersBoxMayOpen()) {
     read_waiting_ = true;
     return;
   }
   guard_.Run([this] {
-    {
-      const Counted reading(reads_on_stack_);
-      HandleRead();
-    }
-    if (!read_waiting_ || Ended()) return;
-    read_waiting_ = false;
-    QMetaObject::invokeMethod(this, &ConnectionFlow::DataArrived, Qt::QueuedConnection);
+    const Counted reading(reads_on_stack_);
+    const QScopedValueRollback by_peer(handling_peers_event_, true);
+    HandleRead();
   });
+  ReadAgain();
+}
+
+void ConnectionFlow::ReadAgain() {
+  if (!std::exchange(read_waiting_, false)) return;
+  QMetaObject::invokeMethod(this, &ConnectionFlow::DataArrived, Qt::QueuedConnection);
 }
 
 void ConnectionFlow::HandleRead() {
@@ -154,10 +166,9 @@ bool ConnectionFlow::Send(const QString& text) {
 }
 
 void ConnectionFlow::TellFailedSend() {
-  if (failure_told_in_event_ != guard_.OutermostEvent()) {
-    failure_told_in_event_ = guard_.OutermostEvent();
-    ShowBox(u"No hay conexión con el otro jugador. No se le ha podido enviar su última acción."_s, u"Error"_s);
-  }
+  if (failure_told_in_event_ == guard_.CurrentEvent()) return;
+  failure_told_in_event_ = guard_.CurrentEvent();
+  ShowBox(u"No hay conexión con el otro jugador. No se le ha podido enviar su última acción."_s, u"Error"_s);
 }
 
 bool ConnectionFlow::SendAndWait(const QString& text) {
@@ -165,67 +176,88 @@ bool ConnectionFlow::SendAndWait(const QString& text) {
   const Counted waiting(open_boxes_and_waits_);
   if (!Send(text)) return false;
   guard_.WaitUntil([this] { return send_complete_ || ConnectionLost(); });
-  if (!send_complete_ && !Ended()) TellFailedSend();
-  return send_complete_ && !Ended();
+  if (!send_complete_) TellFailedSend();
+  return send_complete_;
 }
 
-void ConnectionFlow::SendUntilComplete(const QString& text) {
+bool ConnectionFlow::SendUntilComplete(const QString& text) {
   send_complete_ = false;
   const Counted waiting(open_boxes_and_waits_);
   // Each pause is twice the last: a text sent sooner than the line acknowledges would keep every send unfinished.
-  for (auto pause = kBetweenRepeatedSends; !send_complete_ && !Ended() && Send(text); pause *= 2) {
+  for (auto pause = kBetweenRepeatedSends; !send_complete_ && Send(text); pause *= 2) {
     guard_.WaitUntil([this] { return send_complete_ || ConnectionLost(); }, pause);
   }
+  return send_complete_;
 }
 
 // ---- Boxes and the end ----
 
-Button ConnectionFlow::ShowBox(const QString& text, const QString& title, Buttons buttons) {
+template <typename Question>
+auto ConnectionFlow::Nested(const Question& ask) {
+  guard_.LeaveIfEnded();
   seams_.Connection.Flush();
   const Counted open(open_boxes_and_waits_);
-  return seams_.Dialogs.MessageBox(text, title, buttons);
+  WaitUntilBoxMayOpen();
+  auto answer = ask();
+  guard_.LeaveIfEnded();
+  return answer;
+}
+
+bool ConnectionFlow::PeersBoxMayOpen() const { return pacing_.MayOpen(MonotonicTime(), seams_.Dialogs.IsShowing()); }
+
+void ConnectionFlow::WaitUntilBoxMayOpen() {
+  if (!handling_peers_event_) return;
+  guard_.WaitUntil([this] { return PeersBoxMayOpen(); });
+  pacing_.Opens();
+}
+
+void ConnectionFlow::BoxAnswered() {
+  if (seams_.Dialogs.IsShowing()) return;
+  pacing_.BecameFree(MonotonicTime());
+  free_again_.start(seams_.FreeBetweenBoxes);
+}
+
+Button ConnectionFlow::ShowBox(const QString& text, const QString& title, Buttons buttons) {
+  return Nested([&] { return seams_.Dialogs.MessageBox(text, title, buttons); });
 }
 
 QString ConnectionFlow::Ask(const QString& prompt, const QString& title, const QString& proposal) {
-  seams_.Connection.Flush();
-  const Counted open(open_boxes_and_waits_);
-  return seams_.Dialogs.InputBox(prompt, title, proposal);
+  QString answer = Nested([&] { return seams_.Dialogs.InputBox(prompt, title, proposal); });
+  if (!answer.isEmpty()) pacing_.UserActed();
+  return answer;
 }
 
 QString ConnectionFlow::AskFileToOpen(const FileQuestion& question) {
-  seams_.Connection.Flush();
-  const Counted open(open_boxes_and_waits_);
-  return seams_.Dialogs.OpenFile(question);
+  return Nested([&] { return seams_.Dialogs.OpenFile(question); });
 }
 
 QString ConnectionFlow::AskFileToSave(const FileQuestion& question) {
-  seams_.Connection.Flush();
-  const Counted open(open_boxes_and_waits_);
-  return seams_.Dialogs.SaveFile(question);
+  return Nested([&] { return seams_.Dialogs.SaveFile(question); });
 }
 
 std::optional<int> ConnectionFlow::PopUp(const QString& menu, const QString& title, const QList<MenuItem>& items) {
-  seams_.Connection.Flush();
-  const Counted open(open_boxes_and_waits_);
-  return seams_.Dialogs.PopUpMenu(menu, title, items);
+  return Nested([&] { return seams_.Dialogs.PopUpMenu(menu, title, items); });
 }
 
 void ConnectionFlow::RunUserAction(const std::function<void()>& handler) {
-  if (open_boxes_and_waits_ == 0) guard_.Run(handler);
+  if (open_boxes_and_waits_ > 0) return;
+  pacing_.UserActed();
+  guard_.Run([&] {
+    const QScopedValueRollback by_user(handling_peers_event_, false);
+    handler();
+  });
+  ReadAgain();
 }
 
 void ConnectionFlow::CloseRequested() {
   guard_.Run([this] {
     if (close_question_open_) return;
-    if (!window_.CloseQuestionTitle) {
-      End(AfterWindow::Selection);
-      return;
-    }
-    close_question_open_ = true;
+    if (!window_.CloseQuestionTitle) End(AfterWindow::Selection);
+    const QScopedValueRollback open(close_question_open_, true);
+    const QScopedValueRollback by_user(handling_peers_event_, false);
     const Button answer =
         ShowBox(u"¿Está seguro de que desea salir? La partida se dará por terminada y no se podrá reanudar."_s,
                 window_.CloseQuestionTitle->toString(), Buttons::YesNo);
-    close_question_open_ = false;
     // "No" does not keep the window: it closes all the same, and the program with it.
     End(answer == Button::Yes ? AfterWindow::Selection : AfterWindow::ProcessEnds);
   });
@@ -234,6 +266,7 @@ void ConnectionFlow::CloseRequested() {
 void ConnectionFlow::End(AfterWindow after) {
   if (!Ended()) seams_.Connection.Close();
   guard_.End(after);
+  throw WindowEnded{};
 }
 
 }  // namespace brontavia

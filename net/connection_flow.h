@@ -4,9 +4,13 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
+#include <chrono>
 #include <functional>
 
+#include "net/box_pacing.h"
 #include "net/event_guard.h"
+#include "net/player.h"
 #include "net/process_values.h"
 #include "net/window_traits.h"
 #include "seams/connection.h"
@@ -21,6 +25,8 @@ struct Seams {
   brontavia::Dialogs& Dialogs;
   brontavia::Screen& Screen;
   ProcessValues& Values;
+  // How long the window stays free after a few boxes in a row that the peer set off.
+  std::chrono::milliseconds FreeBetweenBoxes = BoxPacing::kFreeFor;
 };
 
 class ConnectionFlow : public QObject {
@@ -39,8 +45,8 @@ class ConnectionFlow : public QObject {
   void CloseRequested();
 
   [[nodiscard]] const WindowTraits& Window() const { return window_; }
-  [[nodiscard]] int OwnPlayer() const { return own_player_; }
-  [[nodiscard]] int OtherPlayer() const { return 1 - own_player_; }
+  [[nodiscard]] Player OwnPlayer() const { return own_player_; }
+  [[nodiscard]] Player OtherPlayer() const { return OpponentOf(own_player_); }
   [[nodiscard]] bool Ended() const { return guard_.Ended(); }
 
  signals:
@@ -54,7 +60,9 @@ class ConnectionFlow : public QObject {
   virtual void StartSession() = 0;
   virtual void HandleMessage(const QString& text) = 0;
 
-  // After a call that may nest (boxes, questions, waits) a handler returns at once when the window has ended.
+  // ---- Calls that may nest: other events are handled meanwhile. They throw WindowEnded, and open nothing, in a window
+  // that has ended; so do the sends below, whose failure opens a box. ----
+
   Button ShowBox(const QString& text, const QString& title, Buttons buttons = Buttons::Ok);
   QString Ask(const QString& prompt, const QString& title, const QString& proposal = {});
   // The path of the file; empty when cancelled.
@@ -67,16 +75,19 @@ class ConnectionFlow : public QObject {
   // is finished first. (Boxes are modal, but assistive technology reaches the window behind them.)
   void RunUserAction(const std::function<void()>& handler);
 
-  // Returns whether the text went out. A failure is told to the user once for each event that sets off sends.
+  // What could not be sent has not happened: each returns false then, and has told the user, once for each event that
+  // sets off sends.
+
   bool Send(const QString& text);
   // Sends `text` and lets other events be handled until the peer certainly has it, so that what is sent next is another
-  // read there. Returns false when the connection is lost or the window has ended before.
+  // read there. Returns false when the connection is lost before.
   bool SendAndWait(const QString& text);
-  // Sends `text` again and again until the peer certainly has it, the connection is lost or the window has ended.
-  void SendUntilComplete(const QString& text);
+  // Sends `text` again and again until the peer certainly has it. Returns false when the connection is lost before.
+  bool SendUntilComplete(const QString& text);
 
-  // The window closes its connection and ends; nothing that arrives from now on is handled.
-  void End(AfterWindow after);
+  // The window closes its connection and ends; nothing that arrives from now on is handled. Does not return: it throws
+  // WindowEnded.
+  [[noreturn]] void End(AfterWindow after);
   // What arrives from now on is not handled although the window still shows a box.
   void StopReading() { reading_ = false; }
 
@@ -84,10 +95,17 @@ class ConnectionFlow : public QObject {
   brontavia::Screen& Screen() { return seams_.Screen; }
 
  private:
+  // Asks something of the dialogs once it may open, and leaves the handler when the window has ended meanwhile.
+  template <typename Question>
+  auto Nested(const Question& ask);
+  void WaitUntilBoxMayOpen();
+  [[nodiscard]] bool PeersBoxMayOpen() const;
+  void BoxAnswered();
   void ConnectTo(const QString& host);
   void TellFailedSend();
   void AnswerRequest(int request);
   void DataArrived();
+  void ReadAgain();
   void HandleRead();
   void CheckAcceptance(const QString& text);
   [[nodiscard]] bool ConnectionLost() const { return seams_.Connection.State() != ConnectionState::Connected; }
@@ -95,7 +113,7 @@ class ConnectionFlow : public QObject {
   const WindowTraits& window_;
   Seams seams_;
   EventGuard guard_;
-  int own_player_ = 0;
+  Player own_player_ = Player::Server;
   bool send_complete_ = true;
   int failure_told_in_event_ = 0;
   int reads_on_stack_ = 0;
@@ -103,6 +121,9 @@ class ConnectionFlow : public QObject {
   bool reading_ = true;
   int open_boxes_and_waits_ = 0;
   bool close_question_open_ = false;
+  BoxPacing pacing_;
+  QTimer free_again_;                  // rings when the window has been free of boxes for long enough
+  bool handling_peers_event_ = false;  // by the innermost handler
 };
 
 }  // namespace brontavia

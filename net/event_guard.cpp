@@ -1,6 +1,7 @@
 #include "net/event_guard.h"
 
 #include <QEventLoop>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <cstdio>
 
@@ -19,11 +20,13 @@ void ReportInternalError(const QString& where, const std::exception& error) {
 
 void EventGuard::Run(const std::function<void()>& handler) {
   if (Ended()) return;
-  if (handlers_on_stack_ == 0) ++outermost_event_;
   {
     const Counted running(handlers_on_stack_);
+    const QScopedValueRollback current(current_event_, ++events_);
     try {
       handler();
+    } catch (const WindowEnded&) {
+      // Unwound: the window goes once the handlers below have unwound too.
     } catch (const std::exception& error) {
       ReportInternalError(objectName(), error);
     }
@@ -37,6 +40,10 @@ void EventGuard::End(AfterWindow after) {
   emit Ending();
   Wake();
   FinishWhenIdle();
+}
+
+void EventGuard::LeaveIfEnded() const {
+  if (Ended()) throw WindowEnded{};
 }
 
 bool EventGuard::WaitUntil(const std::function<bool()>& done, std::optional<std::chrono::milliseconds> limit) {
@@ -54,6 +61,7 @@ bool EventGuard::WaitUntil(const std::function<bool()>& done, std::optional<std:
   while (!done() && !Ended() && !expired) {
     if (loop.exec() == kEventLoopsClosed) break;
   }
+  LeaveIfEnded();
   return done();
 }
 

@@ -28,7 +28,6 @@ void GameFlow::On(const Message& message, Handler handler) { handlers_[&message]
 void GameFlow::HandleMessage(const QString& text) {
   if (Window().BeepsForEveryText) Screen().Beep();
   for (const Message* message : Window().Messages) {
-    if (Ended()) return;
     if (!text.contains(message->Token)) continue;
     if (!message->Unless.isEmpty() && text.contains(message->Unless)) continue;
     try {
@@ -46,67 +45,66 @@ void GameFlow::StartSession() {
   session_.TurnSettled = false;
   ResetForSession();
   AskName();
-  if (!Ended()) AskFirstTurn();
+  AskFirstTurn();
 }
 
 void GameFlow::AskName() {
-  const QString proposal = OwnPlayer() == 0 ? u"Servidor"_s : u"Cliente"_s;
+  const QString proposal = OwnPlayer() == Player::Server ? u"Servidor"_s : u"Cliente"_s;
   QString name =
       Ask(u"Por favor, introduzca su  nombre para mostrar al otro jugador: "_s, u"Introducir nombre"_s, proposal);
-  if (Ended()) return;
   if (name.isEmpty()) name = proposal;
   session_.PlayerNames.Set(OwnPlayer(), name);
   Screen().SetCaption(TrimBlanks(name) + Window().CaptionSuffix);
   Send(NameText(name));
-  session_.NameKnown.at(static_cast<std::size_t>(OwnPlayer())) = true;
+  session_.NameKnown[OwnPlayer()] = true;
 }
 
 void GameFlow::AskFirstTurn() {
   QString answer = Ask(Window().FirstTurnQuestion.toString(), u"Asignación del primer turno"_s, u"3"_s);
-  if (Ended()) return;
   if (const double value = Val(answer); value < 1 || value > 3) answer = u"3"_s;
-  if (OwnPlayer() == 1) {
+  if (OwnPlayer() == Player::Client) {
     Send(TurnChoiceText(answer));
     return;
   }
-  session_.TurnChoices[0] = RoundHalfEven<std::int16_t>(Val(answer));
-  if (session_.TurnChoices[1] != -1) DecideFirstTurn(Window().Report.Ending);
+  session_.TurnChoices.Server = RoundHalfEven<std::int16_t>(Val(answer));
+  if (session_.TurnChoices.Client != -1) DecideFirstTurn(Window().Report.Ending);
 }
 
 void GameFlow::NameReceived(const QString& name) {
   AddMessage(u"Nombre recibido"_s);
   AddMessage(u"Va a jugar contra "_s + name);
   session_.PlayerNames.Set(OtherPlayer(), name);
-  session_.NameKnown.at(static_cast<std::size_t>(OtherPlayer())) = true;
+  session_.NameKnown[OtherPlayer()] = true;
 }
 
 void GameFlow::TurnChoiceReceived(const QString& payload) {
-  session_.TurnChoices[1] = ReadTurnChoice(payload);
-  if (session_.TurnChoices[0] != -1) DecideFirstTurn(Window().Report.EndingAtLateChoice);
+  session_.TurnChoices.Client = ReadTurnChoice(payload);
+  if (session_.TurnChoices.Server != -1) DecideFirstTurn(Window().Report.EndingAtLateChoice);
 }
 
 void GameFlow::DecideFirstTurn(QStringView mutual_ending) {
   const auto [own, other] = session_.TurnChoices;
   const bool mutual = own == other && (own == 1 || own == 2);
   const int starter = mutual ? own - 1 : random_.Below(2);
-  SettleFirstTurn(starter, !mutual, mutual ? mutual_ending : Window().Report.Ending);
-  Send(TurnDecidedText({.Starter = starter, .Drawn = !mutual}));
-  if (!Ended()) FirstTurnSettled();
-}
-
-void GameFlow::TurnDecided(const QString& text) {
-  if (OwnPlayer() == 0) return;  // the server decides itself
-  const auto decision = ReadTurnDecision(text);
-  if (!decision) throw MalformedMessage("the starter is neither 0 nor 1");
-  SettleFirstTurn(decision->Starter, decision->Drawn, Window().Report.Ending);
+  const TurnDecision decision{.Starter = starter == 0 ? Player::Server : Player::Client, .Drawn = !mutual};
+  if (!Send(TurnDecidedText(decision))) return;
+  SettleFirstTurn(decision, mutual ? mutual_ending : Window().Report.Ending);
   FirstTurnSettled();
 }
 
-void GameFlow::SettleFirstTurn(int starter, bool drawn, QStringView ending) {
-  session_.CurrentTurn = session_.StartingPlayer = starter;
+void GameFlow::TurnDecided(const QString& text) {
+  if (OwnPlayer() == Player::Server) return;  // the server decides itself
+  const auto decision = ReadTurnDecision(text);
+  if (!decision) throw MalformedMessage("the starter is neither 0 nor 1");
+  SettleFirstTurn(*decision, Window().Report.Ending);
+  FirstTurnSettled();
+}
+
+void GameFlow::SettleFirstTurn(TurnDecision decision, QStringView ending) {
+  session_.CurrentTurn = session_.StartingPlayer = decision.Starter;
   session_.TurnSettled = true;
-  const QString name = session_.PlayerNames.Trimmed(starter);
-  QString report = (drawn ? Window().Report.DrawOpening : Window().Report.MutualOpening) + name + u". ";
+  const QString name = session_.PlayerNames.Trimmed(decision.Starter);
+  QString report = (decision.Drawn ? Window().Report.DrawOpening : Window().Report.MutualOpening) + name + u". ";
   if (!ending.isEmpty()) report += name + ending;
   AddMessage(report);
 }
@@ -116,11 +114,9 @@ void GameFlow::SettleFirstTurn(int starter, bool drawn, QStringView ending) {
 void GameFlow::AskForRematch() {
   EmptyTexts();
   const Button answer = ShowBox(u"¿Desea jugar otra partida?"_s, Window().RematchTitle.toString(), Buttons::YesNo);
-  if (Ended()) return;
   if (answer == Button::Yes) {
-    Send(message::kRematchYes.Token.toString());
-    if (Ended()) return;
-    session_.RematchWanted.at(static_cast<std::size_t>(OwnPlayer())) = true;
+    if (!Send(message::kRematchYes.Token.toString())) return;
+    session_.RematchWanted[OwnPlayer()] = true;
     StartNewGameIfBothWish();
     return;
   }
@@ -131,7 +127,7 @@ void GameFlow::AskForRematch() {
 void GameFlow::RematchAccepted() {
   EmptyTexts();
   AddMessage(u"Nueva partida."_s + session_.PlayerNames.Trimmed(OtherPlayer()) + u" desea jugar otra partida.");
-  session_.RematchWanted.at(static_cast<std::size_t>(OtherPlayer())) = true;
+  session_.RematchWanted[OtherPlayer()] = true;
   StartNewGameIfBothWish();
 }
 
@@ -145,14 +141,15 @@ void GameFlow::RematchRefused() {
 }
 
 void GameFlow::StartNewGameIfBothWish() {
-  if (session_.RematchWanted[0] && session_.RematchWanted[1]) StartNewGame();
+  if (session_.RematchWanted == PerPlayer<bool>{true, true}) StartNewGame();
 }
 
 void GameFlow::StartNewGame() {
   ResetForNewGame();
   const PlayerNames& names = session_.PlayerNames;
-  ShowBox(u"Marcador actual: "_s + kCrLf + names.Trimmed(0) + u"  " + QString::number(session_.Scores[0]) + u" : " +
-              names.Trimmed(1) + u" " + QString::number(session_.Scores[1]) + kCrLf + Window().NewGameOpening +
+  ShowBox(u"Marcador actual: "_s + kCrLf + names.Trimmed(Player::Server) + u"  " +
+              QString::number(session_.Scores.Server) + u" : " + names.Trimmed(Player::Client) + u" " +
+              QString::number(session_.Scores.Client) + kCrLf + Window().NewGameOpening +
               names.Trimmed(session_.CurrentTurn) + Window().NewGameEnding,
           u"Nueva partida"_s);
 }
@@ -167,8 +164,8 @@ void GameFlow::SetStatus(const QString& text) {
   Screen().SetText(Box::TBEstado, text);
 }
 
-void GameFlow::AddPoint(int player) {
-  std::int16_t& score = session_.Scores.at(static_cast<std::size_t>(player));
+void GameFlow::AddPoint(Player player) {
+  std::int16_t& score = session_.Scores[player];
   if (score < std::numeric_limits<std::int16_t>::max()) ++score;
 }
 

@@ -3,31 +3,31 @@
 #pragma once
 
 #include <QString>
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <stdexcept>
 #include <unordered_map>
 
+#include "net/common_messages.h"
 #include "net/connection_flow.h"
 #include "net/player_names.h"
 #include "net/random_draw.h"
 
 namespace brontavia {
 
-// State of one window's session. Entries of pairs and numbers of players: 0 the server, 1 the client.
+// State of one window's session.
 struct Session {
   brontavia::PlayerNames PlayerNames;
-  std::array<bool, 2> NameKnown{};
+  PerPlayer<bool> NameKnown;
   // Who is to start, in the server's view: 1 the server, 2 the client, 3 a draw, -1 not yet known. Only the server
   // knows both. Never cleared, so that a choice that arrives later decides again.
-  std::array<std::int16_t, 2> TurnChoices{-1, -1};
-  int CurrentTurn = 0;
-  int StartingPlayer = 0;
+  PerPlayer<std::int16_t> TurnChoices{-1, -1};
+  Player CurrentTurn = Player::Server;
+  Player StartingPlayer = Player::Server;
   bool TurnSettled = false;  // the session's first turn has been decided; no move before
-  std::array<std::int16_t, 2> Scores{};
+  PerPlayer<std::int16_t> Scores;
   bool GameOver = false;
-  std::array<bool, 2> RematchWanted{};
+  PerPlayer<bool> RematchWanted;
 };
 
 class GameFlow : public ConnectionFlow {
@@ -40,7 +40,7 @@ class GameFlow : public ConnectionFlow {
 
  protected:
   // Answers a message, given its payload. One that cannot be right throws (std::out_of_range from a board, or
-  // MalformedMessage) before it has changed anything.
+  // MalformedMessage) before it has changed anything; the window's other messages in the same text are still answered.
   using Handler = std::function<void(const QString& payload)>;
   struct MalformedMessage : std::runtime_error {
     using std::runtime_error::runtime_error;
@@ -66,7 +66,7 @@ class GameFlow : public ConnectionFlow {
   // TBEstado is replaced by `text`, or gains it at its end.
   void SetStatus(const QString& text);
   void AddToStatus(const QString& text) { SetStatus(status_ + text); }
-  void AddPoint(int player);
+  void AddPoint(Player player);
   // The board was clicked after the end of a game.
   void AskForRematch();
 
@@ -82,7 +82,7 @@ class GameFlow : public ConnectionFlow {
   void TurnChoiceReceived(const QString& payload);
   void TurnDecided(const QString& text);
   void DecideFirstTurn(QStringView mutual_ending);
-  void SettleFirstTurn(int starter, bool drawn, QStringView ending);
+  void SettleFirstTurn(TurnDecision decision, QStringView ending);
   void RematchAccepted();
   void RematchRefused();
   void StartNewGameIfBothWish();

@@ -10,14 +10,11 @@ constexpr int kNameLength = 15;
 }  // namespace
 
 PlayerNames::PlayerNames() {
-  Set(0, {});
-  Set(1, {});
+  for (const Player player : kBothPlayers) Set(player, {});
 }
 
-void PlayerNames::Set(int player, QStringView name) {
-  names_.at(static_cast<std::size_t>(player)) = FixedWidth(name, kNameLength);
-}
+void PlayerNames::Set(Player player, QStringView name) { names_[player] = FixedWidth(name, kNameLength); }
 
-QString PlayerNames::Trimmed(int player) const { return TrimBlanks(Padded(player)); }
+QString PlayerNames::Trimmed(Player player) const { return TrimBlanks(Padded(player)); }
 
 }  // namespace brontavia

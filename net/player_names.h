@@ -2,7 +2,8 @@
 #pragma once
 
 #include <QString>
-#include <array>
+
+#include "net/player.h"
 
 namespace brontavia {
 
@@ -10,14 +11,13 @@ class PlayerNames {
  public:
   PlayerNames();
 
-  // `player` is 0 (server) or 1 (client) everywhere.
-  void Set(int player, QStringView name);
-  [[nodiscard]] const QString& Padded(int player) const { return names_.at(static_cast<std::size_t>(player)); }
+  void Set(Player player, QStringView name);
+  [[nodiscard]] const QString& Padded(Player player) const { return names_[player]; }
   // Without outer blanks.
-  [[nodiscard]] QString Trimmed(int player) const;
+  [[nodiscard]] QString Trimmed(Player player) const;
 
  private:
-  std::array<QString, 2> names_;
+  PerPlayer<QString> names_;
 };
 
 }  // namespace brontavia

@@ -24,7 +24,7 @@ class Connection : public QObject {
   virtual std::optional<QString> Listen(std::int32_t port) = 0;
 
   // Takes the request of a ConnectionRequest event and ends listening. Returns false, and goes on listening, when the
-  // requester has gone meanwhile.
+  // requester has gone meanwhile; Reject is to follow then, when the user knows.
   virtual bool Accept(int request) = 0;
 
   // Drops the request of a ConnectionRequest event and goes on listening.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QList>
+#include <QObject>
 #include <QString>
 #include <optional>
 
@@ -23,12 +24,11 @@ struct MenuItem {
   bool Visible = true;  // a hidden item cannot be chosen, but counts
 };
 
-class Dialogs {
+class Dialogs : public QObject {
+  Q_OBJECT
+
  public:
-  Dialogs() = default;
-  Dialogs(const Dialogs&) = delete;
-  Dialogs& operator=(const Dialogs&) = delete;
-  virtual ~Dialogs() = default;
+  using QObject::QObject;
 
   // Shows `text`, as plain text, until a button is pressed; meanwhile other events are handled. An empty title shows
   // the program's name. Closed without a button it counts as cancelled; a Yes/No box closes by its buttons alone, or by
@@ -49,6 +49,14 @@ class Dialogs {
 
   // Closes every box and menu that is open, as if it had been cancelled.
   virtual void CloseAll() = 0;
+
+  // Whether a box or menu is on screen. One that has been answered is not, though the call that opened it may return
+  // only after those that opened over it.
+  [[nodiscard]] virtual bool IsShowing() const = 0;
+
+ signals:
+  // A box or menu has left the screen.
+  void Answered();
 };
 
 }  // namespace brontavia

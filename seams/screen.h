@@ -7,7 +7,7 @@ namespace brontavia {
 
 enum class Frame { FrServidor, FrCliente, FrJuego };
 enum class Box { TBEstado, TBMensajes, TBBarcos, TBJugadas, TBEntorno, TBReloj };
-enum class Player { Mp1, MP2 };
+enum class MediaPlayer { Mp1, MP2 };
 
 class Screen {
  public:
@@ -34,7 +34,7 @@ class Screen {
 
   // Plays a file that lies beside the executable, in place of what `player` is playing. What cannot be played is
   // silent.
-  virtual void PlaySound(Player player, const QString& file) = 0;
+  virtual void PlaySound(MediaPlayer player, const QString& file) = 0;
 };
 
 }  // namespace brontavia

@@ -194,7 +194,7 @@ void GameWindow::AddMessage(const QString& line) {
 
 void GameWindow::Beep() { QApplication::beep(); }
 
-void GameWindow::PlaySound(Player player, const QString& file) {
+void GameWindow::PlaySound(MediaPlayer player, const QString& file) {
   sounds_[player].Play(QDir(QApplication::applicationDirPath()).filePath(file));
 }
 

@@ -60,7 +60,7 @@ class GameWindow : public QWidget, protected Screen {
   void AppendText(Box box, const QString& text) override;
   void AddMessage(const QString& line) override;
   void Beep() override;
-  void PlaySound(Player player, const QString& file) override;
+  void PlaySound(MediaPlayer player, const QString& file) override;
 
   static QGroupBox* MakeServerFrame();
   static QGroupBox* MakeClientFrame(const WindowTraits& window);
@@ -74,7 +74,7 @@ class GameWindow : public QWidget, protected Screen {
   QBoxLayout* board_column_ = nullptr;
   QBoxLayout* text_column_ = nullptr;
   std::map<Box, TextBox*> boxes_;
-  std::map<Player, SoundPlayer> sounds_;
+  std::map<MediaPlayer, SoundPlayer> sounds_;
   QGroupBox* server_frame_;
   QGroupBox* client_frame_;
   QGroupBox* game_frame_;

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -139,6 +140,7 @@ std::optional<int> WidgetDialogs::PopUpMenu(const QString& name, const QString& 
   const QRect cursor = focus.inputMethodQuery(Qt::ImCursorRectangle).toRect();
   const auto chosen = menu->actions().indexOf(menu->exec(focus.mapToGlobal(cursor.center())));
   menu_ = outer;
+  emit Answered();
   if (chosen < 0) return std::nullopt;
   return static_cast<int>(chosen);
 }
@@ -146,9 +148,15 @@ std::optional<int> WidgetDialogs::PopUpMenu(const QString& name, const QString& 
 int WidgetDialogs::Run(QDialog& dialog) {
   if (menu_) menu_->close();  // it would keep keys and mouse from the box
   open_.append(&dialog);
+  connect(&dialog, &QDialog::finished, this, &Dialogs::Answered);
   const int result = dialog.exec();
   open_.removeAll(&dialog);
   return result;
+}
+
+bool WidgetDialogs::IsShowing() const {
+  if (menu_ && menu_->isVisible()) return true;
+  return std::any_of(open_.begin(), open_.end(), [](const auto& dialog) { return dialog && dialog->isVisible(); });
 }
 
 void WidgetDialogs::CloseAll() {

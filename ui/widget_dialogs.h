@@ -22,6 +22,7 @@ class WidgetDialogs : public Dialogs {
   // At the cursor of the widget that has the focus.
   std::optional<int> PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) override;
   void CloseAll() override;
+  [[nodiscard]] bool IsShowing() const override;
 
  private:
   QString AskForFile(QFileDialog& dialog, const FileQuestion& question);

@@ -22,14 +22,16 @@ bool ChessFlow::RefuseOutOfTurn() {
 }
 
 // Called before the boxes that tell the end, so that nothing which arrives while they are open finds the game going on.
-void ChessFlow::EndGame(std::optional<int> winner) {
+void ChessFlow::EndGame(std::optional<Player> winner) {
   session_.GameOver = true;
   winner_ = winner;
   if (winner) {
     AddPoint(*winner);
     return;
   }
-  for (std::int16_t& score : session_.Scores) score = RoundHalfEven<std::int16_t>(score + kHalfPoint);
+  for (const Player player : kBothPlayers) {
+    session_.Scores[player] = RoundHalfEven<std::int16_t>(session_.Scores[player] + kHalfPoint);
+  }
 }
 
 // ---- Mate ----
@@ -41,7 +43,7 @@ void ChessFlow::DeclareMate() {
     ShowBox(u"Su rey no está en jaque, por lo que no puede ser jaque mate. "_s, {});
     return;
   }
-  if (!Send(message::kMateDeclared.Token.toString()) || Ended()) return;
+  if (!Send(message::kMateDeclared.Token.toString())) return;
   EndGame(OtherPlayer());
   ShowBox(kLost, {});
 }
@@ -49,14 +51,14 @@ void ChessFlow::DeclareMate() {
 void ChessFlow::MateDeclared() {
   EndGame(OwnPlayer());
   ShowBox(OtherName() + u" se ha declarado en jaque mate.", {});
-  if (!Ended()) ShowBox(kWon, {});
+  ShowBox(kWon, {});
 }
 
 // ---- Resignation ----
 
 void ChessFlow::Resign() {
   if (RefuseOutOfTurn() || session_.GameOver) return;
-  if (!Send(message::kResigned.Token.toString()) || Ended()) return;
+  if (!Send(message::kResigned.Token.toString())) return;
   EndGame(OtherPlayer());
   ShowBox(kLost, {});
 }
@@ -66,14 +68,14 @@ void ChessFlow::OpponentResigned() {
   Screen().AppendText(Box::TBJugadas,
                       u" y las "_s + (WhitePlayer() == OwnPlayer() ? u"negras"_s : u"blancas"_s) + u" abandonan.  ");
   ShowBox(OtherName() + u" abandona la partida.", {});
-  if (!Ended()) ShowBox(kWon, {});
+  ShowBox(kWon, {});
 }
 
 // ---- Draws ----
 
 void ChessFlow::OfferDraw() {
   if (RefuseOutOfTurn()) return;
-  if (!Send(message::kDrawOffered.Token.toString()) || Ended()) return;
+  if (!Send(message::kDrawOffered.Token.toString())) return;
   AddMessage(
       u"Ha solicitado al otro jugador que la partida termine en tablas. Por favor, espere a que él responda antes de "
       u"realizar cualquier otra acción."_s);
@@ -82,14 +84,12 @@ void ChessFlow::OfferDraw() {
 void ChessFlow::DrawOffered() {
   const Button answer = ShowBox(u"El otro jugador le propone terminar la partida en tablas. ¿Acepta su propuesta?"_s,
                                 u"Brontavia - ajedrez"_s, Buttons::YesNo);
-  if (Ended()) return;
   if (answer == Button::No) {
-    Send(message::kDrawRefused.Token.toString());
-    if (!Ended()) AddMessage(u"Le toca mover al otro jugador."_s);
+    if (Send(message::kDrawRefused.Token.toString())) AddMessage(u"Le toca mover al otro jugador."_s);
     return;
   }
-  const bool sent = Send(message::kDrawAccepted.Token.toString());
-  if (sent && !Ended()) DrawAgreed(u"La partida termina en tablas, pulse en el tablero para continuar."_s);
+  if (Send(message::kDrawAccepted.Token.toString()))
+    DrawAgreed(u"La partida termina en tablas, pulse en el tablero para continuar."_s);
 }
 
 void ChessFlow::DrawAgreed(const QString& text) {

@@ -57,7 +57,7 @@ std::optional<QString> FirstLineOf(const QString& path) {
 QString ChessFlow::ProposedFile() const {
   const QDate today = QDate::currentDate();
   const QString white = AsFileName(session_.PlayerNames.Trimmed(WhitePlayer()));
-  const QString black = AsFileName(session_.PlayerNames.Trimmed(1 - WhitePlayer()));
+  const QString black = AsFileName(session_.PlayerNames.Trimmed(OpponentOf(WhitePlayer())));
   return SystemPath(ProposedFolder() + u'\\' + white + u'-' + black + u" _ " + QString::number(today.day()) + u'-' +
                     QString::number(today.month()) + u'-' + QString::number(today.year()) + u".fen");
 }
@@ -74,7 +74,7 @@ void ChessFlow::SaveAs() {
   const QString path = AskFileToSave({.Title = u"Guardar partida como..."_s,
                                       .Filter = kFilter,
                                       .Path = file_name_.isEmpty() ? ProposedFile() : file_name_});
-  if (Ended() || path.isEmpty()) return;
+  if (path.isEmpty()) return;
   file_name_ = path;
   WritePosition(path);
 }
@@ -92,7 +92,7 @@ void ChessFlow::WritePosition(const QString& path) {
 void ChessFlow::OpenGame() {
   const QString path = AskFileToOpen(
       {.Title = u"Abrir partida "_s, .Filter = kFilter, .Path = file_name_.isEmpty() ? ProposedFolder() : file_name_});
-  if (Ended() || path.isEmpty()) return;
+  if (path.isEmpty()) return;
   file_name_ = path;
   const auto line = FirstLineOf(path);
   if (!line) return;
@@ -113,7 +113,6 @@ void ChessFlow::ResumeAsked(const QString& description) {
   const Button answer = ShowBox(OtherName() + u" desea reanudar la partida " + description +
                                     u" . ¿Quiere usted también continuar jugando esa partida?",
                                 u"Reanudar partida"_s, Buttons::YesNo);
-  if (Ended()) return;
   SendAndWait((answer == Button::Yes ? message::kResumeAccepted : message::kResumeRefused).Token.toString());
 }
 
@@ -139,13 +138,12 @@ void ChessFlow::ChooseColours() {
   double choice = 0;
   while (choice < 1 || choice > 2) {
     choice = Val(Ask(u"¿Quién juega con blancas?: 1=Yo, 2=El otro jugador"_s, u"Asignación de bandos"_s));
-    if (Ended()) return;
   }
   session_.StartingPlayer = choice == 1 ? OwnPlayer() : OtherPlayer();
   const int side = game_.Position().SideToMove;
   session_.CurrentTurn = side == kWhite && WhitePlayer() == OwnPlayer() ? OwnPlayer() : OtherPlayer();
-  SendAndWait(message::kResumedTurns.Token + QString::number(WhitePlayer()) + u' ' + QString::number(side) + u' ' +
-              QString::number(session_.CurrentTurn));
+  SendAndWait(message::kResumedTurns.Token + QString::number(NumberOf(WhitePlayer())) + u' ' + QString::number(side) +
+              u' ' + QString::number(NumberOf(session_.CurrentTurn)));
 }
 
 void ChessFlow::TurnsReceived(const QString& payload) {
@@ -158,10 +156,10 @@ void ChessFlow::TurnsReceived(const QString& payload) {
     values.at(static_cast<std::size_t>(i)) = value;
   }
   const auto [white_player, side, turn] = values;
-  session_.StartingPlayer = white_player;
+  session_.StartingPlayer = white_player == 0 ? Player::Server : Player::Client;
   timer1_.CatchUp();
   game_.SetSideToMove(side);
-  session_.CurrentTurn = turn;
+  session_.CurrentTurn = turn == 0 ? Player::Server : Player::Client;
   ShowPositionBox();
   AddMessage(u"Posición cargada. Usted juega con "_s + (WhitePlayer() == OwnPlayer() ? u" blancas"_s : u" negras"_s) +
              u". Mueven " + (side == kWhite ? u" blancas"_s : u" negras"_s) + u'.');

@@ -1,5 +1,6 @@
 #include "games/chess/chess_flow.h"
 
+#include <QScopedValueRollback>
 #include <array>
 
 #include "games/chess/attack.h"
@@ -79,7 +80,7 @@ void ChessFlow::ResetBoard() {
   winner_.reset();
   session_.GameOver = false;
   session_.RematchWanted = {};
-  session_.CurrentTurn = session_.StartingPlayer = 1 - session_.StartingPlayer;
+  session_.CurrentTurn = session_.StartingPlayer = OpponentOf(session_.StartingPlayer);
   timer1_.Stop();
   clocks_.Reset();
   DrawBoard();
@@ -136,6 +137,7 @@ void ChessFlow::ClickSquare(Coordinate square) {
     SetStatus(u"No es su turno de mover"_s);
     return;
   }
+  const ChessGame before = game_;
   const ChessClickOutcome outcome = game_.Click(square, free_mode_);
   switch (outcome.What) {
     case ChessClick::Nothing:
@@ -161,12 +163,12 @@ void ChessFlow::ClickSquare(Coordinate square) {
       SetStatus(u"Movimiento incorrecto. El rey quedaría en jaque."_s);
       return;
     case ChessClick::Moved:
-      MoveStands(*outcome.Move);
+      MoveStands(*outcome.Move, before);
       return;
   }
 }
 
-void ChessFlow::MoveStands(ChessMove move) {
+void ChessFlow::MoveStands(ChessMove move, const ChessGame& before) {
   const bool replayed = replaying_;  // other moves may arrive while a promotion is chosen
   if (move.EnPassantOffered) SetStatus(u"posibilidad al paso"_s);
   int promotion = kNoPiece;
@@ -177,6 +179,11 @@ void ChessFlow::MoveStands(ChessMove move) {
     promotion = *choice;
   }
   game_.CompleteMove(move, promotion);
+  if (!replayed && !Send(message::kChessMove.Token + ToQString(MoveText(move)))) {
+    game_ = before;
+    DrawBoard();
+    return;
+  }
   last_move_ = move;
   DrawBoard();
   const MoveRecord record = RecordMove(game_.Position(), move);
@@ -186,8 +193,7 @@ void ChessFlow::MoveStands(ChessMove move) {
   timer1_.CatchUp();  // what has passed is the mover's
   if (game_.Position().SideToMove == kWhite && !timer1_.IsRunning()) timer1_.Start();
   game_.PassTurn();
-  session_.CurrentTurn = 1 - session_.CurrentTurn;
-  if (!replayed) Send(message::kChessMove.Token + ToQString(MoveText(move)));
+  session_.CurrentTurn = OpponentOf(session_.CurrentTurn);
 }
 
 std::optional<int> ChessFlow::AskForPromotion() {
@@ -201,7 +207,7 @@ std::optional<int> ChessFlow::AskForPromotion() {
   std::optional<int> chosen;
   while (!chosen) {
     chosen = PopUp(u"MnuPromo"_s, u"&Promoción"_s, pieces);
-    if (Ended() || position != positions_replaced_) return std::nullopt;
+    if (position != positions_replaced_) return std::nullopt;
   }
   return kPromotionChoices.at(static_cast<std::size_t>(*chosen));
 }
@@ -213,11 +219,9 @@ void ChessFlow::ReplayMove(const QString& payload) {
   if (!move) throw MalformedMessage("no move on this board");
   DropSelection();
   for (const Coordinate square : {move->Source, move->Target}) {
-    replaying_ = true;
+    const QScopedValueRollback replaying(replaying_, true);
     fg1_.SetCurrentCell(IndexOf(square));
     ClickSquare(square);
-    replaying_ = false;
-    if (Ended()) return;
   }
 }
 

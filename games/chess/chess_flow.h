@@ -39,10 +39,10 @@ class ChessFlow : public GameFlow {
   [[nodiscard]] bool FreeMode() const { return free_mode_; }
   [[nodiscard]] bool LearningMode() const { return learning_mode_; }
   [[nodiscard]] bool BoardFlipped() const { return board_flipped_; }
-  // The player of White, 0 or 1.
-  [[nodiscard]] int WhitePlayer() const { return session_.StartingPlayer; }
+  // The player of White.
+  [[nodiscard]] Player WhitePlayer() const { return session_.StartingPlayer; }
   // The winner of the last game; nothing before its end and after a draw.
-  [[nodiscard]] std::optional<int> Winner() const { return winner_; }
+  [[nodiscard]] std::optional<Player> Winner() const { return winner_; }
   // Where a square shows on FG1.
   [[nodiscard]] CellIndex IndexOf(Coordinate square) const;
 
@@ -60,14 +60,15 @@ class ChessFlow : public GameFlow {
 
   // ---- Moving ----
   void ClickSquare(Coordinate square);
-  void MoveStands(ChessMove move);
-  // The kind that replaces a pawn; nothing when the window has ended or the position has been replaced meanwhile.
+  // `before`: the game without the click that has made the move.
+  void MoveStands(ChessMove move, const ChessGame& before);
+  // The kind that replaces a pawn; nothing when the position has been replaced meanwhile.
   std::optional<int> AskForPromotion();
   void ReplayMove(const QString& payload);
   [[nodiscard]] bool OwnTurn() const { return session_.TurnSettled && session_.CurrentTurn == OwnPlayer(); }
 
   // ---- The end of a game ----
-  void EndGame(std::optional<int> winner);
+  void EndGame(std::optional<Player> winner);
   void DeclareMate();
   void MateDeclared();
   void Resign();
@@ -124,7 +125,7 @@ class ChessFlow : public GameFlow {
   SecondTimer timer1_;
   Coordinate clicked_square_;
   std::optional<ChessMove> last_move_;
-  std::optional<int> winner_;
+  std::optional<Player> winner_;
   bool replaying_ = false;  // a received move is being played
   bool free_mode_ = false;
   bool learning_mode_ = false;

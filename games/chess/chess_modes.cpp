@@ -64,7 +64,7 @@ void ChessFlow::SetClocks() {
     const QString side = colour == kWhite ? u"blancas"_s : u"negras"_s;
     const auto time = ReadClockTime(Characters(Ask(u"Establezca el tiempo de las "_s + side + u"(minutos:segundos)",
                                                    title, ToQString(clocks_.Proposal(colour)))));
-    if (Ended() || !time) return;
+    if (!time) return;
     times.at(static_cast<std::size_t>(colour)) = *time;
   }
   if (!clocks_.Set(times[0], times[1])) {
@@ -86,11 +86,13 @@ void ChessFlow::ToggleFreeMode() {
         u"tableros, ya que los cambios que haga no se transmitirán. Si activa el modo libre se informará de ello a su "
         u"rival."_s,
         u"Activar modo libre"_s, Buttons::YesNo);
-    if (Ended() || sure == Button::No) return;
+    if (sure == Button::No) return;
   }
   free_mode_ = !free_mode_;
   emit CommandsChanged();
-  if (free_mode_) SendUntilComplete(message::kFreeMode.Token.toString());
+  if (!free_mode_ || SendUntilComplete(message::kFreeMode.Token.toString())) return;
+  free_mode_ = false;
+  emit CommandsChanged();
 }
 
 void ChessFlow::ToggleLearningMode() {
@@ -117,15 +119,14 @@ void ChessFlow::SetData() {
     return RoundHalfEven<std::int16_t>(Val(Ask(prompt, title, QString::number(proposal))));
   };
   const std::int16_t number = ask(u"Número de jugada actual: "_s, game_.Position().MoveNumber);
-  if (Ended() || !game_.SetMoveNumber(number)) return;
+  if (!game_.SetMoveNumber(number)) return;
   ShowPositionBox();
   const std::int16_t side = ask(u"Color que mueve ficha (0 blancas, 1 negras):"_s, game_.Position().SideToMove);
-  if (Ended()) return;
   timer1_.CatchUp();
   if (!game_.SetSideToMove(side)) return;
   ShowPositionBox();
   const std::int16_t half_moves = ask(u"Número de medios movimientos:"_s, game_.Position().HalfMoveClock);
-  if (Ended() || !game_.SetHalfMoveClock(half_moves)) return;
+  if (!game_.SetHalfMoveClock(half_moves)) return;
   ShowPositionBox();
 }
 
@@ -146,7 +147,7 @@ void ChessFlow::InsertPiece() {
     items << MenuItem{.Caption = u'&' + ToQString(PieceName(piece)), .Name = u"MnuInsLis(%1)"_s.arg(piece)};
   }
   const auto chosen = PopUp(u"MnuIns"_s, u"&Insertar"_s, items);
-  if (Ended() || !chosen || !free_mode_) return;
+  if (!chosen || !free_mode_) return;
   PutOnClickedSquare(kPieces.at(static_cast<std::size_t>(*chosen)));
 }
 

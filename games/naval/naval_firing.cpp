@@ -29,8 +29,13 @@ void NavalFlow::FireShot(Coordinate cell) {
     ShowBox(u"Por favor, Espere a que el otro jugador coloque sus barcos"_s, {});
     return;
   }
+  const NavalBoard before = board_;
   const ShotOutcome outcome = board_.Fire(cell);
   const bool water = outcome.Step == ShotStep::Water;
+  if (!Send(message::kMove.Token + ToQString(ShotText({.Cell = cell, .Water = water})))) {
+    board_ = before;
+    return;
+  }
   fg1_.SetCell(IndexOf(cell),
                {.Text = water ? u"Agua"_s : u"impacto"_s, .BackColour = water ? kWaterColour : kHitColour});
   for (const Coordinate revealed : outcome.Revealed) {
@@ -39,11 +44,10 @@ void NavalFlow::FireShot(Coordinate cell) {
   if (water) {
     SetStatus(u"¡Agua!"_s);
     PlaySound(Sound::Water);
-    session_.CurrentTurn = 1 - session_.CurrentTurn;
+    session_.CurrentTurn = OpponentOf(session_.CurrentTurn);
     AddToStatus(session_.CurrentTurn == OwnPlayer() ? u" es su turno."_s : u" le toca disparar al otro jugador."_s);
   }
-  Send(message::kMove.Token + QString::fromStdU16String(ShotText({.Cell = cell, .Water = water})));
-  if (!Ended() && !water && outcome.Step != ShotStep::HitBefore) ShipHit(outcome);
+  if (!water && outcome.Step != ShotStep::HitBefore) ShipHit(outcome);
 }
 
 void NavalFlow::ShipHit(const ShotOutcome& outcome) {
@@ -61,10 +65,8 @@ void NavalFlow::ShipHit(const ShotOutcome& outcome) {
 }
 
 void NavalFlow::Win() {
-  Send(message::kWon.Token.toString());
-  if (Ended()) return;
+  if (!Send(message::kWon.Token.toString())) return;
   ShowBox(u"¡Enhorabuena, ha conseguido destruir todos los barcos enemigos!"_s, u"Ha ganado"_s);
-  if (Ended()) return;
   AddMessage(u"Haga click en el tablero para continuar"_s);
   session_.GameOver = true;
   AddPoint(OwnPlayer());
@@ -78,7 +80,7 @@ void NavalFlow::ReceiveShot(const QString& payload) {
   if (shot->Water) {
     line += u": Agua.";
     PlaySound(Sound::Water);
-    session_.CurrentTurn = 1 - session_.CurrentTurn;
+    session_.CurrentTurn = OpponentOf(session_.CurrentTurn);
     if (session_.CurrentTurn == OwnPlayer()) line += u" Le toca disparar.";
   } else {
     line += HitReport(board_.TakeHit(shot->Cell));

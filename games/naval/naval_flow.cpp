@@ -52,7 +52,8 @@ NavalFlow::NavalFlow(const Seams& seams, unsigned seed)
   On(message::kMove, [this](const QString& payload) { ReceiveShot(payload); });
   On(message::kWon, [this](const QString&) { Lost(); });
   connect(&fg1_, &BoardModel::CurrentCellChanged, this, [this](CellIndex /*previous*/, CellIndex current) {
-    RunUserAction([this, current] { SetStatus(DescribeCell(current)); });
+    // A reset moves it too, and one under an open box tells the same as any other.
+    Guard().Run([this, current] { SetStatus(DescribeCell(current)); });
   });
 }
 
@@ -81,10 +82,10 @@ void NavalFlow::FirstTurnSettled() { ShowBox(u"Coloque sus barcos"_s, {}); }
 
 void NavalFlow::BoardClicked(CellIndex cell) {
   RunUserAction([this, cell] {
-    if (session_.GameOver) {
-      AskForRematch();
-    } else if (placement_mode_) {
+    if (placement_mode_) {
       ClickToPlace(CellOf(cell));
+    } else if (session_.GameOver) {
+      AskForRematch();
     } else if (!session_.TurnSettled || session_.CurrentTurn != OwnPlayer()) {
       SetStatus(u"No es su turno de jugar."_s);
     } else {
@@ -111,7 +112,7 @@ void NavalFlow::ClickToPlace(Coordinate cell) {
   const PlacementOutcome outcome = board_.ClickToPlace(cell);
   switch (outcome.Step) {
     case PlacementStep::OnShip:
-      if (ShowBox(u"¿Desea quitar ese barco?"_s, u"Batalla naval"_s, Buttons::YesNo) == Button::Yes && !Ended()) {
+      if (ShowBox(u"¿Desea quitar ese barco?"_s, u"Batalla naval"_s, Buttons::YesNo) == Button::Yes) {
         RemoveShip(outcome.Ship);
       }
       return;
@@ -152,7 +153,6 @@ void NavalFlow::ShipPlaced(const PlacementOutcome& outcome) {
             u" barcos por colocar.");
   if (board_.ShipsToPlace() >= 1) return;
   const Button done = ShowBox(u"¿Ha terminado de colocar los barcos?"_s, u"Batalla naval"_s, Buttons::YesNo);
-  if (Ended()) return;
   if (done == Button::No) {
     AddMessage(u"Haga  modificaciones en las posiciones de sus barcos o pulse t cuando haya terminado"_s);
   } else if (receiving_fleet_) {
@@ -198,33 +198,32 @@ void NavalFlow::ListShipsToPlace() {
 
 void NavalFlow::SendFleet() {
   Screen().SetText(Box::TBMensajes, u"Enviando barcos: "_s);
-  if (!SendAndWait(message::kPlaced.Token + QString::fromStdU16String(FleetText(board_.Fleet())))) return;
+  if (!SendAndWait(message::kPlaced.Token + ToQString(FleetText(board_.Fleet())))) return;
+  if (!Send(message::kReady.Token.toString())) return;
   Screen().SetText(Box::TBMensajes, u"barcos enviados "_s);
   EmptyGrid(fg1_);
   ShowOwnFleet();
-  Send(message::kReady.Token.toString());
-  if (Ended()) return;
-  ready_flags_.at(static_cast<std::size_t>(OwnPlayer())) = true;
+  ready_flags_[OwnPlayer()] = true;
   if (BothReady()) {
     BeginFiring();
   } else {
-    waiting_for_opponent_ = true;
     ShowBox(u"Espere a que el otro jugador termine de colocar sus barcos "_s, {});
+    waiting_for_opponent_ = true;
   }
   placement_mode_ = false;
 }
 
 void NavalFlow::BeginFiring() {
-  waiting_for_opponent_ = false;
   EmptyTexts();
   ShowBox(u"Ambos jugadores están listos para empezar a disparar, "_s +
               (session_.CurrentTurn == OwnPlayer() ? u" es su turno."_s : u" le toca al otro jugador."_s),
           {});
-  if (!Ended()) ShowFleetStatus();
+  waiting_for_opponent_ = false;
+  ShowFleetStatus();
 }
 
 void NavalFlow::OpponentReady() {
-  ready_flags_.at(static_cast<std::size_t>(OtherPlayer())) = true;
+  ready_flags_[OtherPlayer()] = true;
   if (BothReady()) {
     BeginFiring();
   } else {
@@ -288,14 +287,14 @@ QString NavalFlow::DescribeOwnCell(CellIndex cell) const {
 void NavalFlow::PlaySound(Sound sound) {
   switch (sound) {
     case Sound::Water:
-      Screen().PlaySound(Player::Mp1, u"Agua.wav"_s);
+      Screen().PlaySound(MediaPlayer::Mp1, u"Agua.wav"_s);
       return;
     case Sound::Hit:
-      Screen().PlaySound(Player::Mp1, u"Impacto.wav"_s);
+      Screen().PlaySound(MediaPlayer::Mp1, u"Impacto.wav"_s);
       return;
     case Sound::Sunk:
       // The other player, so that the hit of the same shot is not cut off.
-      Screen().PlaySound(Player::MP2, u"Hundido.wav"_s);
+      Screen().PlaySound(MediaPlayer::MP2, u"Hundido.wav"_s);
       return;
   }
 }

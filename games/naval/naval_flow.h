@@ -2,8 +2,6 @@
 // FG1 is the own sea while placing and the opponent's from then on; FG2 is the own fleet under fire.
 #pragma once
 
-#include <array>
-
 #include "games/naval/naval_board.h"
 #include "net/game_flow.h"
 #include "seams/board_model.h"
@@ -31,7 +29,7 @@ class NavalFlow : public GameFlow {
   [[nodiscard]] bool PlacementMode() const { return placement_mode_; }
   [[nodiscard]] bool ReceivingFleet() const { return receiving_fleet_; }
   [[nodiscard]] bool WaitingForOpponent() const { return waiting_for_opponent_; }
-  [[nodiscard]] const std::array<bool, 2>& ReadyFlags() const { return ready_flags_; }
+  [[nodiscard]] const PerPlayer<bool>& ReadyFlags() const { return ready_flags_; }
 
  protected:
   void LoadGame() override;
@@ -56,7 +54,7 @@ class NavalFlow : public GameFlow {
   // ---- Exchange ----
   void ReceiveFleet(const QString& data);
   void OpponentReady();
-  [[nodiscard]] bool BothReady() const { return ready_flags_[0] && ready_flags_[1]; }
+  [[nodiscard]] bool BothReady() const { return ready_flags_ == PerPlayer<bool>{true, true}; }
   void BeginFiring();
 
   // ---- Firing ----
@@ -84,7 +82,7 @@ class NavalFlow : public GameFlow {
   bool placement_mode_ = true;
   bool receiving_fleet_ = false;  // a fleet is being unpacked; stays set for good when one was malformed
   bool waiting_for_opponent_ = false;
-  std::array<bool, 2> ready_flags_{};  // by player number
+  PerPlayer<bool> ready_flags_;
 };
 
 }  // namespace brontavia

@@ -2,7 +2,7 @@
 
 namespace brontavia {
 
-void Army::Reset(int side) {
+void Army::Reset(Player side) {
   side_ = side;
   board_.Clear();
   ranks_to_place_ = Variant().ArmyCounts;

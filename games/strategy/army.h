@@ -12,8 +12,8 @@ class Army {
   // The board outlives the army. Reset comes before anything else.
   explicit Army(StrategyBoard& board) : board_(board) {}
 
-  // Clears the whole board; every piece of `side` (0 or 1) is to be placed.
-  void Reset(int side);
+  // Clears the whole board; every piece of `side` is to be placed.
+  void Reset(Player side);
 
   // Whether the cell lies in the own zone.
   [[nodiscard]] bool MayStandOn(Coordinate cell) const;
@@ -33,7 +33,7 @@ class Army {
   [[nodiscard]] const StrategyVariant& Variant() const { return board_.Variant(); }
 
   StrategyBoard& board_;
-  int side_ = 0;
+  Player side_ = Player::Server;
   RankCounts ranks_to_place_{};
   int pieces_to_place_ = 0;
 };

@@ -18,7 +18,7 @@ Coordinate Moved(Coordinate cell, Coordinate by) {
   return {.Column = cell.Column + by.Column, .Row = cell.Row + by.Row};
 }
 
-bool CanMove(const StrategyBoard& board, int side, Coordinate cell) {
+bool CanMove(const StrategyBoard& board, Player side, Coordinate cell) {
   const CellCode code = board.At(cell);
   if (!IsPieceOf(side, code) || !IsMovable(code)) return false;
   return std::ranges::any_of(kNeighbours, [&](Coordinate step) {
@@ -45,7 +45,7 @@ MoveRange CheckMoveRange(const StrategyBoard& board, int rank, Coordinate from, 
   return MoveRange::Valid;
 }
 
-std::optional<Coordinate> FindMovablePiece(const StrategyBoard& board, int side) {
+std::optional<Coordinate> FindMovablePiece(const StrategyBoard& board, Player side) {
   for (int column = 1; column <= board.Variant().Columns; ++column) {
     for (int row = 1; row <= board.Variant().Rows; ++row) {
       const Coordinate cell{.Column = column, .Row = row};

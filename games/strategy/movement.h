@@ -19,6 +19,6 @@ MoveRange CheckMoveRange(const StrategyBoard& board, int rank, Coordinate from, 
 
 // The first piece of `side`, by columns and within a column by rows, that is movable and has land without an own piece
 // beside it.
-std::optional<Coordinate> FindMovablePiece(const StrategyBoard& board, int side);
+std::optional<Coordinate> FindMovablePiece(const StrategyBoard& board, Player side);
 
 }  // namespace brontavia

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "net/player.h"
+
 namespace brontavia {
 
 // A piece's rank, 1..13. A higher one beats a lower one but for spy, bomb, miner and flag (combat.h).
@@ -30,10 +32,11 @@ inline constexpr CellCode kWaterCell = -1;
 inline constexpr CellCode kEmptyLand = 0;
 
 constexpr int RankOf(CellCode code) { return code % 100; }
-constexpr int SideOf(CellCode code) { return code / 100; }
-constexpr CellCode PieceCode(int side, int rank) { return static_cast<CellCode>(side * 100 + rank); }
+// Of a piece.
+constexpr Player SideOf(CellCode code) { return code < 100 ? Player::Server : Player::Client; }
+constexpr CellCode PieceCode(Player side, int rank) { return static_cast<CellCode>(NumberOf(side) * 100 + rank); }
 constexpr bool IsPiece(CellCode code) { return code > kEmptyLand; }
-constexpr bool IsPieceOf(int side, CellCode code) { return IsPiece(code) && SideOf(code) == side; }
+constexpr bool IsPieceOf(Player side, CellCode code) { return IsPiece(code) && SideOf(code) == side; }
 // A spy or anything above it but a revealed bomb.
 constexpr bool IsMovable(CellCode code) { return RankOf(code) >= rank::kSpy && RankOf(code) <= rank::kMarshal; }
 

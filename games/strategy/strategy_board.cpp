@@ -18,7 +18,7 @@ std::u16string FieldOf(CellCode code) {
   return field + u',';
 }
 
-CellCode ReadField(std::u16string_view field, int side, CellCode before) {
+CellCode ReadField(std::u16string_view field, Player side, CellCode before) {
   const auto code = RoundHalfEven<CellCode>(Val(field));
   const bool sound = IsPieceOf(side, code) && RankOf(code) >= rank::kFlag && RankOf(code) <= kRanks;
   return sound || code == before ? code : kEmptyLand;
@@ -54,7 +54,7 @@ std::u16string StrategyBoard::ArmyText() const {
   return text;
 }
 
-void StrategyBoard::TakeArmy(std::u16string_view data, int side) {
+void StrategyBoard::TakeArmy(std::u16string_view data, Player side) {
   const std::size_t fields = std::min(data.size() / kFieldLength, static_cast<std::size_t>(variant_.ArmySize()));
   for (std::size_t field = 0; field < fields; ++field) {
     const int index = static_cast<int>(field);

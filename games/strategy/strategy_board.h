@@ -30,11 +30,11 @@ class StrategyBoard {
   // Rows from the innermost of the zone down to row 1, each from its rightmost column to A, so that the opponent fills
   // his view of it from left to right and from bottom to top.
   [[nodiscard]] std::u16string ArmyText() const;
-  // Unpacks the army of the other `side` (0 or 1) into the top rows: a field for every four characters of `data`. A
+  // Unpacks the army of the other `side` into the top rows: a field for every four characters of `data`. A
   // field that is none of that side's pieces of rank 1..12 is empty land, unless it tells what stands on the cell
   // already: from the second game on a piece may have come there before the army is complete. Fields beyond the board
   // are left out.
-  void TakeArmy(std::u16string_view data, int side);
+  void TakeArmy(std::u16string_view data, Player side);
 
  private:
   [[nodiscard]] std::size_t Position(Coordinate cell) const;

@@ -146,7 +146,7 @@ void StrategyFlow::MoveTo(Coordinate cell) {
   const QString moved = NameOf(RankOf(selected_code_)) + u" movido";
   if (!CarryOut(cell, CombatResult::AttackerWins)) return;
   SetStatus(moved);
-  AddMessage(moved + u". Le toca jugar a" + PaddedName(1 - session_.CurrentTurn));
+  AddMessage(moved + u". Le toca jugar a" + PaddedName(OpponentOf(session_.CurrentTurn)));
   PassTurnOn();
 }
 
@@ -159,8 +159,11 @@ void StrategyFlow::Attack(Coordinate cell) {
     TakeFlag(cell);
     return;
   }
-  if (!CarryOut(cell, ResultOf(combat))) return;
-  AddMessage(u"Le toca jugar a"_s + PaddedName(1 - session_.CurrentTurn));
+  if (!CarryOut(cell, ResultOf(combat))) {
+    SetStatus({});  // no such thing has come about
+    return;
+  }
+  AddMessage(u"Le toca jugar a"_s + PaddedName(OpponentOf(session_.CurrentTurn)));
   PassTurnOn();
 }
 
@@ -184,15 +187,17 @@ bool StrategyFlow::CarryOut(Coordinate target, CombatResult result) {
 }
 
 void StrategyFlow::TakeFlag(Coordinate cell) {
+  if (!Send(message::kWon.Token.toString())) {
+    SetStatus({});
+    return;
+  }
   // Taken and counted before the box opens: the opponent may ask for another game while it is open. The grid goes on
   // showing the piece where it started from.
   ApplyResult(board_, selected_code_, selected_cell_, cell, CombatResult::FlagTaken);
   session_.GameOver = true;
   AddPoint(OwnPlayer());
-  Send(message::kWon.Token.toString());
-  if (Ended()) return;
   ShowBox(u"¡Enhorabuena, ha capturado la bandera enemiga!"_s, u"Ha ganado"_s);
-  if (!Ended() && session_.GameOver) AddMessage(u"Haga click en el tablero para continuar"_s);
+  if (session_.GameOver) AddMessage(u"Haga click en el tablero para continuar"_s);
 }
 
 // ---- The opponent's move ----
@@ -229,9 +234,9 @@ void StrategyFlow::Pass() {
     AddMessage(u"Puede mover el "_s + NameOf(RankOf(board_.At(*cell))) + u" de " + CellName(*cell) + u'.');
     return;
   }
-  AddMessage(u"Pasa el turno al otro jugador. Le toca mover a "_s + PaddedName(1 - session_.CurrentTurn));
+  if (!Send(message::kPassed.Token.toString())) return;
+  AddMessage(u"Pasa el turno al otro jugador. Le toca mover a "_s + PaddedName(OpponentOf(session_.CurrentTurn)));
   PassTurnOn();
-  Send(message::kPassed.Token.toString());
 }
 
 void StrategyFlow::OpponentPassed() {

@@ -9,10 +9,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kHeaderSize = 500;                                // twips
-constexpr ColourValue kWaterBackground = 0x8B8B00;              // RGB(0, 139, 139)
-constexpr std::array<ColourValue, 2> kArmyColours{{0x000070,    // RGB(112, 0, 0), the server's
-                                                   0x700000}};  // RGB(0, 0, 112), the client's
+constexpr int kHeaderSize = 500;                                    // twips
+constexpr ColourValue kWaterBackground = 0x8B8B00;                  // RGB(0, 139, 139)
+constexpr PerPlayer<ColourValue> kArmyColours{.Server = 0x000070,   // RGB(112, 0, 0)
+                                              .Client = 0x700000};  // RGB(0, 0, 112)
 
 }  // namespace
 
@@ -59,7 +59,7 @@ void StrategyFlow::FirstTurnSettled() { AddMessage(u"Coloque su ejército"_s); }
 void StrategyFlow::BeginPlacement() {
   AddMessage(u"Coloque su ejército"_s);
   ResetArmy();
-  session_.NameKnown = {true, true};
+  session_.NameKnown = {.Server = true, .Client = true};
   SetStatus(u"Coloque su ejército "_s);
 }
 
@@ -118,7 +118,7 @@ void StrategyFlow::ChooseRankFor(Coordinate cell) {
   }
   const auto chosen = PopUp(u"MnuTropa"_s, u"Tropa"_s, ranks);
   // What arrives while the menu is open may end the placing or take the cell.
-  if (Ended() || !chosen || !placement_mode_ || !army_.Place(cell, *chosen + 1)) return;
+  if (!chosen || !placement_mode_ || !army_.Place(cell, *chosen + 1)) return;
   DrawCell(cell);
   ShowDescription(cell);
   if (army_.PiecesToPlace() < 1 && AskWhetherPlaced() == Button::Yes) FinishPlacing();
@@ -135,7 +135,6 @@ void StrategyFlow::DeployAtRandom() {
   army_.DeployAtRandom([this](int count) { return Random().Below(count); });
   DrawBoard();
   const Button placed = AskWhetherPlaced();
-  if (Ended()) return;
   if (placed == Button::No) {
     SetStatus(u"Realice algún cambio en la posición actual."_s);
     return;
@@ -152,20 +151,18 @@ Button StrategyFlow::AskWhetherPlaced() {
 
 void StrategyFlow::FinishPlacing() {
   // A new game may have begun while the question was open.
-  if (Ended() || army_.PiecesToPlace() > 0) return;
+  if (army_.PiecesToPlace() > 0) return;
   placement_mode_ = false;
   SendArmy();
   DrawBoard();
 }
 
 void StrategyFlow::SendArmy() {
-  if (!SendAndWait(message::kPlaced.Token + ToQString(board_.ArmyText()))) {
+  if (!SendAndWait(message::kPlaced.Token + ToQString(board_.ArmyText())) || !Send(message::kReady.Token.toString())) {
     placement_mode_ = true;
     return;
   }
-  Send(message::kReady.Token.toString());
-  if (Ended()) return;
-  ready_flags_.at(static_cast<std::size_t>(OwnPlayer())) = true;
+  ready_flags_[OwnPlayer()] = true;
   if (BothReady()) {
     BeginFight();
     return;
@@ -184,7 +181,7 @@ void StrategyFlow::BeginFight() {
 }
 
 void StrategyFlow::ReceiveArmy(const QString& data) {
-  ready_flags_.at(static_cast<std::size_t>(OtherPlayer())) = true;
+  ready_flags_[OtherPlayer()] = true;
   board_.TakeArmy(Characters(data), OtherPlayer());
   DrawBoard();
   if (BothReady()) {
@@ -196,7 +193,7 @@ void StrategyFlow::ReceiveArmy(const QString& data) {
 }
 
 void StrategyFlow::OpponentReady() {
-  ready_flags_.at(static_cast<std::size_t>(OtherPlayer())) = true;
+  ready_flags_[OtherPlayer()] = true;
   if (!BothReady()) {
     AddMessage(u"El otro jugador ha terminado de colocar su ejército y está esperando."_s);
     return;
@@ -243,7 +240,7 @@ void StrategyFlow::DrawCell(Coordinate cell) {
     // A revealed bomb shows in the viewer's colour, whoever laid it.
     const bool shown = IsOwnPiece(code) || RankOf(code) == rank::RevealedBomb;
     content.Text = shown ? ToQString(RankName(RankOf(code))) : u"*"_s;
-    content.ForeColour = kArmyColours.at(static_cast<std::size_t>(shown ? OwnPlayer() : OtherPlayer()));
+    content.ForeColour = kArmyColours[shown ? OwnPlayer() : OtherPlayer()];
     if (cell == selected_cell_) content.Marks = Mark::Selected;
   }
   fg1_.SetCell(IndexOf(cell), content);
@@ -255,7 +252,7 @@ QString StrategyFlow::DescribeCell(Coordinate cell) const {
   const QString name = known || code == kWaterCell ? ToQString(RankName(RankOf(code))) : QString();
   QString colour;
   if (IsPiece(code)) {
-    colour = SideOf(code) == 0 ? u" rojo"_s : u" azul"_s;
+    colour = SideOf(code) == Player::Server ? u" rojo"_s : u" azul"_s;
     // Flag and bomb are feminine; the spy keeps the masculine form.
     if (name.startsWith(u'B') && name.endsWith(u'a') && colour.endsWith(u'o')) colour = u" roja"_s;
     colour += u" . ";

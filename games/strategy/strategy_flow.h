@@ -1,8 +1,6 @@
 // A session of a strategy game: turns the outcomes of the rules into texts, messages and what FG1 shows.
 #pragma once
 
-#include <array>
-
 #include "games/strategy/army.h"
 #include "games/strategy/combat.h"
 #include "games/strategy/strategy_game.h"
@@ -34,7 +32,7 @@ class StrategyFlow : public GameFlow {
   [[nodiscard]] const brontavia::Army& Army() const { return army_; }
   [[nodiscard]] bool PlacementMode() const { return placement_mode_; }
   [[nodiscard]] bool WaitingForOpponent() const { return waiting_for_opponent_; }
-  [[nodiscard]] const std::array<bool, 2>& ReadyFlags() const { return ready_flags_; }
+  [[nodiscard]] const PerPlayer<bool>& ReadyFlags() const { return ready_flags_; }
   // (0, 0) while no piece is selected.
   [[nodiscard]] Coordinate SelectedCell() const { return selected_cell_; }
   // Where a cell of the board shows on FG1.
@@ -64,12 +62,12 @@ class StrategyFlow : public GameFlow {
   void SendArmy();
   void ReceiveArmy(const QString& data);
   void OpponentReady();
-  [[nodiscard]] bool BothReady() const { return ready_flags_[0] && ready_flags_[1]; }
+  [[nodiscard]] bool BothReady() const { return ready_flags_ == PerPlayer<bool>{true, true}; }
   void BeginFight();
 
   // ---- Fight ----
   [[nodiscard]] bool OwnTurn() const { return session_.TurnSettled && session_.CurrentTurn == OwnPlayer(); }
-  void PassTurnOn() { session_.CurrentTurn = 1 - session_.CurrentTurn; }
+  void PassTurnOn() { session_.CurrentTurn = OpponentOf(session_.CurrentTurn); }
   void ClickToFight(Coordinate cell);
   void Select(Coordinate cell);
   void ClearSelection();
@@ -94,7 +92,7 @@ class StrategyFlow : public GameFlow {
   void ListRanks();
   [[nodiscard]] Coordinate CellOf(CellIndex index) const;
   [[nodiscard]] bool IsOwnPiece(CellCode code) const { return IsPieceOf(OwnPlayer(), code); }
-  [[nodiscard]] QString PaddedName(int player) const { return session_.PlayerNames.Padded(player); }
+  [[nodiscard]] QString PaddedName(Player player) const { return session_.PlayerNames.Padded(player); }
 
   const StrategyGame& game_;
   brontavia::StrategyBoard board_;
@@ -102,7 +100,7 @@ class StrategyFlow : public GameFlow {
   BoardModel fg1_;
   bool placement_mode_ = true;
   bool waiting_for_opponent_ = false;
-  std::array<bool, 2> ready_flags_{};  // by player number; never cleared, so that later games begin sooner
+  PerPlayer<bool> ready_flags_;  // never cleared, so that later games begin sooner
   Coordinate selected_cell_;
   CellCode selected_code_ = kEmptyLand;
 };

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 void DrawPiece(QPainter& painter, const QRectF& area, char16_t symbol, const QColor& colour, qreal width) {
   painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
-  if (symbol == ThreeInRowBoard::PlayerSymbols[0]) {
+  if (symbol == ThreeInRowBoard::PlayerSymbols.Server) {
     painter.drawLine(area.topLeft(), area.bottomRight());
     painter.drawLine(area.topRight(), area.bottomLeft());
   } else {

@@ -32,8 +32,8 @@ std::optional<TerMove> ReadTerMove(std::u16string_view payload) {
   return TerMove{.Lifted = std::max(lifted, kNoCell), .Target = target};
 }
 
-TerClick ThreeInRowBoard::Click(int player, int cell) {
-  const char16_t own = PlayerSymbols.at(static_cast<std::size_t>(player));
+TerClick ThreeInRowBoard::Click(Player player, int cell) {
+  const char16_t own = PlayerSymbols[player];
   if (placing_phase_ && At(cell) != kEmpty) return TerClick::NotEmpty;
   if (!placing_phase_) {
     if (At(cell) != own) return TerClick::NotOwnPiece;
@@ -48,24 +48,24 @@ TerClick ThreeInRowBoard::Click(int player, int cell) {
     placing_phase_ = false;
     return TerClick::PutBack;
   }
-  std::int16_t& placed = pieces_placed_.at(static_cast<std::size_t>(player));
+  std::int16_t& placed = pieces_placed_[player];
   if (placed < std::numeric_limits<std::int16_t>::max()) ++placed;
   move_ = {.Lifted = pos_quitada_, .Target = cell};
   return TerClick::Moved;
 }
 
-void ThreeInRowBoard::EndMove(int player) {
+void ThreeInRowBoard::EndMove(Player player) {
   pos_quitada_ = kNoCell;
   // Without effect on play: BeginMove sets the phase anew before this player moves again.
   placing_phase_ = PiecesPlaced(player) < kPiecesToPlace + 1;
 }
 
-void ThreeInRowBoard::Apply(int mover, TerMove move) {
+void ThreeInRowBoard::Apply(Player mover, TerMove move) {
   if (move.Lifted != kNoCell) Cell(move.Lifted) = kEmpty;
-  Cell(move.Target) = PlayerSymbols.at(static_cast<std::size_t>(mover));
+  Cell(move.Target) = PlayerSymbols[mover];
 }
 
-void ThreeInRowBoard::BeginMove(int player) { placing_phase_ = PiecesPlaced(player) < kPiecesToPlace; }
+void ThreeInRowBoard::BeginMove(Player player) { placing_phase_ = PiecesPlaced(player) < kPiecesToPlace; }
 
 bool ThreeInRowBoard::HasLine() const {
   return std::any_of(kLines.begin(), kLines.end(), [this](const auto& line) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "net/player.h"
+
 namespace brontavia {
 
 inline constexpr int kTerSide = 3;
@@ -38,22 +40,22 @@ enum class TerClick {
 class ThreeInRowBoard {
  public:
   static constexpr char16_t kEmpty = u'*';
-  static constexpr std::array<char16_t, 2> PlayerSymbols{u'X', u'O'};  // by player number
+  static constexpr PerPlayer<char16_t> PlayerSymbols{u'X', u'O'};
 
   // Everything back to the start of a game.
   void Reset() { *this = ThreeInRowBoard(); }
 
   // `player`, who is to move, clicks `cell` (0..8).
-  TerClick Click(int player, int cell);
+  TerClick Click(Player player, int cell);
   // The move that the last click completed.
   [[nodiscard]] TerMove Move() const { return move_; }
   // After a completed move that has not won: makes ready for what comes next.
-  void EndMove(int player);
+  void EndMove(Player player);
 
   // Puts the move of `mover` on the board without judging it. The cells must lie on the board.
-  void Apply(int mover, TerMove move);
+  void Apply(Player mover, TerMove move);
   // The opponent has moved: whether `player` now places or lifts depends on what is placed already.
-  void BeginMove(int player);
+  void BeginMove(Player player);
 
   // Whether any of the eight lines holds three equal pieces.
   [[nodiscard]] bool HasLine() const;
@@ -61,13 +63,13 @@ class ThreeInRowBoard {
   [[nodiscard]] char16_t At(int cell) const { return cells_.at(static_cast<std::size_t>(cell)); }
   [[nodiscard]] bool PlacingPhase() const { return placing_phase_; }
   [[nodiscard]] int PosQuitada() const { return pos_quitada_; }
-  [[nodiscard]] int PiecesPlaced(int player) const { return pieces_placed_.at(static_cast<std::size_t>(player)); }
+  [[nodiscard]] int PiecesPlaced(Player player) const { return pieces_placed_[player]; }
 
  private:
   char16_t& Cell(int cell) { return cells_.at(static_cast<std::size_t>(cell)); }
 
   std::array<char16_t, kTerCells> cells_{kEmpty, kEmpty, kEmpty, kEmpty, kEmpty, kEmpty, kEmpty, kEmpty, kEmpty};
-  std::array<std::int16_t, 2> pieces_placed_{};  // own side only: the opponent's placements are not counted here
+  PerPlayer<std::int16_t> pieces_placed_;  // own side only: the opponent's placements are not counted here
   bool placing_phase_ = true;
   int pos_quitada_ = kNoCell;  // the cell that the mover has lifted a piece from in this move
   TerMove move_;

@@ -7,7 +7,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr std::array<ColourValue, 2> PlayerColours{0x0000FF, 0x00FF00};  // red for the server, green for the client
+constexpr PerPlayer<ColourValue> PlayerColours{0x0000FF, 0x00FF00};  // red for the server, green for the client
 
 constexpr BoardShape kFG1Shape{.Rows = kTerSide, .Columns = kTerSide, .CellWidth = 900, .CellHeight = 900};
 
@@ -37,7 +37,7 @@ void ThreeInRowFlow::ResetBoard() {
   ShowBoard();
   session_.GameOver = false;
   session_.RematchWanted = {};
-  session_.CurrentTurn = session_.StartingPlayer = 1 - session_.StartingPlayer;
+  session_.CurrentTurn = session_.StartingPlayer = OpponentOf(session_.StartingPlayer);
 }
 
 void ThreeInRowFlow::ResetForSession() {
@@ -65,6 +65,7 @@ void ThreeInRowFlow::BoardClicked(CellIndex cell) {
 }
 
 void ThreeInRowFlow::OwnClick(int cell) {
+  const ThreeInRowBoard before = board_;
   const TerClick outcome = board_.Click(OwnPlayer(), cell);
   ShowCell(cell);
   switch (outcome) {
@@ -81,25 +82,26 @@ void ThreeInRowFlow::OwnClick(int cell) {
       SetStatus(u"El movimiento realizado no es válido, vuelva a quitar una ficha"_s);
       return;
     case TerClick::Moved:
-      FinishOwnMove();
+      FinishOwnMove(before);
       return;
   }
 }
 
-void ThreeInRowFlow::FinishOwnMove() {
-  const QString move = message::kMove.Token + QString::fromStdU16String(TerMoveText(board_.Move()));
-  // The turn has passed, or the game is over, before anything is shown or sent that might let another click in.
-  if (!board_.HasLine()) {
+void ThreeInRowFlow::FinishOwnMove(const ThreeInRowBoard& before) {
+  const bool won = board_.HasLine();
+  const QString move = message::kMove.Token + ToQString(TerMoveText(board_.Move()));
+  const bool sent = Send(move) && (!won || Send(message::kWon.Token + QString::number(NumberOf(OwnPlayer()))));
+  if (!sent) {
+    board_ = before;
+    ShowBoard();
+    return;
+  }
+  if (!won) {
     board_.EndMove(OwnPlayer());
     session_.CurrentTurn = OtherPlayer();
     AddMessage(u"Turno de jugar para "_s + session_.PlayerNames.Padded(session_.CurrentTurn));
-    Send(move);
     return;
   }
-  Send(move);
-  if (Ended()) return;
-  Send(message::kWon.Token + QString::number(session_.CurrentTurn));
-  if (Ended()) return;
   ShowBox(u"¡Ha ganado! Consiguió hacer tres en raya antes que su rival."_s + kCrLf +
               u"Pulse sobre el tablero para continuar.",
           u"Enhorabuena"_s);
@@ -116,7 +118,7 @@ void ThreeInRowFlow::MoveReceived(const QString& payload) {
   if (move->Lifted != kNoCell) ShowCell(move->Lifted);
   ShowCell(move->Target);
   if (session_.GameOver) return;
-  session_.CurrentTurn = 1 - session_.CurrentTurn;
+  session_.CurrentTurn = OpponentOf(session_.CurrentTurn);
   const QString name = session_.PlayerNames.Trimmed(session_.CurrentTurn);
   AddMessage(u" Turno de "_s + name + u" para jugar.");
   SetStatus(name + u", le toca jugar");
@@ -139,8 +141,8 @@ void ThreeInRowFlow::Lost() {
 void ThreeInRowFlow::ShowCell(int cell) {
   const char16_t symbol = board_.At(cell);
   ColourValue colour = kDefaultColour;
-  if (symbol == ThreeInRowBoard::PlayerSymbols[0]) colour = PlayerColours[0];
-  if (symbol == ThreeInRowBoard::PlayerSymbols[1]) colour = PlayerColours[1];
+  if (symbol == ThreeInRowBoard::PlayerSymbols.Server) colour = PlayerColours.Server;
+  if (symbol == ThreeInRowBoard::PlayerSymbols.Client) colour = PlayerColours.Client;
   fg1_.SetCell(IndexOf(cell), {.Text = QString(symbol), .ForeColour = colour});
 }
 

@@ -29,7 +29,8 @@ class ThreeInRowFlow : public GameFlow {
   void ResetBoard();
   void ShowBoard();
   void OwnClick(int cell);
-  void FinishOwnMove();
+  // `before`: the board without the click that has completed the move.
+  void FinishOwnMove(const ThreeInRowBoard& before);
   void MoveReceived(const QString& payload);
   void Lost();
   void ShowCell(int cell);

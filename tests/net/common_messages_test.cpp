@@ -91,7 +91,7 @@ INSTANTIATE_TEST_SUITE_P(Choice, TurnChoice, testing::ValuesIn(kChoices),
 
 struct Decision {
   const char* Name;
-  int Starter;
+  Player Starter;
   bool Drawn;
   QStringView Text;
 };
@@ -112,10 +112,10 @@ TEST_P(TurnDecided, IsReadBack) {
 }
 
 constexpr Decision kDecisions[] = {
-    {"ServerByMutualDecision", 0, false, u"Turnodef|00"},
-    {"ClientByMutualDecision", 1, false, u"Turnodef|10"},
-    {"ServerByDraw", 0, true, u"Turnodef|01"},
-    {"ClientByDraw", 1, true, u"Turnodef|11"},
+    {"ServerByMutualDecision", Player::Server, false, u"Turnodef|00"},
+    {"ClientByMutualDecision", Player::Client, false, u"Turnodef|10"},
+    {"ServerByDraw", Player::Server, true, u"Turnodef|01"},
+    {"ClientByDraw", Player::Client, true, u"Turnodef|11"},
 };
 INSTANTIATE_TEST_SUITE_P(Decision, TurnDecided, testing::ValuesIn(kDecisions),
                          [](const auto& tested) { return std::string(tested.param.Name); });
@@ -135,7 +135,7 @@ TEST_P(StrangeTurnDecided, IsReadByPositionOrRefused) {
   const auto decision = ReadTurnDecision(GetParam().Text);
   ASSERT_EQ(decision.has_value(), GetParam().Starter >= 0);
   if (!decision) return;
-  EXPECT_EQ(decision->Starter, GetParam().Starter);
+  EXPECT_EQ(NumberOf(decision->Starter), GetParam().Starter);
   EXPECT_EQ(decision->Drawn, GetParam().Drawn);
 }
 

@@ -30,7 +30,11 @@ class PlainGame : public GameFlow {
 struct PlainCopy {
   PlainCopy(Role role, const WindowTraits& window)
       : Values{.PlayerRole = role},
-        Flow(window, {.Connection = Connection, .Dialogs = Dialogs, .Screen = Screen, .Values = Values}) {}
+        Flow(window, {.Connection = Connection,
+                      .Dialogs = Dialogs,
+                      .Screen = Screen,
+                      .Values = Values,
+                      .FreeBetweenBoxes = std::chrono::milliseconds(0)}) {}
 
   TestConnection Connection;
   ScriptedDialogs Dialogs{u"copy"_s};

@@ -25,10 +25,10 @@ TEST(Handshake, ShowsEachPlayerTheOtherName) {
   EXPECT_TRUE(LinesOfServer(pair).contains(u"Nombre recibido"_s));
   EXPECT_TRUE(LinesOfServer(pair).contains(u"Va a jugar contra Luis"_s));
   for (TerCopy* copy : {&pair.Server, &pair.Client}) {
-    EXPECT_EQ(copy->Flow.State().PlayerNames.Padded(0), u"Ana            "_s);
-    EXPECT_EQ(copy->Flow.State().PlayerNames.Padded(1), u"Luis           "_s);
-    EXPECT_TRUE(copy->Flow.State().NameKnown[0]);
-    EXPECT_TRUE(copy->Flow.State().NameKnown[1]);
+    EXPECT_EQ(copy->Flow.State().PlayerNames.Padded(Player::Server), u"Ana            "_s);
+    EXPECT_EQ(copy->Flow.State().PlayerNames.Padded(Player::Client), u"Luis           "_s);
+    EXPECT_TRUE(copy->Flow.State().NameKnown.Server);
+    EXPECT_TRUE(copy->Flow.State().NameKnown.Client);
     EXPECT_TRUE(copy->Screen.Visible[Frame::FrJuego]);
   }
 }
@@ -47,7 +47,7 @@ TEST(Handshake, CutsALongNameOnlyWhereItIsStored) {
   EXPECT_EQ(pair.Server.Screen.Caption, u"abcdefghijklmnopqrst - Tres en raya"_s);
   EXPECT_TRUE(pair.Server.Connection.Sent.contains(u"Nombre|abcdefghijklmnopqrst"_s));
   EXPECT_TRUE(pair.Client.Screen.Lines.contains(u"Va a jugar contra abcdefghijklmnopqrst"_s));
-  EXPECT_EQ(pair.Client.Flow.State().PlayerNames.Padded(0), u"abcdefghijklmno"_s);
+  EXPECT_EQ(pair.Client.Flow.State().PlayerNames.Padded(Player::Server), u"abcdefghijklmno"_s);
 }
 
 TEST(Handshake, SendsANameWithItsOuterBlanksAndCaptionsItWithout) {
@@ -55,13 +55,13 @@ TEST(Handshake, SendsANameWithItsOuterBlanksAndCaptionsItWithout) {
   pair.Connect({.ServerName = u"  Ana  "_s});
   EXPECT_EQ(pair.Server.Screen.Caption, u"Ana - Tres en raya"_s);
   EXPECT_TRUE(pair.Server.Connection.Sent.contains(u"Nombre|  Ana  "_s));
-  EXPECT_EQ(pair.Client.Flow.State().PlayerNames.Padded(0), u"  Ana          "_s);
+  EXPECT_EQ(pair.Client.Flow.State().PlayerNames.Padded(Player::Server), u"  Ana          "_s);
 }
 
 TEST(Handshake, NamesOutsideTheWireEncodingLoseThoseCharacters) {
   TerPair pair;
   pair.Connect({.ServerName = u"Añá € ☺"_s});
-  EXPECT_EQ(pair.Client.Flow.State().PlayerNames.Trimmed(0), u"Añá € ?"_s);
+  EXPECT_EQ(pair.Client.Flow.State().PlayerNames.Trimmed(Player::Server), u"Añá € ?"_s);
 }
 
 // ---- The first turn ----
@@ -71,7 +71,7 @@ struct FirstTurnCase {
   QString ServerChoice;
   QString ClientChoice;
   QString ChoiceSent;
-  std::optional<int> Starter;  // nothing: drawn
+  std::optional<Player> Starter;  // nothing: drawn
 };
 
 class FirstTurnOf : public testing::TestWithParam<FirstTurnCase> {};
@@ -81,13 +81,13 @@ TEST_P(FirstTurnOf, IsDecidedByBothChoices) {
   TerPair pair;
   pair.Connect({.ServerChoice = row.ServerChoice, .ClientChoice = row.ClientChoice});
   EXPECT_EQ(pair.Client.Connection.Sent.last(), u"turno|" + row.ChoiceSent);
-  const int starter = pair.Server.Flow.State().CurrentTurn;
+  const Player starter = pair.Server.Flow.State().CurrentTurn;
   if (row.Starter) {
     EXPECT_EQ(starter, *row.Starter);
   }
   const QString how = row.Starter ? u"0"_s : u"1"_s;
-  EXPECT_EQ(pair.Server.Connection.Sent.last(), u"Turnodef|" + QString::number(starter) + how);
-  const QString name = starter == 0 ? u"Ana"_s : u"Luis"_s;
+  EXPECT_EQ(pair.Server.Connection.Sent.last(), u"Turnodef|" + QString::number(NumberOf(starter)) + how);
+  const QString name = starter == Player::Server ? u"Ana"_s : u"Luis"_s;
   const QString opening =
       row.Starter ? u"Por decisión mutua comienza jugando "_s : u"Tras realizar el sorteo, comienza jugando "_s;
   // The server's own choice came first here: the report of a mutual decision has the comma.
@@ -102,8 +102,8 @@ TEST_P(FirstTurnOf, IsDecidedByBothChoices) {
 
 INSTANTIATE_TEST_SUITE_P(
     Choices, FirstTurnOf,
-    testing::Values(FirstTurnCase{"BothWantTheServer", u"1"_s, u"2"_s, u"2"_s, 0},
-                    FirstTurnCase{"BothWantTheClient", u"2"_s, u"1"_s, u"1"_s, 1},
+    testing::Values(FirstTurnCase{"BothWantTheServer", u"1"_s, u"2"_s, u"2"_s, Player::Server},
+                    FirstTurnCase{"BothWantTheClient", u"2"_s, u"1"_s, u"1"_s, Player::Client},
                     FirstTurnCase{"BothWantToStart", u"1"_s, u"1"_s, u"1"_s, std::nullopt},
                     FirstTurnCase{"BothWantTheOther", u"2"_s, u"2"_s, u"2"_s, std::nullopt},
                     FirstTurnCase{"BothDraw", u"3"_s, u"3"_s, u"3"_s, std::nullopt},
@@ -111,8 +111,8 @@ INSTANTIATE_TEST_SUITE_P(
                     FirstTurnCase{"TooLargeBecomesDraw", u"1"_s, u"7"_s, u"3"_s, std::nullopt},
                     FirstTurnCase{"CancelBecomesDraw", u""_s, u""_s, u"3"_s, std::nullopt},
                     FirstTurnCase{"LettersBecomeDraw", u"yo"_s, u"1"_s, u"1"_s, std::nullopt},
-                    FirstTurnCase{"HalvesGoToTheEvenNeighbour", u"1.5"_s, u"1"_s, u"1"_s, 1},
-                    FirstTurnCase{"HalvesPassOnTheWire", u"1"_s, u" 1.5 "_s, u"1.5"_s, 0},
+                    FirstTurnCase{"HalvesGoToTheEvenNeighbour", u"1.5"_s, u"1"_s, u"1"_s, Player::Client},
+                    FirstTurnCase{"HalvesPassOnTheWire", u"1"_s, u" 1.5 "_s, u"1.5"_s, Player::Server},
                     FirstTurnCase{"JustBelowOneBecomesDraw", u"0.9"_s, u"1"_s, u"1"_s, std::nullopt},
                     FirstTurnCase{"JustAboveThreeBecomesDraw", u"1"_s, u"3.1"_s, u"3"_s, std::nullopt}),
     [](const auto& tested) { return std::string(tested.param.Name); });
@@ -122,8 +122,8 @@ TEST(Handshake, AClientChoiceThatComesFirstIsReportedWithoutTheComma) {
   pair.Server.Dialogs.Expect(box::kRequestTitle, box::kRequest, Button::Ok);
   pair.Server.Dialogs.ExpectInput(box::kNameTitle, box::kName, u"Servidor"_s, u"Ana"_s, [&] {
     pair.Settle();
-    EXPECT_EQ(pair.Server.Flow.State().TurnChoices[1], 1);
-    EXPECT_EQ(pair.Server.Flow.State().PlayerNames.Trimmed(1), u"Luis"_s);
+    EXPECT_EQ(pair.Server.Flow.State().TurnChoices.Client, 1);
+    EXPECT_EQ(pair.Server.Flow.State().PlayerNames.Trimmed(Player::Client), u"Luis"_s);
   });
   pair.Server.Dialogs.ExpectInput(box::kTurnTitle, box::kTurn, u"3"_s, u"1"_s);
   pair.Client.Dialogs.ExpectInput(box::kNameTitle, box::kName, u"Cliente"_s, u"Luis"_s);
@@ -139,7 +139,7 @@ TEST(Handshake, DrawsAreFairEnoughToReachBothPlayers) {
   for (unsigned seed = 0; seed < 200; ++seed) {
     TerPair pair(seed);
     pair.Connect({.ServerChoice = u"3"_s, .ClientChoice = u"3"_s});
-    if (pair.Server.Flow.State().CurrentTurn == 0) ++servers;
+    if (pair.Server.Flow.State().CurrentTurn == Player::Server) ++servers;
   }
   EXPECT_GT(servers, 60);
   EXPECT_LT(servers, 140);
@@ -163,7 +163,7 @@ TEST(Handshake, TheClientOnlyRecordsAChoice) {
   pair.Client.Connection.Receive(u"turno|1"_s);
   pair.Settle();
   EXPECT_EQ(pair.Client.Connection.Sent, sent);
-  EXPECT_EQ(pair.Client.Flow.State().TurnChoices[1], 2);
+  EXPECT_EQ(pair.Client.Flow.State().TurnChoices.Client, 2);
 }
 
 TEST(Handshake, TheServerIgnoresADecision) {
@@ -172,7 +172,7 @@ TEST(Handshake, TheServerIgnoresADecision) {
   const QStringList lines = pair.Server.Screen.Lines;
   pair.Server.Connection.Receive(u"Turnodef|11"_s);
   pair.Settle();
-  EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, Player::Server);
   EXPECT_EQ(pair.Server.Screen.Lines, lines);
 }
 
@@ -253,7 +253,7 @@ TEST(Dispatcher, AnErrorInOneHandlerLeavesTheOthersToRun) {
   pair.Connect();
   pair.Client.Connection.Receive(u"Turnodef|7? Seguir|Si"_s);
   pair.Settle();
-  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Server);
   EXPECT_EQ(pair.Client.Screen.Lines.last(), u"Nueva partida.Ana desea jugar otra partida."_s);
 }
 
@@ -268,7 +268,7 @@ TEST(Dispatcher, AnAcceptanceIsSearchedForNothingElse) {
   EXPECT_FALSE(pair.Client.Finished);
   EXPECT_EQ(pair.Client.Screen.Caption, u"Eva - Tres en raya"_s);
   EXPECT_FALSE(pair.Client.Flow.State().TurnSettled);
-  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 1 - turn) << "a session that starts resets the board";
+  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, OpponentOf(turn)) << "a session that starts resets the board";
 }
 
 // ---- Another game ----
@@ -295,7 +295,7 @@ TEST_F(Rematch, BothYesStartANewGameWithTheScoreAndTheOtherStarter) {
   AnswerRematch(Pair.Server, Button::Yes);
   Pair.Settle();
   EXPECT_EQ(Pair.Client.Screen.Messages, u"\r\nNueva partida.Ana desea jugar otra partida."_s);
-  EXPECT_TRUE(Pair.Client.Flow.State().RematchWanted[0]);
+  EXPECT_TRUE(Pair.Client.Flow.State().RematchWanted.Server);
   const QString score = u"Marcador actual: \r\nAna  1 : Luis 0\r\nComienza jugando Luis."_s;
   Pair.Server.Dialogs.Expect(box::kNewGameTitle, score);
   Pair.Client.Dialogs.Expect(box::kRematchTitle, box::kRematch, Button::Yes);
@@ -303,11 +303,11 @@ TEST_F(Rematch, BothYesStartANewGameWithTheScoreAndTheOtherStarter) {
   Pair.Client.Click(3);
   Pair.Settle();
   for (TerCopy* copy : {&Pair.Server, &Pair.Client}) {
-    EXPECT_EQ(copy->Flow.State().CurrentTurn, 1);
-    EXPECT_EQ(copy->Flow.State().StartingPlayer, 1);
+    EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Client);
+    EXPECT_EQ(copy->Flow.State().StartingPlayer, Player::Client);
     EXPECT_FALSE(copy->Flow.State().GameOver);
-    EXPECT_FALSE(copy->Flow.State().RematchWanted[0]);
-    EXPECT_FALSE(copy->Flow.State().RematchWanted[1]);
+    EXPECT_FALSE(copy->Flow.State().RematchWanted.Server);
+    EXPECT_FALSE(copy->Flow.State().RematchWanted.Client);
     EXPECT_EQ(copy->Shown(), u"*********"_s);
     EXPECT_EQ(copy->Screen.Messages, QString());
     EXPECT_EQ(copy->Screen.Status, QString());
@@ -328,13 +328,13 @@ TEST_F(Rematch, AYesThatComesWhileTheQuestionStandsCounts) {
   Pair.Server.Dialogs.Expect(box::kRematchTitle, box::kRematch, Button::Yes, [&] {
     AnswerRematch(Pair.Client, Button::Yes);
     Pair.Settle();
-    EXPECT_TRUE(Pair.Server.Flow.State().RematchWanted[1]);
+    EXPECT_TRUE(Pair.Server.Flow.State().RematchWanted.Client);
   });
   Pair.Server.Dialogs.Expect(box::kNewGameTitle, score);
   Pair.Server.Click(0);
   Pair.Client.Dialogs.Expect(box::kNewGameTitle, score);
   Pair.Settle();
-  EXPECT_EQ(Pair.Client.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Pair.Client.Flow.State().CurrentTurn, Player::Client);
 }
 
 TEST_F(Rematch, NoClosesBothWindows) {
@@ -421,7 +421,7 @@ TEST_F(Rematch, AYesInTheSameReadHidesARefusal) {
   Pair.Client.Connection.Receive(u"Seguir|NoSeguir|Si"_s);
   Pair.Settle();
   EXPECT_FALSE(Pair.Client.Finished);
-  EXPECT_TRUE(Pair.Client.Flow.State().RematchWanted[0]);
+  EXPECT_TRUE(Pair.Client.Flow.State().RematchWanted.Server);
 }
 
 }  // namespace

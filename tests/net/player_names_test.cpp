@@ -23,10 +23,10 @@ class PlayerName : public testing::TestWithParam<Name> {};
 
 TEST_P(PlayerName, HasFifteenCharacters) {
   PlayerNames names;
-  names.Set(1, GetParam().Typed);
-  EXPECT_EQ(names.Padded(1).toStdU16String(), GetParam().Padded.toString().toStdU16String());
-  EXPECT_EQ(names.Padded(1).size(), 15);
-  EXPECT_EQ(names.Trimmed(1).toStdU16String(), GetParam().Trimmed.toString().toStdU16String());
+  names.Set(Player::Client, GetParam().Typed);
+  EXPECT_EQ(names.Padded(Player::Client).toStdU16String(), GetParam().Padded.toString().toStdU16String());
+  EXPECT_EQ(names.Padded(Player::Client).size(), 15);
+  EXPECT_EQ(names.Trimmed(Player::Client).toStdU16String(), GetParam().Trimmed.toString().toStdU16String());
 }
 
 constexpr Name kNames[] = {
@@ -47,7 +47,7 @@ INSTANTIATE_TEST_SUITE_P(Name, PlayerName, testing::ValuesIn(kNames),
 
 TEST(PlayerNames, AreBlankUntilTheyAreKnown) {
   const PlayerNames names;
-  for (const int player : {0, 1}) {
+  for (const Player player : kBothPlayers) {
     EXPECT_EQ(names.Padded(player), QString(15, u' '));
     EXPECT_TRUE(names.Trimmed(player).isEmpty());
   }
@@ -55,20 +55,11 @@ TEST(PlayerNames, AreBlankUntilTheyAreKnown) {
 
 TEST(PlayerNames, AreKeptApart) {
   PlayerNames names;
-  names.Set(0, u"Ana");
-  names.Set(1, u"Luis");
-  names.Set(0, u"Eva");
-  EXPECT_EQ(names.Trimmed(0), u"Eva"_s);
-  EXPECT_EQ(names.Trimmed(1), u"Luis"_s);
-}
-
-TEST(PlayerNames, NobodyElseHasOne) {
-  PlayerNames names;
-  for (const int player : {-1, 2}) {
-    EXPECT_THROW(names.Set(player, u"Ana"), std::out_of_range);
-    EXPECT_THROW((void)names.Padded(player), std::out_of_range);
-    EXPECT_THROW((void)names.Trimmed(player), std::out_of_range);
-  }
+  names.Set(Player::Server, u"Ana");
+  names.Set(Player::Client, u"Luis");
+  names.Set(Player::Server, u"Eva");
+  EXPECT_EQ(names.Trimmed(Player::Server), u"Eva"_s);
+  EXPECT_EQ(names.Trimmed(Player::Client), u"Luis"_s);
 }
 
 }  // namespace

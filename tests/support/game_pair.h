@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <chrono>
 #include <optional>
 
 #include "net/game_flow.h"
@@ -44,7 +45,13 @@ struct GameCopy {
   GameCopy(Role role, const QString& owner, unsigned seed, const auto&... variant)
       : Dialogs(owner),
         Values{.PlayerRole = role},
-        Flow(variant..., {.Connection = Connection, .Dialogs = Dialogs, .Screen = Screen, .Values = Values}, seed) {
+        Flow(variant...,
+             {.Connection = Connection,
+              .Dialogs = Dialogs,
+              .Screen = Screen,
+              .Values = Values,
+              .FreeBetweenBoxes = std::chrono::milliseconds(0)},
+             seed) {
     QObject::connect(&Flow, &ConnectionFlow::Finished, &Flow, [this](AfterWindow after) { Finished = after; });
   }
 
@@ -69,7 +76,7 @@ class GamePair {
   CopyOfGame Server;
   CopyOfGame Client;
 
-  [[nodiscard]] CopyOfGame& Copy(int player) { return player == 0 ? Server : Client; }
+  [[nodiscard]] CopyOfGame& Copy(Player player) { return player == Player::Server ? Server : Client; }
 
   // Lets everything that is under way come to rest.
   void Settle() {

@@ -34,8 +34,8 @@ void TestConnection::Connect(const QString& host, std::int32_t port) {
 }
 
 bool TestConnection::Accept(int /*request*/) {
-  asked_ = false;
   if (peer_ == nullptr || peer_->state_ != ConnectionState::Connecting) return false;
+  asked_ = false;
   state_ = peer_->state_ = ConnectionState::Connected;
   return true;
 }

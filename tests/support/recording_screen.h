@@ -10,17 +10,31 @@ namespace brontavia::test {
 
 class RecordingScreen : public Screen {
  public:
-  void SetCaption(const QString& caption) override { Caption = caption; }
-  void ShowFrame(Frame frame, bool visible) override { Visible[frame] = visible; }
-  void SetText(Box box, const QString& text) override { TextOf(box) = text; }
-  void AppendText(Box box, const QString& text) override { TextOf(box) += text; }
+  void SetCaption(const QString& caption) override {
+    ++Writes;
+    Caption = caption;
+  }
+  void ShowFrame(Frame frame, bool visible) override {
+    ++Writes;
+    Visible[frame] = visible;
+  }
+  void SetText(Box box, const QString& text) override {
+    ++Writes;
+    TextOf(box) = text;
+  }
+  void AppendText(Box box, const QString& text) override {
+    ++Writes;
+    TextOf(box) += text;
+  }
   void AddMessage(const QString& line) override {
+    ++Writes;
     Messages += u"\r\n" + line;
     Lines << line;
   }
   void Beep() override { ++Beeps; }
-  void PlaySound(Player player, const QString& file) override {
-    Sounds << (player == Player::Mp1 ? u"Mp1 " : u"MP2 ") + file;
+  void PlaySound(MediaPlayer player, const QString& file) override {
+    ++Writes;
+    Sounds << (player == MediaPlayer::Mp1 ? u"Mp1 " : u"MP2 ") + file;
   }
 
   QString Caption;
@@ -34,6 +48,7 @@ class RecordingScreen : public Screen {
   QString Clocks;      // TBReloj
   QStringList Sounds;  // player and file of every sound
   int Beeps = 0;
+  int Writes = 0;  // everything above but beeps
 
  private:
   QString& TextOf(Box box) {

@@ -67,14 +67,22 @@ bool ScriptedDialogs::StayOpen(const Meanwhile& meanwhile) {
   const bool still_open = closed_ == 0;
   if (!still_open) --closed_;
   --open_;
+  emit Answered();
   return still_open;
+}
+
+template <typename Answer>
+auto ScriptedDialogs::WhileOpen(const Answer& answer) {
+  auto answered = decltype(answer()){};
+  StayOpen([&] { answered = answer(); });
+  return answered;
 }
 
 Button ScriptedDialogs::MessageBox(const QString& text, const QString& title, Buttons buttons) {
   const Button refused = buttons == Buttons::YesNo ? Button::No : Button::Cancel;
   if (AnswerBox) {
     Shown << title + u": " + text;
-    return AnswerBox(title);
+    return WhileOpen([&] { return AnswerBox(title); });
   }
   const auto expected = Next(title, text, {}, Kind::Message);
   if (!expected) return refused;
@@ -86,20 +94,27 @@ Button ScriptedDialogs::MessageBox(const QString& text, const QString& title, Bu
 QString ScriptedDialogs::InputBox(const QString& prompt, const QString& title, const QString& proposal) {
   if (AnswerInput) {
     Shown << title + u": " + prompt;
-    return AnswerInput(title);
+    return WhileOpen([&] { return AnswerInput(title); });
   }
   const auto expected = Next(title, prompt, proposal, Kind::Input);
   return expected && StayOpen(expected->While) ? expected->Typed : QString();
 }
 
 QString ScriptedDialogs::ChooseFile(const FileQuestion& question) {
+  if (AnswerFile) {
+    Shown << question.Title;
+    return WhileOpen([&] { return AnswerFile(question); });
+  }
   const auto expected = Next(question.Title, question.Filter, question.Path, Kind::File);
   return expected && StayOpen(expected->While) ? expected->Typed : QString();
 }
 
 std::optional<int> ScriptedDialogs::PopUpMenu(const QString& name, const QString& /*title*/,
                                               const QList<MenuItem>& items) {
-  if (AnswerMenu) return AnswerMenu(items);
+  if (AnswerMenu) {
+    Shown << name;
+    return WhileOpen([&] { return AnswerMenu(items); });
+  }
   QStringList captions;
   for (const MenuItem& item : items) {
     if (item.Visible) captions << item.Caption;
@@ -113,6 +128,9 @@ std::optional<int> ScriptedDialogs::PopUpMenu(const QString& name, const QString
   return std::nullopt;
 }
 
-void ScriptedDialogs::CloseAll() { closed_ = open_; }
+void ScriptedDialogs::CloseAll() {
+  closed_ = open_;
+  if (WhenAllClose) WhenAllClose();
+}
 
 }  // namespace brontavia::test

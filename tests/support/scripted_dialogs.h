@@ -17,8 +17,7 @@ class ScriptedDialogs : public Dialogs {
   using Meanwhile = std::function<void()>;
 
   explicit ScriptedDialogs(QString owner) : owner_(std::move(owner)) {}
-  ScriptedDialogs(const ScriptedDialogs&) = delete;
-  ScriptedDialogs& operator=(const ScriptedDialogs&) = delete;
+  Q_DISABLE_COPY_MOVE(ScriptedDialogs)
   ~ScriptedDialogs() override;
 
   // ---- The script ----
@@ -35,6 +34,9 @@ class ScriptedDialogs : public Dialogs {
   std::function<Button(const QString& title)> AnswerBox;
   std::function<QString(const QString& title)> AnswerInput;
   std::function<std::optional<int>(const QList<MenuItem>& items)> AnswerMenu;
+  std::function<QString(const FileQuestion& question)> AnswerFile;
+  // The window is ending.
+  std::function<void()> WhenAllClose;
 
   QStringList Shown;  // titles and texts of all boxes, in order
 
@@ -44,6 +46,7 @@ class ScriptedDialogs : public Dialogs {
   QString SaveFile(const FileQuestion& question) override { return ChooseFile(question); }
   std::optional<int> PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) override;
   void CloseAll() override;
+  [[nodiscard]] bool IsShowing() const override { return open_ > closed_; }
 
  private:
   enum class Kind { Message, Input, File, Menu };
@@ -62,6 +65,9 @@ class ScriptedDialogs : public Dialogs {
   QString ChooseFile(const FileQuestion& question);
   // Lets the box's meanwhile happen; returns whether the box was still open afterwards.
   bool StayOpen(const Meanwhile& meanwhile);
+  // Shows a box for as long as `answer` takes.
+  template <typename Answer>
+  auto WhileOpen(const Answer& answer);
 
   QString owner_;
   std::deque<Expected> script_;

@@ -143,8 +143,9 @@ TEST_F(ChessFiles, ASavedPositionIsResumedByBoth) {
   EXPECT_TRUE(White.Screen.Lines.contains(u"Se aceptó la solicitud, cargando la partida."_s));
   EXPECT_EQ(Black.Screen.Lines.last(), u"Posición cargada. Usted juega con  blancas. Mueven  negras."_s);
   for (const AjeCopy* copy : {&White, &Black}) {
-    EXPECT_EQ(copy->Flow.WhitePlayer(), 1);
-    EXPECT_EQ(copy->Flow.State().CurrentTurn, 1) << "with Black to move the turn is handed over all the same";
+    EXPECT_EQ(copy->Flow.WhitePlayer(), Player::Client);
+    EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Client)
+        << "with Black to move the turn is handed over all the same";
     EXPECT_EQ(copy->At(u"a1"_s), PieceOf(kKing, kWhite));
     EXPECT_EQ(copy->Flow.Game().Position().KingSquares.Black, (Coordinate{8, 1}));
     EXPECT_EQ(copy->Flow.Game().Position().MoveNumber, 9);
@@ -241,8 +242,8 @@ TEST_F(ChessFiles, TurnsThatCannotBeAreLeftOut) {
     Black.Connection.Receive(u"cargpturnos|"_s + payload);
     Pair.Settle();
   }
-  EXPECT_EQ(Black.Flow.WhitePlayer(), 0);
-  EXPECT_EQ(Black.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(Black.Flow.WhitePlayer(), Player::Server);
+  EXPECT_EQ(Black.Flow.State().CurrentTurn, Player::Server);
   EXPECT_TRUE(Black.Screen.Lines.filter(u"Posición cargada"_s).isEmpty());
 }
 

@@ -33,7 +33,7 @@ TEST_F(Chess, BeginsWithAllTextsAndTheWholeBoard) {
     EXPECT_EQ(copy->Shown(u"e4"_s), CellContent{});
     EXPECT_EQ(copy->Flow.FG1().Cell({0, 1}).Text, u"a"_s);
     EXPECT_EQ(copy->Flow.FG1().Cell({1, 0}).Text, u"8"_s);
-    EXPECT_EQ(copy->Flow.WhitePlayer(), 0);
+    EXPECT_EQ(copy->Flow.WhitePlayer(), Player::Server);
     EXPECT_EQ(copy->Screen.Beeps, 0);
   }
 }
@@ -52,7 +52,7 @@ TEST_F(Chess, AMoveIsToldOnBothSides) {
     EXPECT_EQ(copy->Shown(u"e4"_s), (CellContent{.Text = u"P"_s, .Marks = Mark::LastMove}));
     EXPECT_EQ(copy->Shown(u"e2"_s), CellContent{.Marks = Mark::LastMove});
     EXPECT_EQ(copy->Flow.Game().Position().SideToMove, kBlack);
-    EXPECT_EQ(copy->Flow.State().CurrentTurn, 1);
+    EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Client);
   }
   Pair.Play(u"e7e5"_s);
   EXPECT_EQ(White.Screen.Moves, u"1. e2-e4, e7-e5\r\n"_s);
@@ -89,7 +89,7 @@ TEST_F(Chess, AMoveThatWouldLeaveTheKingAttackedIsTakenBack) {
   EXPECT_EQ(Black.Screen.Status, u"Movimiento incorrecto. El rey quedaría en jaque."_s);
   EXPECT_EQ(Black.At(u"f7"_s), PieceOf(kPawn, kBlack));
   EXPECT_FALSE(Black.Flow.Game().HasSelection());
-  EXPECT_EQ(Black.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Black.Flow.State().CurrentTurn, Player::Client);
 }
 
 TEST_F(Chess, AnEnPassantChanceIsToldAndTaken) {
@@ -176,7 +176,7 @@ TEST_P(BadMoves, ChangeNothing) {
   pair.Client.Connection.Receive(u"JUG|"_s + GetParam().Text);
   pair.Settle();
   EXPECT_EQ(pair.Client.Flow.Game().Position(), before);
-  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Server);
   EXPECT_FALSE(pair.Client.Finished);
 }
 
@@ -194,7 +194,7 @@ TEST_F(Chess, AReceivedMoveNeedsItsFirstFourFieldsAlone) {
   Black.Connection.Receive(u"JUG|5 2 5 4"_s);
   Pair.Settle();
   EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite));
-  EXPECT_EQ(Black.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Black.Flow.State().CurrentTurn, Player::Client);
 }
 
 TEST_F(Chess, AReceivedMoveBeginsWithNothingPickedUpAndIsNotDescribed) {
@@ -347,8 +347,8 @@ TEST_F(Chess, ARematchChangesColoursAndClearsAllTexts) {
   Black.Click(u"a1"_s);
   Pair.Settle();
   for (AjeCopy* copy : {&White, &Black}) {
-    EXPECT_EQ(copy->Flow.WhitePlayer(), 1);
-    EXPECT_EQ(copy->Flow.State().CurrentTurn, 1);
+    EXPECT_EQ(copy->Flow.WhitePlayer(), Player::Client);
+    EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Client);
     EXPECT_EQ(copy->Flow.Game().Position(), StartPosition());
     EXPECT_EQ(copy->Screen.Moves, QString());
     EXPECT_EQ(copy->Screen.Messages, QString());

@@ -135,7 +135,7 @@ TEST_F(ChessReads, AMoveThatIsCutIsNoMove) {
   White.Click(u"e4"_s);
   Pair.Settle();
   EXPECT_EQ(Black.At(u"e4"_s), kNoPiece);
-  EXPECT_EQ(Black.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(Black.Flow.State().CurrentTurn, Player::Server);
 }
 
 // ---- Moves that arrive while something waits ----
@@ -144,7 +144,7 @@ TEST_F(ChessReads, AMoveAfterAnOfferIsPlayedWhileTheOfferIsAnswered) {
   Black.Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::Yes, [&] {
     Pair.Play(u"e2e4"_s);
     EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite));
-    EXPECT_EQ(Black.Flow.State().CurrentTurn, 1);
+    EXPECT_EQ(Black.Flow.State().CurrentTurn, Player::Client);
   });
   Black.Dialogs.Expect({}, kDrawn);
   White.Dialogs.Expect({}, kDrawAccepted);

@@ -273,8 +273,8 @@ TEST_F(Firing, WaterPassesTheTurnAndIsHeardOnBothSides) {
   EXPECT_EQ(Client.Screen.Sounds, QStringList(u"Mp1 Agua.wav"_s));
   EXPECT_EQ(Client.Screen.Lines.last(), u"Disparo enemigo  en J10: Agua. Le toca disparar."_s);
   EXPECT_EQ(Client.FG2(u"J10"_s).Text, QString());
-  EXPECT_EQ(Client.Flow.State().CurrentTurn, 1);
-  EXPECT_EQ(Server.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Client);
+  EXPECT_EQ(Server.Flow.State().CurrentTurn, Player::Client);
 }
 
 TEST_F(Firing, OutOfTurnNothingIsFired) {
@@ -294,7 +294,7 @@ TEST_F(Firing, AHitKeepsTheTurnAndIsHeardAtTheTarget) {
   EXPECT_EQ(Client.FG2(u"B3"_s), (CellContent{.Text = u"*"_s, .BackColour = kRed}));
   EXPECT_TRUE(Client.Screen.Ships.contains(u"Acorazado    T |Acorazado    ?"_s));
   EXPECT_TRUE(Server.Screen.Ships.contains(u"Acorazado    I |Acorazado    ?"_s)) << "a hit is no sinking";
-  EXPECT_EQ(Server.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(Server.Flow.State().CurrentTurn, Player::Server);
 }
 
 TEST_F(Firing, TheSameCellTwiceIsReportedTwiceAndChangesNothing) {
@@ -304,7 +304,7 @@ TEST_F(Firing, TheSameCellTwiceIsReportedTwiceAndChangesNothing) {
   EXPECT_EQ(Client.Screen.Lines.last(), u"Disparo enemigo  en B3: Impacto en un Acorazado"_s);
   EXPECT_EQ(Client.Flow.Board().Ship(2).IntactCount, 3);
   EXPECT_EQ(Server.Flow.Board().Ship(12).IntactCount, 3);
-  EXPECT_EQ(Server.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(Server.Flow.State().CurrentTurn, Player::Server);
 }
 
 TEST_F(Firing, WaterTwicePassesTheTurnTwice) {
@@ -312,7 +312,7 @@ TEST_F(Firing, WaterTwicePassesTheTurnTwice) {
   Shoot(Client, u"J10"_s);
   Shoot(Server, u"J10"_s);
   EXPECT_EQ(Server.Connection.Sent.filter(u"Jug|22A"_s).size(), 2);
-  EXPECT_EQ(Server.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Server.Flow.State().CurrentTurn, Player::Client);
 }
 
 TEST_F(Firing, ASinkingRevealsTheMarginAndKeepsStatusAndCurrentCell) {
@@ -351,9 +351,9 @@ TEST_F(Firing, TheLastSinkingWinsAndBothScoresAgree) {
   EXPECT_EQ(Server.Screen.Lines.last(), u"Haga click en el tablero para continuar"_s);
   for (BarCopy* copy : {&Server, &Client}) {
     EXPECT_TRUE(copy->Flow.State().GameOver);
-    EXPECT_EQ(copy->Flow.State().Scores[0], 1);
-    EXPECT_EQ(copy->Flow.State().Scores[1], 0);
-    EXPECT_EQ(copy->Flow.State().CurrentTurn, 0);
+    EXPECT_EQ(copy->Flow.State().Scores.Server, 1);
+    EXPECT_EQ(copy->Flow.State().Scores.Client, 0);
+    EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Server);
   }
   const QString score = u"Marcador actual: \r\nAna  1 : Luis 0\r\nComenzará jugando Ana. Coloque sus barcos."_s;
   for (BarCopy* copy : {&Server, &Client}) {
@@ -369,7 +369,7 @@ TEST_F(Firing, TheLastSinkingWinsAndBothScoresAgree) {
     EXPECT_TRUE(copy->Flow.PlacementMode());
     EXPECT_EQ(copy->Screen.Ships, kAllShips);
     EXPECT_EQ(copy->Flow.FG1().Cell({3, 2}), CellContent{});
-    EXPECT_EQ(copy->Flow.State().CurrentTurn, 0) << "the winner begins";
+    EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Server) << "the winner begins";
   }
 }
 
@@ -381,7 +381,7 @@ TEST_F(Firing, AWinInTwoReadsNamesTheSameWinner) {
   Client.Dialogs.Expect(u"Ha perdido"_s,
                         u"Ana ha destruído todos sus barcos.\r\nPulse sobre el tablero para continuar."_s);
   Shoot(Server, u"B9"_s);
-  EXPECT_EQ(Client.Flow.State().Scores[0], 1);
+  EXPECT_EQ(Client.Flow.State().Scores.Server, 1);
 }
 
 TEST_F(Firing, ShotsAfterTheEndAreIgnored) {
@@ -411,10 +411,10 @@ TEST(FiringEarly, AShotBeforeTheFleetsIsTakenAsItReads) {
   pair.Connect();
   pair.Client.Connection.Receive(u"Jug|))I"_s);  // no own ship there yet
   pair.Settle();
-  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Server);
   pair.Client.Connection.Receive(u"Jug|))A"_s);
   pair.Settle();
-  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Client);
   EXPECT_TRUE(pair.Client.Flow.PlacementMode());
 }
 
@@ -432,7 +432,7 @@ TEST_P(BadShotOf, ChangesNothingAndTheBattleGoesOn) {
   pair.BeginBattle();
   pair.Client.Connection.Receive(GetParam().Text);
   pair.Settle();
-  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Server);
   for (int ship = 1; ship <= kShipsPerFleet; ++ship) {
     EXPECT_EQ(pair.Client.Flow.Board().Ship(ship).State, ShipState::Intacto);
   }

@@ -116,7 +116,7 @@ TEST_F(Fight, AMoveIsToldOnBothSidesWithoutItsRankOnTheOther) {
   EXPECT_EQ(Client.Shown(u"F7"_s), CellContent{});
   EXPECT_EQ(Server.Flow.SelectedCell(), Coordinate{});
   EXPECT_EQ(Turn(), 1);
-  EXPECT_EQ(Client.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Client);
 }
 
 TEST_F(Fight, AScoutAttacksFromAfarAlongAFreeLine) {
@@ -148,7 +148,7 @@ TEST_F(Fight, ASecondClickWhileAMoveIsOnItsWayIsIgnored) {
   Pair.Settle();
   EXPECT_EQ(Server.Connection.Sent.filter(u"Jug|"_s).size(), 1);
   EXPECT_EQ(Turn(), 1);
-  EXPECT_EQ(Client.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Client);
 }
 
 TEST_F(Fight, TheAnswerToAMoveMayArriveWhileItIsOnItsWay) {
@@ -172,7 +172,7 @@ TEST_F(Fight, TheAnswerToAMoveMayArriveWhileItIsOnItsWay) {
   EXPECT_EQ(Server.At(u"A6"_s), PieceCode(1, 11)) << "the scout has been taken";
   EXPECT_EQ(Client.At(u"J5"_s), PieceCode(1, 11));
   EXPECT_EQ(Turn(), 0);
-  EXPECT_EQ(Client.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Server);
 }
 
 TEST_F(Fight, AMoveThatArrivesWhileAnotherIsToldFindsItMade) {
@@ -291,8 +291,8 @@ TEST_P(Combats, AreToldToBothAndLeaveTheSameBoards) {
     EXPECT_EQ(pair.Server.At(u"A7"_s), left);
     EXPECT_EQ(pair.Client.At(u"J4"_s), left);
     EXPECT_EQ(pair.Client.At(u"J5"_s), kEmptyLand);
-    EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, 1);
-    EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 1);
+    EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, Player::Client);
+    EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Client);
   }
 }
 
@@ -365,7 +365,7 @@ TEST_F(FlagFight, TheFlagEndsTheGameAndKeepsTheTurn) {
   for (const StrategyCopy* copy : {&Server, &Client}) {
     EXPECT_TRUE(copy->Flow.State().GameOver);
     EXPECT_EQ(copy->Flow.State().Scores, (std::array<std::int16_t, 2>{1, 0}));
-    EXPECT_EQ(copy->Flow.State().CurrentTurn, 0);
+    EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Server);
   }
   const qsizetype lines = Server.Screen.Lines.size();
   Server.Flow.KeyPressed(Qt::Key_Escape);
@@ -427,7 +427,7 @@ TEST_F(FlagFight, AWishThatArrivesWhileTheLossIsToldFindsThePointCounted) {
   Server.Dialogs.Expect(u"Ha ganado"_s, kWonText);
   Client.Dialogs.Expect(u"Ha perdido"_s, kLostText, [&] {
     EXPECT_TRUE(Client.Flow.State().GameOver);
-    EXPECT_EQ(Client.Flow.State().Scores[0], 1);
+    EXPECT_EQ(Client.Flow.State().Scores.Server, 1);
   });
   Pair.Move(u"A4"_s, u"A7"_s);
 }
@@ -529,8 +529,8 @@ TEST(Passing, ByTheServerGivesTheClientTheTurn) {
   EXPECT_EQ(pair.Server.Connection.Sent.last(), u"Pasaturno|"_s);
   EXPECT_EQ(pair.Client.Screen.Lines.last(),
             QString(u"El otro jugador no puede mover y pasa el turno. " + kLuis + u" es su turno."));
-  EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, 1);
-  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, Player::Client);
+  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Client);
   EXPECT_EQ(pair.Client.Flow.State().TurnChoices, (std::array<std::int16_t, 2>{-1, 3}));
 }
 
@@ -541,7 +541,7 @@ TEST(Passing, ByTheClientMakesTheServerDrawAnewSoThatTheTurnsDiffer) {
     pair.Client.Dialogs.AnswerBox = [](const QString&) { return Button::Ok; };
     pair.Move(u"A3"_s, u"A4"_s);
     LeaveOnlyTheFlag(pair, 1);
-    ASSERT_EQ(pair.Client.Flow.State().CurrentTurn, 1);
+    ASSERT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Client);
     const QString army = ToQString(pair.Server.Flow.StrategyBoard().ArmyText());
     const qsizetype server_lines = pair.Server.Screen.Lines.size();
     pair.Client.Flow.KeyPressed(Qt::Key_Escape);
@@ -570,7 +570,7 @@ TEST_F(Fight, MovesThatCannotBeAreLeftOut) {
         u"11,04,04,05,01,"_s, u"04,11,04,05,01,"_s, u"04,04,99,05,01,"_s, u"-1,04,04,05,01,"_s, u"xx,yy,zz,tt,01,"_s}) {
     Client.Connection.Receive(u"Jug|"_s + payload);
     Pair.Settle();
-    EXPECT_EQ(Client.Flow.State().CurrentTurn, 0) << qPrintable(payload);
+    EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Server) << qPrintable(payload);
   }
 }
 
@@ -580,7 +580,7 @@ TEST_F(Fight, AMoveWithoutItsResultCountsAsAnAttackLost) {
   Client.Connection.Receive(u"Jug|05,04,05,05,"_s);
   Pair.Settle();
   EXPECT_EQ(Client.At(u"F7"_s), kEmptyLand);
-  EXPECT_EQ(Client.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Client);
 }
 
 TEST_F(Fight, ASecondArmyOverwritesTheTopRows) {
@@ -597,7 +597,7 @@ TEST_F(Fight, ReadyAndPassInOneReadBothCountReadyFirst) {
   Begin();
   Client.Connection.Receive(u"Pasaturno|Listo|"_s);
   Pair.Settle();
-  EXPECT_EQ(Client.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Client);
   EXPECT_EQ(Client.Screen.Messages,
             QString(u"\r\nEl otro jugador no puede mover y pasa el turno. " + kLuis + u" es su turno."))
       << "the ready mark has emptied the log before";

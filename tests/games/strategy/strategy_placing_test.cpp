@@ -361,7 +361,7 @@ TEST_P(BadArmies, AreTakenAsFarAsTheyAreSound) {
   EXPECT_EQ(pair.Server.At(u"A7"_s), GetParam().A7);
   EXPECT_EQ(pair.Server.At(u"B7"_s), GetParam().B7);
   EXPECT_EQ(pair.Server.At(u"A4"_s), kEmptyLand);
-  EXPECT_TRUE(pair.Server.Flow.ReadyFlags()[1]);
+  EXPECT_TRUE(pair.Server.Flow.ReadyFlags().Client);
   EXPECT_FALSE(pair.Server.Finished);
 }
 

@@ -91,7 +91,7 @@ TEST_F(Moving, LiftingIsNotSentAndPuttingBackIsNoMove) {
   EXPECT_EQ(Pair.Server.Shown(), u"XXOO*X*O*"_s);
   EXPECT_EQ(Pair.Server.Flow.FG1().Cell({1, 2}).ForeColour, kRed);
   EXPECT_EQ(Pair.Server.Connection.Sent, sent);
-  EXPECT_EQ(Pair.Server.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(Pair.Server.Flow.State().CurrentTurn, Player::Server);
   Pair.Server.Click(4);
   EXPECT_EQ(Pair.Server.Screen.Status, u"Pulse sobre una de sus propias fichas para moverla *"_s);
 }
@@ -104,7 +104,7 @@ TEST_F(Moving, AMoveIsSentWithBothCells) {
   EXPECT_EQ(Pair.Client.Shown(), u"XXOO***OX"_s);
   EXPECT_EQ(Pair.Client.Flow.FG1().Cell({1, 2}).ForeColour, kDefaultColour);
   EXPECT_EQ(Pair.Client.Screen.Status, u"Mueva una ficha del tablero"_s);
-  EXPECT_EQ(Pair.Client.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Pair.Client.Flow.State().CurrentTurn, Player::Client);
 }
 
 TEST_F(Moving, AMoveCanWin) {
@@ -118,8 +118,8 @@ TEST_F(Moving, AMoveCanWin) {
   Pair.Settle();
   for (const int cell : {7, 6}) Pair.Client.Click(cell);  // O: 2, 4, 6
   Pair.Settle();
-  EXPECT_EQ(Pair.Client.Flow.State().Scores[1], 1);
-  EXPECT_EQ(Pair.Server.Flow.State().Scores[1], 1);
+  EXPECT_EQ(Pair.Client.Flow.State().Scores.Client, 1);
+  EXPECT_EQ(Pair.Server.Flow.State().Scores.Client, 1);
 }
 
 // ---- Winning ----
@@ -133,9 +133,9 @@ TEST_F(ThreeInRow, AWinInOneReadNamesTheWinnerAndBothScoresAgree) {
   EXPECT_EQ(Pair.Client.Shown(), u"XXX*O***O"_s) << "the move is handled after the loss and still shown";
   for (TerCopy* copy : {&Pair.Server, &Pair.Client}) {
     EXPECT_TRUE(copy->Flow.State().GameOver);
-    EXPECT_EQ(copy->Flow.State().Scores[0], 1);
-    EXPECT_EQ(copy->Flow.State().Scores[1], 0);
-    EXPECT_EQ(copy->Flow.State().CurrentTurn, 0);
+    EXPECT_EQ(copy->Flow.State().Scores.Server, 1);
+    EXPECT_EQ(copy->Flow.State().Scores.Client, 0);
+    EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Server);
   }
   EXPECT_EQ(Pair.Client.Screen.Messages, QString());
 }
@@ -144,10 +144,10 @@ TEST_F(ThreeInRow, AWinInTwoReadsNamesTheReceiver) {
   Pair.Client.Connection.Cut = Reads::OnePerSend;
   ExpectWin(Pair.Server, Pair.Client, u"Luis           "_s);
   Pair.Play({0, 4, 1, 8, 2});
-  EXPECT_EQ(Pair.Client.Flow.State().CurrentTurn, 1);
-  EXPECT_EQ(Pair.Client.Flow.State().Scores[0], 0);
-  EXPECT_EQ(Pair.Client.Flow.State().Scores[1], 1);
-  EXPECT_EQ(Pair.Server.Flow.State().Scores[0], 1);
+  EXPECT_EQ(Pair.Client.Flow.State().CurrentTurn, Player::Client);
+  EXPECT_EQ(Pair.Client.Flow.State().Scores.Server, 0);
+  EXPECT_EQ(Pair.Client.Flow.State().Scores.Client, 1);
+  EXPECT_EQ(Pair.Server.Flow.State().Scores.Server, 1);
   EXPECT_TRUE(Pair.Client.Flow.State().GameOver);
 }
 
@@ -156,7 +156,7 @@ TEST_F(ThreeInRow, TheLossEmptiesTheTextsBeforeAndAfterItsBox) {
   Pair.Client.Dialogs.Expect(box::kLostTitle, u"Ana            "_s + box::kLostEnding, [&] {
     EXPECT_EQ(Pair.Client.Screen.Messages, QString());
     EXPECT_EQ(Pair.Client.Screen.Status, QString());
-    EXPECT_EQ(Pair.Client.Flow.State().Scores[0], 0) << "the point is counted when the box has been read";
+    EXPECT_EQ(Pair.Client.Flow.State().Scores.Server, 0) << "the point is counted when the box has been read";
     EXPECT_FALSE(Pair.Client.Flow.State().GameOver);
   });
   Pair.Play({0, 4, 1, 8, 2});
@@ -175,11 +175,11 @@ TEST_F(ThreeInRow, TheWinnersPointIsHisWhateverArrivesWhileHisBoxIsOpen) {
   Pair.Server.Dialogs.Expect(box::kWonTitle, box::kWon, [&] {
     Pair.Server.Connection.Receive(u"Jug|-1|7"_s);
     QCoreApplication::processEvents();
-    EXPECT_EQ(Pair.Server.Flow.State().CurrentTurn, 1);
+    EXPECT_EQ(Pair.Server.Flow.State().CurrentTurn, Player::Client);
   });
   Pair.Play({0, 4, 1, 8, 2});
-  EXPECT_EQ(Pair.Server.Flow.State().Scores[0], 1);
-  EXPECT_EQ(Pair.Server.Flow.State().Scores[1], 0);
+  EXPECT_EQ(Pair.Server.Flow.State().Scores.Server, 1);
+  EXPECT_EQ(Pair.Server.Flow.State().Scores.Client, 0);
 }
 
 TEST_F(ThreeInRow, ATokenInTheOtherOrderIsCutByPositionAllTheSame) {
@@ -190,13 +190,14 @@ TEST_F(ThreeInRow, ATokenInTheOtherOrderIsCutByPositionAllTheSame) {
   EXPECT_EQ(Pair.Client.Shown(), u"X********"_s);
 }
 
-TEST_F(ThreeInRow, AMoveWithoutConnectionIsToldOnceAndTheWindowStays) {
+TEST_F(ThreeInRow, AMoveThatCannotBeSentIsToldAndHasNotHappened) {
   Pair.Server.Connection.Break();
   Pair.Settle();
   Pair.Server.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
   Pair.Server.Click(0);
   EXPECT_FALSE(Pair.Server.Finished);
-  EXPECT_EQ(Pair.Server.Flow.State().CurrentTurn, 1);
+  EXPECT_EQ(Pair.Server.Flow.State().CurrentTurn, Player::Server);
+  EXPECT_EQ(Pair.Server.Shown(), u"*********"_s);
 }
 
 // ---- What a stranger may send ----
@@ -215,7 +216,7 @@ TEST_P(BadMoveOf, ChangesNothingAndTheGameGoesOn) {
   pair.Client.Connection.Receive(GetParam().Text);
   pair.Settle();
   EXPECT_EQ(pair.Client.Shown(), u"*********"_s);
-  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, 0);
+  EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Server);
   pair.Play({4, 0});
   EXPECT_EQ(pair.Client.Shown(), u"O***X****"_s);
   EXPECT_EQ(pair.Server.Shown(), u"O***X****"_s);
@@ -256,7 +257,7 @@ TEST_F(ThreeInRow, ANameWithMarkupStaysTheTextItIs) {
   Pair.Client.Connection.Receive(u"Nombre|<b>x</b>"_s);
   Pair.Settle();
   EXPECT_EQ(Pair.Client.Screen.Lines.last(), u"Va a jugar contra <b>x</b>"_s);
-  EXPECT_EQ(Pair.Client.Flow.State().PlayerNames.Trimmed(0), u"<b>x</b>"_s);
+  EXPECT_EQ(Pair.Client.Flow.State().PlayerNames.Trimmed(Player::Server), u"<b>x</b>"_s);
 }
 
 // Every message at a moment when it makes no sense: before the session, and while each box of the handshake is open.

@@ -44,8 +44,8 @@ void PlayOneGame(TerPair& pair, std::mt19937& random) {
   std::uniform_int_distribution<int> one_in_ten(0, 9);
   for (int clicks = 0; !pair.Server.Flow.State().GameOver; ++clicks) {
     ASSERT_LT(clicks, kMostClicks) << "no end in sight";
-    const int mover = pair.Server.Flow.State().CurrentTurn;
-    TerCopy& copy = pair.Copy(one_in_ten(random) == 0 ? 1 - mover : mover);
+    const Player mover = pair.Server.Flow.State().CurrentTurn;
+    TerCopy& copy = pair.Copy(one_in_ten(random) == 0 ? OpponentOf(mover) : mover);
     const qsizetype sent = copy.Connection.Sent.size();
     copy.Click(any_cell(random));
     if (copy.Connection.Sent.size() == sent) continue;
@@ -64,17 +64,17 @@ TEST(ThreeInRowRandom, TenThousandGamesStayInStepAfterEveryMessage) {
     pair.Settle();
     for (int game = 0; game < kGamesPerSession; ++game) {
       ASSERT_NO_FATAL_FAILURE(PlayOneGame(pair, random));
-      const int first = std::uniform_int_distribution<int>(0, 1)(random);
+      const Player first = std::bernoulli_distribution()(random) ? Player::Server : Player::Client;
       pair.Copy(first).Click(0);
       pair.Settle();
       ASSERT_NO_FATAL_FAILURE(ExpectInStep(pair));
-      pair.Copy(1 - first).Click(0);
+      pair.Copy(OpponentOf(first)).Click(0);
       pair.Settle();
       ASSERT_NO_FATAL_FAILURE(ExpectInStep(pair));
       ASSERT_FALSE(pair.Server.Flow.State().GameOver);
     }
     const auto& scores = pair.Server.Flow.State().Scores;
-    ASSERT_EQ(scores[0] + scores[1], kGamesPerSession);
+    ASSERT_EQ(scores.Server + scores.Client, kGamesPerSession);
   }
 }
 
