@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "text/decimal.h"
 #include "text/leading_number.h"
 #include "text/rounding.h"
 
@@ -13,11 +14,6 @@ constexpr std::array<std::array<int, 3>, 8> kLines{
     {{0, 1, 2}, {0, 3, 6}, {0, 4, 8}, {1, 4, 7}, {2, 5, 8}, {2, 4, 6}, {3, 4, 5}, {6, 7, 8}}};
 
 constexpr std::int16_t kPiecesToPlace = 3;
-
-std::u16string Decimal(int value) {
-  const std::string digits = std::to_string(value);
-  return {digits.begin(), digits.end()};
-}
 
 }  // namespace
 
