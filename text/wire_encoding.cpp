@@ -1,33 +1,45 @@
 #include "text/wire_encoding.h"
 
 #include <QList>
-#include <QStringConverter>
+#include <algorithm>
+#include <array>
 
 namespace brontavia {
 namespace {
 
-constexpr const char* kEncoding = "windows-1252";
-constexpr char32_t kFirstBeyondAscii = 0x80;
-constexpr char kUnwritable = '\x1a';  // what the encoder writes for a character outside the encoding
+// The characters of the bytes 80 to 9F; every other byte is the character of the same number. A table of our own,
+// because Qt knows Windows-1252 only where it was built with ICU.
+constexpr char16_t kFirstOfTable = 0x80;
+constexpr std::array<char16_t, 32> kTable{
+    0x20ac, 0x0081, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008d, 0x017d, 0x008f, 0x0090, 0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
+    0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0x009d, 0x017e, 0x0178,
+};
+
+bool InTable(char32_t number) { return number >= kFirstOfTable && number < kFirstOfTable + kTable.size(); }
+
+char ByteOf(char32_t code_point) {
+  constexpr char32_t kLargestByte = 0xff;
+  if (code_point <= kLargestByte && !InTable(code_point)) return static_cast<char>(code_point);
+  const auto* const found = std::find(kTable.begin(), kTable.end(), code_point);
+  return found == kTable.end() ? '?' : static_cast<char>(kFirstOfTable + (found - kTable.begin()));
+}
+
+QChar CharacterOf(unsigned char byte) { return InTable(byte) ? kTable.at(byte - kFirstOfTable) : char16_t{byte}; }
 
 }  // namespace
 
 QByteArray ToWire(QStringView text) {
-  // One character at a time: given a whole text the encoder leaves out what it takes for invisible.
-  QStringEncoder encode(kEncoding, QStringConverter::Flag::Stateless);
-  QByteArray bytes;
-  for (const char32_t code_point : text.toUcs4()) {
-    if (code_point < kFirstBeyondAscii) {
-      bytes += static_cast<char>(code_point);
-      continue;
-    }
-    const QByteArray written = encode(QString::fromUcs4(&code_point, 1));
-    const bool writable = written.size() == 1 && written[0] != kUnwritable;
-    bytes += writable ? written[0] : '?';
-  }
+  const QList<uint> code_points = text.toUcs4();
+  QByteArray bytes(code_points.size(), Qt::Uninitialized);
+  std::transform(code_points.begin(), code_points.end(), bytes.begin(), ByteOf);
   return bytes;
 }
 
-QString FromWire(QByteArrayView bytes) { return QStringDecoder(kEncoding)(bytes); }
+QString FromWire(QByteArrayView bytes) {
+  QString text(bytes.size(), Qt::Uninitialized);
+  std::transform(bytes.begin(), bytes.end(), text.begin(), CharacterOf);
+  return text;
+}
 
 }  // namespace brontavia
