@@ -26,6 +26,10 @@ QString FixedWidth(QStringView text, int width);
 // `text`, or when it has more than `most` characters its beginning and "…", `most` characters in all.
 QString Shortened(const QString& text, qsizetype most);
 
+// `text` as a screen can show it: every line break ("\r\n", "\r" or "\n") is a "\n", and every other control character,
+// a tab included, is U+FFFD. A NUL would hide what follows it from screen readers.
+QString ForScreen(QString text);
+
 // The rest of `text` from the character at `position` on, counted from 1; empty beyond the end.
 QStringView From(QStringView text, int position);
 

@@ -1,6 +1,7 @@
 #include "ui/text_box.h"
 
 #include <QFontMetrics>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -9,9 +10,11 @@
 namespace brontavia {
 namespace {
 
+// A text that is laid out takes forty bytes a character, and the time grows with the square of a line's length.
 constexpr int kMostLines = 5000;
-// A peer can send a line of any length; laying out a megabyte would take minutes.
-constexpr qsizetype kLongestLine = 4000;
+constexpr int kMostCharacters = 256 * 1024;
+constexpr qsizetype kMostAtOnce = 16 * 1024;
+constexpr qsizetype kLongestLine = 500;
 
 }  // namespace
 
@@ -24,24 +27,35 @@ TextBox::TextBox(const QString& name, const QString& accessible_name, QWidget* p
   setMaximumBlockCount(kMostLines);
 }
 
-void TextBox::SetText(const QString& text) { setPlainText(text); }
+void TextBox::SetText(const QString& text) { setPlainText(ForScreen(Shortened(text, kMostAtOnce))); }
 
 void TextBox::AppendText(const QString& text) {
   moveCursor(QTextCursor::End);
-  insertPlainText(text);
+  insertPlainText(ForScreen(text.last(qMin(text.size(), kMostAtOnce))));
+  ForgetOldest();
   ensureCursorVisible();
 }
 
 void TextBox::AddLine(const QString& line) {
+  const QString shown = ForScreen(Shortened(line, kLongestLine));
   QTextCursor cursor(document());
   cursor.movePosition(QTextCursor::End);
   cursor.insertBlock();
-  const int before = cursor.position();
-  cursor.insertText(Shortened(line, kLongestLine));
+  cursor.insertText(shown);
+  ForgetOldest();
   const int end = cursor.position();
-  cursor.setPosition(qMin(before, end));
+  cursor.setPosition(end - static_cast<int>(shown.size()));
   cursor.setPosition(end, QTextCursor::KeepAnchor);
   setTextCursor(cursor);
+}
+
+void TextBox::ForgetOldest() {
+  const int excess = document()->characterCount() - kMostCharacters;
+  if (excess <= 0) return;
+  const QTextBlock following = document()->findBlock(excess - 1).next();
+  QTextCursor oldest(document());
+  oldest.setPosition(following.isValid() ? following.position() : excess, QTextCursor::KeepAnchor);
+  oldest.removeSelectedText();
 }
 
 void TextBox::SetMinimumLines(int lines) {

@@ -1,4 +1,6 @@
-// A text box that only tells: read-only, selectable by mouse and keys, left with Tab.
+// A text box that only tells: read-only, selectable by mouse and keys, left with Tab. What it is given may come from a
+// peer, so it shows no control characters (ForScreen) and holds no more than 5,000 lines and 256 Ki characters: the
+// oldest lines go first.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -11,17 +13,22 @@ class TextBox : public QPlainTextEdit {
  public:
   TextBox(const QString& name, const QString& accessible_name, QWidget* parent = nullptr);
 
+  // Of a text of more than 16 Ki characters the beginning is shown.
   void SetText(const QString& text);
 
-  // Adds `text` at the end and scrolls there.
+  // Adds `text`, or when it has more than 16 Ki characters its end, at the end and scrolls there.
   void AppendText(const QString& text);
 
-  // Appends a line break and `line`, and selects the line so that the box scrolls to it. The oldest lines go when
-  // there are more than 5,000; of a very long one the beginning is shown.
+  // Appends a line break and `line`, and selects the line so that the box scrolls to it. Of one of more than 500
+  // characters the beginning is shown.
   void AddLine(const QString& line);
 
   // The box is at least this many lines high.
   void SetMinimumLines(int lines);
+
+ private:
+  // Takes the oldest lines away, or the beginning of the only one, until the box holds no more than it may.
+  void ForgetOldest();
 };
 
 }  // namespace brontavia

@@ -18,11 +18,10 @@ using namespace Qt::StringLiterals;
 const QString kProgramName = u"Brontavia"_s;
 constexpr int kInputWidth = 440;
 
-// Labels break lines at "\n" and would show the "\r" before it. A text that a peer made long is cut to what fits a
-// screen.
+// A text that a peer made long is cut to what fits a screen.
 QString ForLabel(const QString& text) {
   constexpr qsizetype kMostCharacters = 1500;
-  return Shortened(text, kMostCharacters).replace(u"\r\n"_s, u"\n"_s);
+  return ForScreen(Shortened(text, kMostCharacters));
 }
 
 // Keeps a box open until one of its buttons is pressed: a question that only Yes or No answers must not be answered by

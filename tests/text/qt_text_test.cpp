@@ -78,6 +78,32 @@ constexpr Cut kCuts[] = {
 INSTANTIATE_TEST_SUITE_P(Cut, RestOfText, testing::ValuesIn(kCuts),
                          [](const auto& tested) { return std::string(tested.param.Name); });
 
+struct Showing {
+  const char* Name;
+  QStringView Text;
+  QStringView Shown;
+};
+
+void PrintTo(const Showing& showing, std::ostream* out) { *out << showing.Name; }
+
+class TextForScreen : public testing::TestWithParam<Showing> {};
+
+TEST_P(TextForScreen, HasNoControlCharactersButLineBreaks) {
+  EXPECT_EQ(ForScreen(GetParam().Text.toString()), GetParam().Shown.toString());
+}
+
+constexpr Showing kShowings[] = {
+    {"Nothing", u"", u""},
+    {"PlainTextStays", u" ¿Señor Íñigo? 5 € ", u" ¿Señor Íñigo? 5 € "},
+    {"EveryKindOfLineBreak", u"a\r\nb\rc\nd\n\re", u"a\nb\nc\nd\n\ne"},
+    {"Nul", QStringView(u"a\0b", 3), u"a\ufffdb"},
+    {"Tab", u"a\tb", u"a\ufffdb"},
+    {"FirstAndLastOfTheLowerOnes", u"\u0001\u001f ", u"\ufffd\ufffd "},
+    {"DeleteAndTheUpperOnes", u"~\u007f\u0080\u009f\u00a0", u"~\ufffd\ufffd\ufffd\u00a0"},
+};
+INSTANTIATE_TEST_SUITE_P(Showing, TextForScreen, testing::ValuesIn(kShowings),
+                         [](const auto& tested) { return std::string(tested.param.Name); });
+
 TEST(QtText, LineBreakIsCarriageReturnAndLineFeed) { EXPECT_EQ(kCrLf.toString().toLatin1(), QByteArray("\x0d\x0a")); }
 
 }  // namespace

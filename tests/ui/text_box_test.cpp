@@ -44,9 +44,70 @@ TEST(TextBox, ShowsTheBeginningOfALineOfAMegabyteAtOnce) {
   TextBox box(u"TBMensajes"_s, u"Mensajes"_s);
   box.show();
   box.AddLine(QString(1 << 20, u'x'));
+  EXPECT_EQ(box.toPlainText(), QString(u'\n' + QString(499, u'x') + u'…'));
+  EXPECT_EQ(box.textCursor().selectedText().size(), 500);
   box.AddLine(QString(1 << 20, u'\n'));
-  EXPECT_LT(box.toPlainText().size(), 10'000);
-  EXPECT_TRUE(box.toPlainText().startsWith(QString(u'\n' + QString(3999, u'x') + u'…')));
+  EXPECT_EQ(box.blockCount(), 1 + 1 + 500);
+}
+
+constexpr int kMostCharacters = 256 * 1024;
+
+TEST(TextBox, KeepsTheLastCharactersOfManyLongLines) {
+  TextBox box(u"TBMensajes"_s, u"Mensajes"_s);
+  for (int i = 0; i < 1000; ++i) box.AddLine(QString::number(i) + u' ' + QString(490, u'x'));
+  const QString text = box.toPlainText();
+  EXPECT_LE(text.size(), kMostCharacters);
+  EXPECT_GT(text.size(), kMostCharacters - 2 * 500) << "no more goes than has to";
+  EXPECT_EQ(text.split(u'\n').first().size(), 494) << "the oldest line that is left is whole";
+  EXPECT_TRUE(box.textCursor().selectedText().startsWith(u"999 "_s));
+}
+
+TEST(TextBox, SelectsTheWholeLineThatDroveOthersOut) {
+  TextBox box(u"TBMensajes"_s, u"Mensajes"_s);
+  for (int i = 0; i < 5000; ++i) box.AddLine(u"x"_s);
+  box.AddLine(u"one\r\ntwo\r\nthree"_s);
+  EXPECT_EQ(box.textCursor().selectedText(), u"one\u2029two\u2029three"_s);
+}
+
+TEST(TextBox, ShowsTheBeginningOfAHugeTextAndTheEndOfAHugeAddition) {
+  constexpr int kMostAtOnce = 16 * 1024;
+  TextBox box(u"TBEstado"_s, u"Estado"_s);
+  box.SetText(u"begin" + QString(1 << 20, u'x'));
+  EXPECT_EQ(box.toPlainText().size(), kMostAtOnce);
+  EXPECT_TRUE(box.toPlainText().startsWith(u"begin"_s));
+  EXPECT_TRUE(box.toPlainText().endsWith(u'…'));
+  box.SetText({});
+  box.AppendText(QString(1 << 20, u'x') + u"end");
+  EXPECT_EQ(box.toPlainText().size(), kMostAtOnce);
+  EXPECT_TRUE(box.toPlainText().endsWith(u"end"_s));
+}
+
+TEST(TextBox, KeepsTheEndOfALineThatGrowsWithoutEnd) {
+  TextBox box(u"TBJugadas"_s, u"Jugadas"_s);
+  for (int i = 0; i < 30; ++i) box.AppendText(QString(1000, u' ') + QString(9000, u'x') + QString::number(i));
+  EXPECT_EQ(box.toPlainText().size(), kMostCharacters - 1) << "the end of the document counts as a character";
+  EXPECT_TRUE(box.toPlainText().endsWith(u"x29"_s));
+  EXPECT_TRUE(box.textCursor().atEnd());
+}
+
+// What a box has forgotten would otherwise be kept for an undo that nobody can ask for.
+TEST(TextBox, RemembersNothingToUndo) {
+  TextBox box(u"TBMensajes"_s, u"Mensajes"_s);
+  box.AddLine(u"one"_s);
+  box.SetText({});
+  box.AppendText(u"two"_s);
+  EXPECT_FALSE(box.document()->isUndoRedoEnabled());
+  EXPECT_FALSE(box.document()->isUndoAvailable());
+}
+
+TEST(TextBox, ShowsControlCharactersAsReplacements) {
+  TextBox box(u"TBMensajes"_s, u"Mensajes"_s);
+  const QString name = u"A\0na\u001b"_s;
+  ASSERT_EQ(name.size(), 5);
+  box.SetText(name);
+  box.AppendText(name);
+  box.AddLine(name + u"\r\nb"_s);
+  EXPECT_EQ(box.toPlainText(), u"A\ufffdna\ufffdA\ufffdna\ufffd\nA\ufffdna\ufffd\nb"_s);
 }
 
 TEST(TextBox, IsReadOnlySelectableByKeysAndLeftWithTab) {

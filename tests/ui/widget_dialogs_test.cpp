@@ -116,6 +116,11 @@ TEST_F(Boxes, ShowMarkupAsTextAndLineBreaksAsLines) {
   Dialogs.InputBox(u"<b>a</b>"_s, u"t"_s, {});
 }
 
+TEST_F(Boxes, ShowControlCharactersAsReplacements) {
+  Meanwhile([] { EXPECT_EQ(Answer(u"t"_s, u"OK"_s), u"A\ufffdna\nb"_s); });
+  Dialogs.MessageBox(u"A\0na\r\nb"_s, u"t"_s, Buttons::Ok);
+}
+
 TEST_F(Boxes, WithoutATitleHaveTheNameOfTheProgram) {
   Meanwhile([] { Answer(u"Brontavia"_s, u"OK"_s); });
   Dialogs.MessageBox(u"x"_s, {}, Buttons::Ok);
