@@ -24,8 +24,8 @@ Announcer::Announcer(QWidget* window) : QLabel(window) {
 }
 
 void Announcer::Announce(const QString& text) {
-  if (text.trimmed().isEmpty()) return;
-  QString sentence = text.left(kLongestAnnouncement).trimmed();
+  QString sentence = text.trimmed().left(kLongestAnnouncement);
+  if (sentence.isEmpty()) return;
   if (sentence.back().isLetterOrNumber()) sentence += u'.';
   waiting_ << sentence;
   speak_.start(0);

@@ -119,6 +119,15 @@ TEST(TextBox, IsReadOnlySelectableByKeysAndLeftWithTab) {
   EXPECT_EQ(box.accessibleName(), u"Estado"_s);
 }
 
+TEST(Announcer, SpeaksATextBehindManyBlanks) {
+  QWidget window;
+  auto* announcer = new Announcer(&window);
+  window.show();
+  announcer->Announce(QString(600, u' ') + u"one");
+  ASSERT_TRUE(Eventually([&] { return announcer->isVisible(); }));
+  EXPECT_EQ(announcer->text(), u"one."_s);
+}
+
 TEST(Announcer, SpeaksTheTextsOfOneHandlerTogether) {
   QWidget window;
   auto* announcer = new Announcer(&window);
