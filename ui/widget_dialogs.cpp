@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -37,6 +38,28 @@ class OnlyButtonsAnswer : public QObject {
     }
     return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel);
   }
+};
+
+// Asks about a file that is there already before it is taken; the dialog stays until it may be. Qt's own question would
+// not close with the window.
+class SaveDialog : public QFileDialog {
+ public:
+  using MayReplace = std::function<bool(const QString& name)>;
+
+  SaveDialog(QWidget& parent, MayReplace may_replace) : QFileDialog(&parent), may_replace_(std::move(may_replace)) {
+    setAcceptMode(AcceptSave);
+    setOption(DontConfirmOverwrite);
+  }
+
+ protected:
+  void accept() override {
+    const QFileInfo file(selectedFiles().value(0));
+    const bool there = file.exists() && !file.isDir();  // a folder is entered
+    if (!there || may_replace_(file.fileName())) QFileDialog::accept();
+  }
+
+ private:
+  MayReplace may_replace_;
 };
 
 QMessageBox::StandardButtons StandardButtonsOf(Buttons buttons) {
@@ -107,12 +130,22 @@ QString WidgetDialogs::OpenFile(const FileQuestion& question) {
 }
 
 QString WidgetDialogs::SaveFile(const FileQuestion& question) {
-  QFileDialog dialog(&parent_);
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  SaveDialog dialog(parent_, [&](const QString& name) {
+    QMessageBox box(&dialog);
+    box.setWindowTitle(question.Title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ForLabel(u"El archivo %1 ya existe. ¿Desea reemplazarlo?"_s.arg(name)));
+    box.setIcon(QMessageBox::Question);
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::No);
+    return Run(box) == QMessageBox::Yes;
+  });
   return AskForFile(dialog, question);
 }
 
 QString WidgetDialogs::AskForFile(QFileDialog& dialog, const FileQuestion& question) {
+  // Of the system's own dialogs not all can be closed from outside, and CloseAll has to close this one.
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setWindowTitle(question.Title);
   dialog.setNameFilters(NameFilters(question.Filter));
   const QFileInfo proposed(question.Path);

@@ -3,10 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -141,6 +146,80 @@ TEST_F(Boxes, NestedOnesAllCloseTogether) {
   });
   EXPECT_EQ(Dialogs.MessageBox(u"outer"_s, u"t"_s, Buttons::OkCancel), Button::Cancel);
   EXPECT_EQ(inner, Button::No);
+}
+
+// ---- A file to write ----
+
+// In a folder that holds one file already.
+class FilesToWrite : public Boxes {
+ protected:
+  FilesToWrite() {
+    QFile file(Held);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+  }
+
+  QString Ask(const QString& path) {
+    return Dialogs.SaveFile({.Title = Title, .Filter = u"x (*.*)|*.*"_s, .Path = path});
+  }
+
+  // Has the open file dialog take its file, and does `answer` while its question is open.
+  static void Take(const std::function<void()>& answer) {
+    Meanwhile(answer);
+    TopDialog()->accept();
+  }
+
+  const QString Title = u"Guardar"_s;
+  const QTemporaryDir Folder;
+  const QString Held = Folder.filePath(u"<b>held.fen"_s);
+  const QString Question = u"El archivo <b>held.fen ya existe. ¿Desea reemplazarlo?"_s;
+};
+
+TEST_F(FilesToWrite, AreTakenAtOnceWhenThereIsNone) {
+  const QString path = Folder.filePath(u"new.fen"_s);
+  Meanwhile([] { TopDialog()->accept(); });
+  EXPECT_EQ(Ask(path), path);
+}
+
+TEST_F(FilesToWrite, AreConfirmedWhenTheyExist) {
+  Meanwhile([this] {
+    QDialog* dialog = TopDialog();
+    Take([this] {
+      const auto* box = qobject_cast<QMessageBox*>(TopDialog());
+      ASSERT_NE(box, nullptr);
+      EXPECT_EQ(box->textFormat(), Qt::PlainText);
+      EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
+      EXPECT_EQ(Answer(Title, u"No"_s), Question);
+    });
+    EXPECT_EQ(TopDialog(), dialog) << "to choose again";
+    EXPECT_EQ(qobject_cast<QFileDialog*>(dialog)->selectedFiles(), QStringList(Held));
+    Take([this] { EXPECT_EQ(Answer(Title, u"Yes"_s), Question); });
+  });
+  EXPECT_EQ(Ask(Held), Held);
+}
+
+TEST_F(FilesToWrite, AreNotAskedForOnceTheWindowHasEnded) {
+  Meanwhile([this] {
+    Take([this] {
+      Dialogs.CloseAll();
+      EXPECT_EQ(TopDialog(), nullptr);
+    });
+  });
+  EXPECT_EQ(Ask(Held), QString());
+  EXPECT_EQ(TopDialog(), nullptr);
+}
+
+TEST_F(FilesToWrite, AreNotFoldersWhichAreEnteredUnasked) {
+  ASSERT_TRUE(QDir(Folder.path()).mkdir(u"inner"_s));
+  Meanwhile([this] {
+    auto* dialog = qobject_cast<QFileDialog*>(TopDialog());
+    dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(u"inner"_s);
+    Take([this, dialog] {
+      EXPECT_EQ(TopDialog(), dialog);
+      EXPECT_EQ(dialog->directory().dirName(), u"inner"_s);
+      Dialogs.CloseAll();
+    });
+  });
+  EXPECT_EQ(Ask(Folder.path()), QString());
 }
 
 }  // namespace
