@@ -31,8 +31,8 @@ class Dialogs : public QObject {
   using QObject::QObject;
 
   // Shows `text`, as plain text, until a button is pressed; meanwhile other events are handled. An empty title shows
-  // the program's name. Closed without a button it counts as cancelled; a Yes/No box closes by its buttons alone, or by
-  // CloseAll, which counts as No.
+  // the program's name, and the title "Error" goes with the sign of an error. Closed without a button it counts as
+  // cancelled; a Yes/No box closes by its buttons alone, or by CloseAll, which counts as No.
   virtual Button MessageBox(const QString& text, const QString& title, Buttons buttons) = 0;
 
   // Asks for one line. Meanwhile other events are handled. Returns what was typed, unchanged; empty when cancelled.

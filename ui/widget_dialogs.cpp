@@ -17,6 +17,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 const QString kProgramName = u"Brontavia"_s;
+const QString kErrorTitle = u"Error"_s;
 constexpr int kInputWidth = 440;
 
 // A text that a peer made long is cut to what fits a screen.
@@ -74,6 +75,11 @@ QMessageBox::StandardButtons StandardButtonsOf(Buttons buttons) {
   return QMessageBox::Ok;
 }
 
+QMessageBox::Icon IconOf(const QString& title, Buttons buttons) {
+  if (title == kErrorTitle) return QMessageBox::Critical;
+  return buttons == Buttons::Ok ? QMessageBox::Information : QMessageBox::Question;
+}
+
 // "label|pattern|label|pattern" as the labels alone: they end in their patterns.
 QStringList NameFilters(const QString& filter) {
   QStringList labels;
@@ -102,7 +108,7 @@ Button WidgetDialogs::MessageBox(const QString& text, const QString& title, Butt
   box->setWindowTitle(title.isEmpty() ? kProgramName : title);
   box->setTextFormat(Qt::PlainText);
   box->setText(ForLabel(text));
-  box->setIcon(buttons == Buttons::Ok ? QMessageBox::Information : QMessageBox::Question);
+  box->setIcon(IconOf(title, buttons));
   box->setStandardButtons(StandardButtonsOf(buttons));
   box->setDefaultButton(buttons == Buttons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
   if (buttons == Buttons::YesNo) box->installEventFilter(new OnlyButtonsAnswer(box.get()));

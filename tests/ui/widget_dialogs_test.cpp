@@ -131,6 +131,22 @@ TEST_F(Boxes, WithoutATitleHaveTheNameOfTheProgram) {
   Dialogs.MessageBox(u"x"_s, {}, Buttons::Ok);
 }
 
+TEST_F(Boxes, CarryTheSignOfWhatTheyAre) {
+  const auto icon_of = [this](const QString& title, Buttons buttons) {
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    Meanwhile([&icon] {
+      icon = qobject_cast<QMessageBox*>(TopDialog())->icon();
+      TopDialog()->reject();
+    });
+    Dialogs.MessageBox(u"x"_s, title, buttons);
+    return icon;
+  };
+  EXPECT_EQ(icon_of(u"Error"_s, Buttons::Ok), QMessageBox::Critical);
+  EXPECT_EQ(icon_of({}, Buttons::Ok), QMessageBox::Information);
+  EXPECT_EQ(icon_of(u"t"_s, Buttons::OkCancel), QMessageBox::Question);
+  EXPECT_EQ(icon_of(u"t"_s, Buttons::YesNo), QMessageBox::Question);
+}
+
 TEST_F(Boxes, AnInputReturnsWhatWasTypedUnchanged) {
   Meanwhile([] { AnswerInput(u"t"_s, u"  <b>Ana</b> "_s); });
   EXPECT_EQ(Dialogs.InputBox(u"x"_s, u"t"_s, u"Servidor"_s), u"  <b>Ana</b> "_s);
