@@ -68,8 +68,9 @@ bool Form2::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void Form2::ChooseSelected() {
-  const QListWidgetItem* item = list1_->currentItem();
-  if (item != nullptr) emit GameChosen(list1_->currentRow(), item->text());
+  // Not the current entry, which Ctrl and a click or the space bar deselect.
+  const QList<QListWidgetItem*> selected = list1_->selectedItems();
+  if (!selected.isEmpty()) emit GameChosen(list1_->row(selected.first()), selected.first()->text());
 }
 
 void Form2::closeEvent(QCloseEvent* event) {

@@ -118,11 +118,24 @@ TEST(Form2Window, EnterAndADoubleClickChooseASingleClickDoesNot) {
 
 TEST(Form2Window, WithoutASelectionChoosesNothing) {
   Form2 form;
+  form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
   auto* list = form.findChild<QListWidget*>(u"List1"_s);
-  const QSignalSpy chosen(&form, &Form2::GameChosen);
+  QSignalSpy chosen(&form, &Form2::GameChosen);
   list->setCurrentRow(-1);
   QTest::keyClick(list, Qt::Key_Return);
-  EXPECT_EQ(chosen.count(), 0);
+  EXPECT_EQ(chosen.count(), 0) << "nothing is current";
+  const QPoint third = list->visualItemRect(list->item(2)).center();
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, third);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier, third);
+  ASSERT_EQ(list->currentRow(), 2);
+  QTest::keyClick(list, Qt::Key_Return);
+  EXPECT_EQ(chosen.count(), 0) << "current, but deselected";
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, third);
+  QTest::keyClick(list, Qt::Key_Return);
+  ASSERT_EQ(chosen.count(), 1);
+  EXPECT_EQ(chosen[0][0].toInt(), 2);
+  EXPECT_EQ(chosen[0][1].toString(), u"Mini-Estratega"_s);
 }
 
 // ---- From window to window ----
