@@ -12,7 +12,7 @@ namespace brontavia {
 
 using namespace Qt::StringLiterals;
 
-GameFlow::GameFlow(const WindowTraits& window, const Seams& seams, unsigned seed)
+GameFlow::GameFlow(const WindowTraits& window, const Seams& seams, const RandomSeed& seed)
     : ConnectionFlow(window, seams), random_(seed) {
   On(message::kName, [this](const QString& payload) { NameReceived(payload); });
   On(message::kTurnChoice, [this](const QString& payload) { TurnChoiceReceived(payload); });

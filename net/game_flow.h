@@ -34,7 +34,7 @@ class GameFlow : public ConnectionFlow {
   Q_OBJECT
 
  public:
-  GameFlow(const WindowTraits& window, const Seams& seams, unsigned seed);
+  GameFlow(const WindowTraits& window, const Seams& seams, const RandomSeed& seed);
 
   [[nodiscard]] const Session& State() const { return session_; }
 

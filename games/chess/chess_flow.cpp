@@ -24,7 +24,7 @@ QString ColourOfSide(int colour) { return colour == kWhite ? u"blancas"_s : u"ne
 
 }  // namespace
 
-ChessFlow::ChessFlow(const Seams& seams, unsigned seed, SecondTimer::Now now)
+ChessFlow::ChessFlow(const Seams& seams, const RandomSeed& seed, SecondTimer::Now now)
     : GameFlow(kFormAje, seams, seed),
       fg1_({.Rows = kBoardSide + 1,
             .Columns = kBoardSide + 1,

@@ -16,7 +16,7 @@ class ChessFlow : public GameFlow {
   Q_OBJECT
 
  public:
-  ChessFlow(const Seams& seams, unsigned seed, SecondTimer::Now now = MonotonicTime);
+  ChessFlow(const Seams& seams, const RandomSeed& seed, SecondTimer::Now now = MonotonicTime);
 
   // ---- Entries ----
 

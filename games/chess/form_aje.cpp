@@ -17,7 +17,7 @@ constexpr int kMovesLines = 3;
 
 FormAje::FormAje(ProcessValues& values, std::unique_ptr<Connection> connection)
     : GameWindow(kFormAje, std::move(connection)),
-      flow_(MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
+      flow_(MakeSeams(values), SeedOfWindow()),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
   board_->setObjectName(u"FG1"_s);
   board_->setAccessibleName(u"Tablero"_s);

@@ -69,7 +69,7 @@ void NavalPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& 
 
 FormBAR::FormBAR(ProcessValues& values, std::unique_ptr<Connection> connection)
     : GameWindow(kFormBAR, std::move(connection)),
-      flow_(MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
+      flow_(MakeSeams(values), SeedOfWindow()),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)),
       own_fleet_(std::make_unique<BoardView>(flow_.FG2(), painter_)) {
   board_->setObjectName(u"FG1"_s);

@@ -43,7 +43,7 @@ void SetText(BoardModel& grid, Coordinate cell, const QString& text) {
 
 }  // namespace
 
-NavalFlow::NavalFlow(const Seams& seams, unsigned seed)
+NavalFlow::NavalFlow(const Seams& seams, const RandomSeed& seed)
     : GameFlow(kFormBAR, seams, seed),
       fg1_(GridShape(kLargeCell), [this](CellIndex cell) { return DescribeCell(cell); }),
       fg2_(GridShape(kSmallCell), [this](CellIndex cell) { return DescribeOwnCell(cell); }) {

@@ -12,7 +12,7 @@ class NavalFlow : public GameFlow {
   Q_OBJECT
 
  public:
-  NavalFlow(const Seams& seams, unsigned seed);
+  NavalFlow(const Seams& seams, const RandomSeed& seed);
 
   // ---- Entries ----
 

@@ -73,7 +73,7 @@ void StrategyPainter::Paint(QPainter& painter, const QRectF& area, const CellLoo
 
 FormStrategy::FormStrategy(const StrategyGame& game, ProcessValues& values, std::unique_ptr<Connection> connection)
     : GameWindow(game.Window, std::move(connection), TextsAt::Below),
-      flow_(game, MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
+      flow_(game, MakeSeams(values), SeedOfWindow()),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
   board_->setObjectName(u"FG1"_s);
   board_->setAccessibleName(u"Tablero"_s);

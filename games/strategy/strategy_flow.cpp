@@ -16,7 +16,7 @@ constexpr PerPlayer<ColourValue> kArmyColours{.Server = 0x000070,   // RGB(112, 
 
 }  // namespace
 
-StrategyFlow::StrategyFlow(const StrategyGame& game, const Seams& seams, unsigned seed)
+StrategyFlow::StrategyFlow(const StrategyGame& game, const Seams& seams, const RandomSeed& seed)
     : GameFlow(game.Window, seams, seed),
       game_(game),
       board_(game.Variant),

@@ -13,7 +13,7 @@ class StrategyFlow : public GameFlow {
   Q_OBJECT
 
  public:
-  StrategyFlow(const StrategyGame& game, const Seams& seams, unsigned seed);
+  StrategyFlow(const StrategyGame& game, const Seams& seams, const RandomSeed& seed);
 
   // ---- Entries ----
 

@@ -66,7 +66,7 @@ void TerPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& lo
 
 FormTER::FormTER(ProcessValues& values, std::unique_ptr<Connection> connection)
     : GameWindow(kFormTER, std::move(connection)),
-      flow_(MakeSeams(values), RandomDraw::SeedOf(QTime::currentTime())),
+      flow_(MakeSeams(values), SeedOfWindow()),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
   board_->setObjectName(u"FG1"_s);
   board_->setAccessibleName(u"Tablero"_s);

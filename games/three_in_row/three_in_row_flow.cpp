@@ -17,7 +17,7 @@ int CellOf(CellIndex index) { return index.Row * kTerSide + index.Column; }
 
 }  // namespace
 
-ThreeInRowFlow::ThreeInRowFlow(const Seams& seams, unsigned seed)
+ThreeInRowFlow::ThreeInRowFlow(const Seams& seams, const RandomSeed& seed)
     : GameFlow(kFormTER, seams, seed), fg1_(kFG1Shape, [this](CellIndex cell) {
         const char16_t symbol = board_.At(CellOf(cell));
         return u"Fila %1, columna %2: %3"_s.arg(cell.Row + 1)

@@ -11,7 +11,7 @@ class ThreeInRowFlow : public GameFlow {
   Q_OBJECT
 
  public:
-  ThreeInRowFlow(const Seams& seams, unsigned seed);
+  ThreeInRowFlow(const Seams& seams, const RandomSeed& seed);
 
   // Entry: the user clicked `cell` of the board, or pressed Enter or the space bar on it.
   void BoardClicked(CellIndex cell);
