@@ -63,11 +63,14 @@ class BoardModel : public QAbstractTableModel {
   // description.
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
-  // The cell must lie on the board; these throw std::out_of_range otherwise. No header becomes current.
+  // The cell must lie on the board, and the current one must be no header; these throw std::out_of_range otherwise, and
+  // nothing has changed. Signals tell of changes alone: content that the cell holds already, and a cell that is current
+  // already, are no news.
   [[nodiscard]] const CellContent& Cell(CellIndex cell) const;
   void SetCell(CellIndex cell, const CellContent& content);
   void SetCurrentCell(CellIndex cell);
 
+  // Whether the cell lies on the board, headers included.
   [[nodiscard]] bool Holds(CellIndex cell) const;
   [[nodiscard]] bool IsHeader(CellIndex cell) const;
   [[nodiscard]] QString Description(CellIndex cell) const { return describe_(cell); }

@@ -19,13 +19,15 @@ class BoardView : public QWidget {
   BoardView(BoardModel& model, const CellPainter& painter, QWidget* parent = nullptr);
 
   [[nodiscard]] BoardModel& Model() const { return model_; }
+  // In the view's own pixels. CellRect throws std::out_of_range for a cell outside the board; CellAt gives nothing for
+  // a place beside the cells.
   [[nodiscard]] QRect CellRect(CellIndex cell) const;
   [[nodiscard]] std::optional<CellIndex> CellAt(QPoint position) const;
 
   // The current cell looks like any other while the board does not have the focus.
   void ShowCursorOnlyWithFocus() { cursor_needs_focus_ = true; }
 
-  // Makes `cell` current and clicks it. A header takes no clicks.
+  // Makes `cell`, which lies on the board, current and clicks it. A header takes no clicks.
   void Click(CellIndex cell);
 
   [[nodiscard]] QSize sizeHint() const override;

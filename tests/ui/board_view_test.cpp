@@ -2,23 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
-#include <QSignalSpy>
 #include <QTest>
+#include <stdexcept>
+#include <vector>
 
+#include "tests/support/plain_painter.h"
 #include "tests/support/printers.h"
 
 namespace brontavia::test {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-class PlainPainter : public CellPainter {
- public:
-  void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const override {
-    painter.fillRect(area, look.Current ? Qt::blue : Qt::white);
-  }
-};
 
 class Board : public testing::Test {
  protected:
@@ -55,6 +49,12 @@ TEST_F(Board, KeepsItsProportionsAndTheMiddleWhateverItsSize) {
 TEST_F(Board, CellsLieSideBySideWithoutGaps) {
   for (int column = 0; column < 3; ++column) {
     EXPECT_EQ(View.CellRect({1, column}).right() + 1, View.CellRect({1, column + 1}).left());
+  }
+}
+
+TEST_F(Board, HasNoPlaceForCellsOutsideIt) {
+  for (const CellIndex cell : {CellIndex{-1, 0}, {0, -1}, {3, 0}, {0, 4}}) {
+    EXPECT_THROW(static_cast<void>(View.CellRect(cell)), std::out_of_range) << cell.Row << ',' << cell.Column;
   }
 }
 
@@ -151,66 +151,6 @@ TEST_F(BoardWithHeaders, HeadersAreNeverCurrentAndTakeNoClicks) {
   EXPECT_THROW(Model.SetCurrentCell({0, 1}), std::out_of_range);
   QTest::mouseClick(&View, Qt::LeftButton, {}, View.CellRect({3, 2}).center());
   EXPECT_EQ(Clicks, 1);
-}
-
-// ---- As a screen reader meets it ----
-
-QAccessibleInterface* InterfaceOf(BoardView& view) { return QAccessible::queryAccessibleInterface(&view); }
-
-TEST_F(Board, IsANamedGroupOfOneItemACellInRowMajorOrder) {
-  QAccessibleInterface* board = InterfaceOf(View);
-  EXPECT_EQ(board->role(), QAccessible::Grouping);
-  EXPECT_EQ(board->text(QAccessible::Name), u"Tablero"_s);
-  ASSERT_EQ(board->childCount(), 12);
-  Model.SetCell({1, 2}, {.Text = u"X"_s});
-  QAccessibleInterface* cell = board->child(6);
-  EXPECT_EQ(cell->role(), QAccessible::ListItem);
-  EXPECT_EQ(cell->text(QAccessible::Name), u"cell 1,2"_s);
-  EXPECT_EQ(cell->text(QAccessible::Description), u"X"_s);
-  EXPECT_EQ(cell->parent(), board);
-  EXPECT_EQ(board->indexOfChild(cell), 6);
-  EXPECT_EQ(cell->rect().size(), View.CellRect({1, 2}).size());
-  EXPECT_EQ(board->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
-  EXPECT_EQ(board->child(12), nullptr);
-  EXPECT_EQ(board->child(-1), nullptr);
-}
-
-TEST_F(Board, PressingAnItemIsAClick) {
-  QAccessibleActionInterface* action = InterfaceOf(View)->child(5)->actionInterface();
-  ASSERT_NE(action, nullptr);
-  EXPECT_EQ(action->actionNames(), QStringList(QAccessibleActionInterface::pressAction()));
-  action->doAction(QAccessibleActionInterface::pressAction());
-  EXPECT_TRUE(Clicks.empty()) << "the screen reader must not wait for what a click may open";
-  QCoreApplication::processEvents();
-  EXPECT_EQ(Clicks, std::vector<CellIndex>({{1, 1}}));
-  EXPECT_EQ(Model.CurrentCell(), (CellIndex{1, 1}));
-}
-
-TEST_F(Board, TheCurrentCellHasTheFocusOfTheGroup) {
-  Press(Qt::Key_Down);
-  EXPECT_EQ(InterfaceOf(View)->focusChild(), InterfaceOf(View)->child(4));
-  EXPECT_TRUE(InterfaceOf(View)->child(4)->state().focused);
-  EXPECT_FALSE(InterfaceOf(View)->child(3)->state().focused);
-}
-
-// ---- The model ----
-
-TEST_F(Board, TheModelRefusesCellsOutsideTheBoard) {
-  EXPECT_THROW(Model.SetCurrentCell({3, 0}), std::out_of_range);
-  EXPECT_THROW(Model.SetCell({0, 4}, {}), std::out_of_range);
-  EXPECT_THROW(static_cast<void>(Model.Cell({-1, 0})), std::out_of_range);
-}
-
-TEST_F(Board, TheModelTellsOnlyRealChanges) {
-  const QSignalSpy changed(&Model, &BoardModel::dataChanged);
-  const CellContent content{.Text = u"X"_s, .ForeColour = 1, .BackColour = 2};
-  Model.SetCell({0, 0}, content);
-  Model.SetCell({0, 0}, content);
-  EXPECT_EQ(changed.count(), 1);
-  EXPECT_EQ(Model.index(0, 0).data().toString(), u"X"_s);
-  EXPECT_EQ(Model.index(0, 0).data(BoardModel::ForeColourRole).toInt(), 1);
-  EXPECT_EQ(Model.index(0, 0).data(BoardModel::BackColourRole).toInt(), 2);
-  EXPECT_EQ(Model.index(0, 0).data(Qt::AccessibleTextRole).toString(), u"cell 0,0"_s);
 }
 
 }  // namespace
