@@ -7,6 +7,7 @@
 
 #ifdef Q_OS_LINUX
 #include <linux/sockios.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #endif
 
@@ -20,6 +21,9 @@ using namespace std::chrono_literals;
 
 // What the peer may send before it is read. Past this TCP holds it back.
 constexpr qint64 kReadBufferSize = 1 << 20;
+
+// Requesters who wait to be asked about, each with a read buffer; the rest wait in the system's queue.
+constexpr int kMostWaiting = 16;
 
 // A send is never told as complete sooner than this, so that what follows it is another read at the peer.
 constexpr auto kShortestSend = 20ms;
@@ -36,8 +40,28 @@ int Unacknowledged(const QTcpSocket& socket) {
   return 0;
 }
 
-// Bounds what a requester may send before it is accepted.
+#ifdef Q_OS_LINUX
+// How the peer has closed a connection so far, read or not: 0 not at all, POLLRDHUP alone in order, more by a reset.
+int PeerClosed(int descriptor) {
+  pollfd asked{.fd = descriptor, .events = POLLRDHUP, .revents = 0};
+  poll(&asked, 1, 0);
+  return asked.revents;
+}
+#endif
+
+// Whether a requester has gone, even if the event loop has not come to reading it.
+bool HasGone(const QTcpSocket& requester) {
+#ifdef Q_OS_LINUX
+  if (PeerClosed(static_cast<int>(requester.socketDescriptor())) != 0) return true;
+#endif
+  return requester.state() != QAbstractSocket::ConnectedState;
+}
+
+// Bounds how many requesters wait, and what each may send before it is accepted.
 class Listener : public QTcpServer {
+ public:
+  Listener() { setMaxPendingConnections(kMostWaiting); }
+
  protected:
   void incomingConnection(qintptr descriptor) override {
     auto* socket = new QTcpSocket(this);
@@ -88,15 +112,18 @@ std::optional<QString> TcpConnection::Listen(std::int32_t port) {
 }
 
 void TcpConnection::TellNextRequest() {
-  if (!server_ || requester_ || !server_->hasPendingConnections()) return;
-  requester_.reset(server_->nextPendingConnection());
-  requester_->setParent(nullptr);  // it outlives the listener when it is accepted
+  if (!server_ || requester_) return;
+  do {
+    requester_.reset(server_->nextPendingConnection());
+    if (!requester_) return;
+    requester_->setParent(nullptr);  // it outlives the listener when it is accepted
+  } while (HasGone(*requester_));
   emit ConnectionRequest(++request_);
 }
 
 bool TcpConnection::Accept(int request) {
   if (request != request_ || !requester_) return false;
-  if (requester_->state() != QAbstractSocket::ConnectedState) {
+  if (HasGone(*requester_)) {
     Reject(request);
     return false;
   }

@@ -47,7 +47,8 @@ class Connection : public QObject {
   virtual QString GetData() = 0;
 
  signals:
-  // A peer asks to connect. The next request is told only after this one has been accepted or rejected.
+  // A peer asks to connect and is still there. The next request is told only after this one has been accepted or
+  // rejected; one whose peer has gone by then is never told.
   void ConnectionRequest(int request);
 
   // Something has been received. Delivered from the event loop, so also while an earlier handler waits for a box.

@@ -1,9 +1,13 @@
 #include "net/tcp_connection.h"
 
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 
 #include <QElapsedTimer>
 #include <QTcpSocket>
+#include <array>
+#include <filesystem>
+#include <iterator>
 #include <memory>
 
 #include "tests/support/free_port.h"
@@ -34,9 +38,39 @@ struct Side {
   int Losses = 0;
 };
 
+// What a bare peer does with its socket, behind the back of the toolkit.
+
+int DescriptorOf(const QTcpSocket& peer) { return static_cast<int>(peer.socketDescriptor()); }
+
+void HalfClose(const QTcpSocket& peer) { ASSERT_EQ(shutdown(DescriptorOf(peer), SHUT_WR), 0); }
+
+void Reset(QTcpSocket& peer) {
+  const linger at_once{.l_onoff = 1, .l_linger = 0};
+  ASSERT_EQ(setsockopt(DescriptorOf(peer), SOL_SOCKET, SO_LINGER, &at_once, sizeof at_once), 0);
+  peer.abort();
+}
+
+auto OpenDescriptors() {
+  const std::filesystem::directory_iterator descriptors("/proc/self/fd");
+  return std::distance(begin(descriptors), end(descriptors));
+}
+
 class Tcp : public testing::Test {
  protected:
   void Listen() { ASSERT_EQ(Server.Socket.Listen(Port), std::nullopt); }
+
+  // Connected as far as the system of the listener goes; the listener itself has not looked yet.
+  void Knock(QTcpSocket& peer) const {
+    peer.connectToHost(u"127.0.0.1"_s, static_cast<quint16>(Port));
+    ASSERT_TRUE(peer.waitForConnected(5000));
+  }
+
+  void AcceptBare(QTcpSocket& peer) {
+    Listen();
+    Knock(peer);
+    ASSERT_TRUE(Eventually([&] { return !Server.Requests.isEmpty(); }));
+    ASSERT_TRUE(Server.Socket.Accept(Server.Requests.last()));
+  }
 
   void Connect() {
     Listen();
@@ -115,12 +149,67 @@ TEST_F(Tcp, ARequesterWhoHasGoneCannotBeAcceptedAndListeningGoesOn) {
     ASSERT_TRUE(Eventually([&] { return Server.Requests.size() == 1; }));
     impatient.abort();
   }
-  // Loopback delivers the news before abort() returns; it only has to be read.
-  QCoreApplication::processEvents();
+  // Loopback delivers the news before abort() returns.
   EXPECT_FALSE(Server.Socket.Accept(Server.Requests[0]));
   EXPECT_EQ(Server.Socket.State(), ConnectionState::Listening);
   Client.Socket.Connect(u"127.0.0.1"_s, Port);
   EXPECT_TRUE(Eventually([&] { return Server.Requests.size() == 2; }));
+}
+
+TEST_F(Tcp, RequestersWhoHaveGoneAreNotAskedAbout) {
+  Listen();
+  QTcpSocket asked_about;
+  Knock(asked_about);
+  ASSERT_TRUE(Eventually([&] { return Server.Requests.size() == 1; }));
+  // Some are taken from the system's queue before the first one is answered, some after.
+  for (int repetition = 0; repetition < 15; ++repetition) {
+    QTcpSocket silent;
+    QTcpSocket talking;
+    QTcpSocket resetting;
+    for (QTcpSocket* impatient : {&silent, &talking, &resetting}) Knock(*impatient);
+    ASSERT_EQ(send(DescriptorOf(talking), "x", 1, 0), 1);
+    Reset(resetting);
+  }
+  QTcpSocket half_closed;
+  Knock(half_closed);
+  HalfClose(half_closed);
+  QTcpSocket patient;
+  Knock(patient);
+  LetPass(50);
+  Server.Socket.Reject(Server.Requests[0]);
+  ASSERT_TRUE(Eventually([&] { return Server.Requests.size() == 2; }));
+  ASSERT_TRUE(Server.Socket.Accept(Server.Requests[1]));
+  Server.Socket.SendData(u"hello"_s);
+  EXPECT_TRUE(Eventually([&] { return patient.bytesAvailable() == 5; }));
+}
+
+TEST_F(Tcp, ARequesterWhoHasGoneIsNotAskedAboutAndListeningGoesOn) {
+  Listen();
+  {
+    QTcpSocket impatient;
+    Knock(impatient);
+  }
+  LetPass(50);
+  EXPECT_TRUE(Server.Requests.isEmpty());
+  QTcpSocket patient;
+  Knock(patient);
+  EXPECT_TRUE(Eventually([&] { return Server.Requests.size() == 1; }));
+}
+
+TEST_F(Tcp, FewRequestsAreTakenFromTheSystemAheadOfTheirTurn) {
+  constexpr int kRequesters = 40;
+  constexpr int kTaken = 17;  // the one that is asked about, and sixteen that wait
+  Listen();
+  std::array<QTcpSocket, kRequesters> requesters;
+  for (QTcpSocket& requester : requesters) Knock(requester);
+  const auto before = OpenDescriptors();
+  ASSERT_TRUE(Eventually([&] { return OpenDescriptors() - before >= kTaken; }));
+  LetPass(50);
+  EXPECT_EQ(OpenDescriptors() - before, kTaken);
+  for (int request = 0; request < kRequesters; ++request) {
+    ASSERT_TRUE(Eventually([&] { return Server.Requests.size() == request + 1; }));
+    Server.Socket.Reject(Server.Requests.last());
+  }
 }
 
 // ---- Connecting ----
@@ -157,11 +246,8 @@ TEST_F(Tcp, AFinishedSendAndTheNextAreTwoReads) {
 }
 
 TEST_F(Tcp, AFlushedSendHasLeftBeforeTheEventLoopRunsAgain) {
-  Listen();
   QTcpSocket raw;
-  raw.connectToHost(u"127.0.0.1"_s, static_cast<quint16>(Port));
-  ASSERT_TRUE(Eventually([&] { return !Server.Requests.isEmpty(); }));
-  ASSERT_TRUE(Server.Socket.Accept(Server.Requests[0]));
+  AcceptBare(raw);
   Server.Socket.SendData(u"before"_s);
   Server.Socket.Flush();
   EXPECT_TRUE(raw.waitForReadyRead(5000));
@@ -180,12 +266,9 @@ TEST_F(Tcp, ASendIsCompleteNotSoonerThanTwentyMilliseconds) {
 }
 
 TEST_F(Tcp, ASendIsNotCompleteWhileThePeerHoldsItBack) {
-  Listen();
   QTcpSocket raw;
   raw.setReadBufferSize(1);
-  raw.connectToHost(u"127.0.0.1"_s, static_cast<quint16>(Port));
-  ASSERT_TRUE(Eventually([&] { return !Server.Requests.isEmpty(); }));
-  ASSERT_TRUE(Server.Socket.Accept(Server.Requests[0]));
+  AcceptBare(raw);
   Server.Socket.SendData(QString(24 << 20, u'x'));
   LetPass(150);
   EXPECT_EQ(Server.Completed, 0);
