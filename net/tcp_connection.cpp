@@ -6,9 +6,11 @@
 #include <utility>
 
 #ifdef Q_OS_LINUX
+#include <fcntl.h>
 #include <linux/sockios.h>
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <unistd.h>
 #endif
 
 #include "text/wire_encoding.h"
@@ -30,15 +32,6 @@ constexpr auto kShortestSend = 20ms;
 constexpr auto kBetweenChecks = 5ms;
 
 bool IsPort(std::int32_t port) { return port >= 1 && port <= std::numeric_limits<quint16>::max(); }
-
-// Bytes that the peer's TCP has not acknowledged yet; where the system does not tell, none.
-int Unacknowledged(const QTcpSocket& socket) {
-#ifdef Q_OS_LINUX
-  int bytes = 0;
-  if (ioctl(static_cast<int>(socket.socketDescriptor()), SIOCOUTQ, &bytes) == 0) return bytes;
-#endif
-  return 0;
-}
 
 #ifdef Q_OS_LINUX
 // How the peer has closed a connection so far, read or not: 0 not at all, POLLRDHUP alone in order, more by a reset.
@@ -72,6 +65,36 @@ class Listener : public QTcpServer {
 };
 
 }  // namespace
+
+#ifdef Q_OS_LINUX
+class TcpConnection::SecondHandle {
+  Q_DISABLE_COPY_MOVE(SecondHandle)
+
+ public:
+  explicit SecondHandle(const QTcpSocket& socket)
+      : descriptor_(fcntl(static_cast<int>(socket.socketDescriptor()), F_DUPFD_CLOEXEC, 0)) {}
+  ~SecondHandle() { close(descriptor_); }
+
+  [[nodiscard]] bool AllAcknowledged() const {
+    int unacknowledged = 0;
+    ioctl(descriptor_, SIOCOUTQ, &unacknowledged);
+    return unacknowledged == 0;
+  }
+  [[nodiscard]] bool ClosedInOrder() const { return PeerClosed(descriptor_) == POLLRDHUP; }
+
+ private:
+  int descriptor_;
+};
+#else
+class TcpConnection::SecondHandle {
+ public:
+  explicit SecondHandle(const QTcpSocket& /*socket*/) {}
+
+  // Where the system does not tell, what it has been handed counts.
+  [[nodiscard]] bool AllAcknowledged() const { return true; }
+  [[nodiscard]] bool ClosedInOrder() const { return true; }
+};
+#endif
 
 void TcpConnection::LetGo::operator()(QTcpSocket* socket) const {
   socket->disconnect();
@@ -163,7 +186,7 @@ void TcpConnection::Use(SocketPointer socket) {
 }
 
 void TcpConnection::Close() {
-  sent_check_.stop();
+  EndSend();
   requester_.reset();
   server_.reset();
   socket_.reset();
@@ -172,6 +195,7 @@ void TcpConnection::Close() {
 bool TcpConnection::SendData(const QString& text) {
   if (State() != ConnectionState::Connected) return false;
   socket_->write(ToWire(text));
+  unfinished_send_ = std::make_unique<SecondHandle>(*socket_);
   sent_check_.start(kShortestSend);
   if (!std::exchange(flush_queued_, true)) {
     // Behind the handler that sends, so that its texts leave together, but before this side repaints.
@@ -190,20 +214,30 @@ void TcpConnection::Flush() {
   if (socket_) socket_->flush();
 }
 
+bool TcpConnection::AllAcknowledged() const {
+  return socket_->bytesToWrite() == 0 && unfinished_send_->AllAcknowledged();
+}
+
+void TcpConnection::EndSend() {
+  sent_check_.stop();
+  unfinished_send_.reset();
+}
+
 void TcpConnection::CheckSent() {
   if (State() != ConnectionState::Connected) return;  // TellLost is on its way
-  if (socket_->bytesToWrite() > 0 || Unacknowledged(*socket_) > 0) {
+  if (!AllAcknowledged()) {
     sent_check_.start(kBetweenChecks);
     return;
   }
-  sent_check_.stop();
+  EndSend();
   emit SendComplete();
 }
 
 void TcpConnection::TellLost() {
-  // A peer that closes in order has read what it was sent; one that had not would have reset the connection.
-  const bool sent = sent_check_.isActive() && socket_ && socket_->error() == QAbstractSocket::RemoteHostClosedError;
-  sent_check_.stop();
+  // The toolkit calls a reset, too, a close by the peer.
+  const bool sent = unfinished_send_ && socket_->error() == QAbstractSocket::RemoteHostClosedError &&
+                    unfinished_send_->ClosedInOrder() && AllAcknowledged();
+  EndSend();
   if (sent) emit SendComplete();
   emit Lost();
 }

@@ -35,10 +35,16 @@ class TcpConnection : public Connection {
     void operator()(QTcpSocket* socket) const;
     void operator()(QTcpServer* server) const;
   };
+  // Asks the system about an unfinished send, also after the toolkit has closed its own descriptor. The connection does
+  // not end before its last handle, so this one goes with the send, at the latest in Close().
+  class SecondHandle;
   using SocketPointer = std::unique_ptr<QTcpSocket, LetGo>;
 
   void TellNextRequest();
   void Use(SocketPointer socket);
+  // Of an unfinished send: whether nothing waits here any more and the peer's system has acknowledged every byte.
+  [[nodiscard]] bool AllAcknowledged() const;
+  void EndSend();
   void CheckSent();
   void TellLost();
 
@@ -46,7 +52,8 @@ class TcpConnection : public Connection {
   SocketPointer requester_;  // asked about, not yet answered
   int request_ = 0;          // its number
   SocketPointer socket_;
-  QTimer sent_check_;
+  std::unique_ptr<SecondHandle> unfinished_send_;
+  QTimer sent_check_;  // runs while there is one
   bool flush_queued_ = false;
 };
 

@@ -54,10 +54,12 @@ class Connection : public QObject {
   // Something has been received. Delivered from the event loop, so also while an earlier handler waits for a box.
   void DataArrival();
 
-  // The peer has everything that was sent.
+  // The peer's system has acknowledged everything that was sent (where this one does not tell: everything has been
+  // handed on). Not told when a connection is reset before that.
   void SendComplete();
 
-  // The connection has gone, by the peer or by failure. Nobody is told; waits end.
+  // The connection has gone, by the peer or by failure. Nobody is told; waits end. When the peer closed in order and
+  // had acknowledged everything, SendComplete comes first.
   void Lost();
 };
 

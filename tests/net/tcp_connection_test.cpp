@@ -1,6 +1,7 @@
 #include "net/tcp_connection.h"
 
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/socket.h>
 
 #include <QElapsedTimer>
@@ -9,6 +10,7 @@
 #include <filesystem>
 #include <iterator>
 #include <memory>
+#include <vector>
 
 #include "tests/support/free_port.h"
 #include "tests/support/printers.h"
@@ -48,6 +50,16 @@ void Reset(QTcpSocket& peer) {
   const linger at_once{.l_onoff = 1, .l_linger = 0};
   ASSERT_EQ(setsockopt(DescriptorOf(peer), SOL_SOCKET, SO_LINGER, &at_once, sizeof at_once), 0);
   peer.abort();
+}
+
+// Reads until nothing more comes; returns how much it was.
+qint64 ReadAllThatHasLeft(const QTcpSocket& peer) {
+  constexpr int kSilence = 100;  // milliseconds
+  pollfd asked{.fd = DescriptorOf(peer), .events = POLLIN, .revents = 0};
+  std::vector<char> part(1 << 20);
+  qint64 read = 0;
+  while (poll(&asked, 1, kSilence) == 1) read += recv(asked.fd, part.data(), part.size(), 0);
+  return read;
 }
 
 auto OpenDescriptors() {
@@ -319,9 +331,51 @@ TEST_F(Tcp, WhatThePeerSentBeforeItClosedIsStillRead) {
 TEST_F(Tcp, ASendThatThePeerHasReadBeforeClosingIsComplete) {
   Connect();
   QObject::connect(&Server.Socket, &Connection::DataArrival, &Server.Socket, [&] { Server.Socket.Close(); });
+  QObject::connect(&Client.Socket, &Connection::Lost, &Client.Socket, [&] { EXPECT_EQ(Client.Completed, 1); });
   Client.Socket.SendData(u"x"_s);
   ASSERT_TRUE(Eventually([&] { return Client.Losses == 1; }));
   EXPECT_EQ(Client.Completed, 1);
+}
+
+TEST_F(Tcp, ASendThatThePeerAnswersWithAResetIsNotComplete) {
+  QTcpSocket raw;
+  AcceptBare(raw);
+  Server.Socket.SendData(u"x"_s);
+  Server.Socket.Flush();
+  Reset(raw);
+  ASSERT_TRUE(Eventually([&] { return Server.Losses == 1; }));
+  EXPECT_EQ(Server.Completed, 0);
+}
+
+TEST_F(Tcp, ASendThatAResetCutsShortIsNotComplete) {
+  QTcpSocket raw;
+  AcceptBare(raw);
+  Server.Socket.SendData(QString(24 << 20, u'x'));
+  Server.Socket.Flush();
+  Reset(raw);
+  ASSERT_TRUE(Eventually([&] { return Server.Losses == 1; }));
+  EXPECT_EQ(Server.Completed, 0);
+}
+
+TEST_F(Tcp, ASendToAPeerWhoHasClosedIsNotComplete) {
+  QTcpSocket raw;
+  AcceptBare(raw);
+  raw.abort();
+  EXPECT_TRUE(Server.Socket.SendData(u"x"_s));
+  ASSERT_TRUE(Eventually([&] { return Server.Losses == 1; }));
+  EXPECT_EQ(Server.Completed, 0);
+}
+
+TEST_F(Tcp, ASendThatHasNotLeftWholeWhenThePeerClosesIsNotComplete) {
+  constexpr int kSent = 24 << 20;
+  QTcpSocket raw;
+  AcceptBare(raw);
+  Server.Socket.SendData(QString(kSent, u'x'));
+  Server.Socket.Flush();
+  EXPECT_LT(ReadAllThatHasLeft(raw), kSent);
+  raw.abort();
+  ASSERT_TRUE(Eventually([&] { return Server.Losses == 1; }));
+  EXPECT_EQ(Server.Completed, 0);
 }
 
 TEST_F(Tcp, ClosingInsideTheHandlerOfAReadIsSafe) {
