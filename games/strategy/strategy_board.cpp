@@ -20,7 +20,8 @@ std::u16string FieldOf(CellCode code) {
 
 CellCode ReadField(std::u16string_view field, Player side, CellCode before) {
   const auto code = RoundHalfEven<CellCode>(Val(field));
-  const bool sound = IsPieceOf(side, code) && RankOf(code) >= rank::kFlag && RankOf(code) <= kRanks;
+  const int rank = RankOf(code);
+  const bool sound = rank >= rank::kFlag && rank <= kRanks && code == PieceCode(side, rank);
   return sound || code == before ? code : kEmptyLand;
 }
 
