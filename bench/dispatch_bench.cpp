@@ -51,6 +51,7 @@ class SilentDialogs : public Dialogs {
     return {};
   }
   void CloseAll() override {}
+  [[nodiscard]] bool IsShowing() const override { return false; }
 };
 
 class BlindScreen : public Screen {
@@ -60,7 +61,7 @@ class BlindScreen : public Screen {
   void SetText(Box /*box*/, const QString& text) override { Take(text); }
   void AppendText(Box /*box*/, const QString& /*text*/) override {}
   void AddMessage(const QString& line) override { Take(line); }
-  void PlaySound(Player /*player*/, const QString& /*file*/) override {}
+  void PlaySound(MediaPlayer /*player*/, const QString& /*file*/) override {}
   void Beep() override {}
 
  private:

@@ -6,7 +6,7 @@
 namespace brontavia {
 namespace {
 
-constexpr int kPlayer = 0;
+constexpr Player kPlayer = Player::Server;
 
 // Three pieces of each player and no line, with the player about to lift a piece.
 ThreeInRowBoard MovingBoard() {
@@ -16,7 +16,7 @@ ThreeInRowBoard MovingBoard() {
     board.EndMove(kPlayer);
     board.BeginMove(kPlayer);
   }
-  for (const int cell : {2, 3, 4}) board.Apply(1 - kPlayer, {.Lifted = kNoCell, .Target = cell});
+  for (const int cell : {2, 3, 4}) board.Apply(OpponentOf(kPlayer), {.Lifted = kNoCell, .Target = cell});
   board.BeginMove(kPlayer);
   return board;
 }

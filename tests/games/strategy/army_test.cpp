@@ -37,10 +37,10 @@ Counts ToPlace(const Army& army) {
 }
 
 // The pieces of `side` in its zone.
-Counts Placed(const StrategyBoard& board, int side) {
+Counts Placed(const StrategyBoard& board, Player side) {
   Counts counts{};
   for (const Coordinate cell : AllCells(board.Variant())) {
-    const int rank = board.At(cell) - side * 100;
+    const int rank = board.At(cell) - NumberOf(side) * 100;
     if (cell.Row <= board.Variant().ZoneRows && rank >= 1 && rank <= kAllRanks) ++counts[Index(rank)];
   }
   return counts;
@@ -48,7 +48,7 @@ Counts Placed(const StrategyBoard& board, int side) {
 
 // An army that is to be placed on a board of its own.
 struct Placing {
-  explicit Placing(const StrategyVariant& variant, int side = 0) : Board(variant) { Army.Reset(side); }
+  explicit Placing(const StrategyVariant& variant, Player side = Player::Server) : Board(variant) { Army.Reset(side); }
 
   StrategyBoard Board;
   brontavia::Army Army{Board};
@@ -58,7 +58,7 @@ struct Placing {
 
 TEST(Army, IsWholeAndUnplacedAfterAReset) {
   for (const FullArmy& expected : kFullArmies) {
-    for (const int side : {0, 1}) {
+    for (const Player side : kBothPlayers) {
       StrategyBoard board(expected.Variant);
       for (const Coordinate cell : AllCells(expected.Variant)) board.Set(cell, 113);
       Army army(board);
@@ -90,13 +90,13 @@ TEST(Army, StandsInTheLowestRowsOnly) {
 
 TEST(Army, PutsAPieceOfItsSideOnTheChosenCell) {
   for (const FullArmy& full : kFullArmies) {
-    for (const int side : {0, 1}) {
+    for (const Player side : kBothPlayers) {
       for (int rank = 1; rank <= kRanks; ++rank) {
-        SCOPED_TRACE(testing::Message() << "side " << side << ", rank " << rank);
+        SCOPED_TRACE(testing::Message() << "side " << NumberOf(side) << ", rank " << rank);
         Placing own(full.Variant, side);
         const bool has_one = full.ByRank.at(Index(rank)) > 0;
         EXPECT_EQ(own.Army.Place(Cell("G3"), rank), has_one);
-        EXPECT_EQ(own.Board.At(Cell("G3")), has_one ? side * 100 + rank : 0);
+        EXPECT_EQ(own.Board.At(Cell("G3")), has_one ? NumberOf(side) * 100 + rank : 0);
         EXPECT_EQ(own.Army.PiecesToPlace(), full.Pieces - (has_one ? 1 : 0));
         Counts left = full.ByRank;
         if (has_one) --left.at(Index(rank));
@@ -126,7 +126,7 @@ const Refusal kRefusals[] = {
 TEST(Army, RefusesWhatCannotBePlacedAndChangesNothing) {
   Placing own(kEstratega);
   ASSERT_TRUE(own.Army.Place(Cell("A1"), rank::kMarshal));
-  own.Board.Set(Cell("B1"), PieceCode(1, rank::kScout));
+  own.Board.Set(Cell("B1"), PieceCode(Player::Client, rank::kScout));
   const std::vector<CellCode> before = CodesOf(own.Board);
   const Counts left = ToPlace(own.Army);
   for (const Refusal& tested : kRefusals) {
@@ -165,7 +165,7 @@ TEST(Army, TakesNothingBackFromOutsideTheBoard) {
 
 TEST(Army, FillsItsZoneWhenItIsComplete) {
   for (const auto& [name, variant] : kVariants) {
-    Placing own(variant, 1);
+    Placing own(variant, Player::Client);
     int rank = 1;
     for (const Coordinate cell : AllCells(variant)) {
       if (!own.Army.MayStandOn(cell)) continue;
@@ -175,7 +175,7 @@ TEST(Army, FillsItsZoneWhenItIsComplete) {
     EXPECT_EQ(own.Army.PiecesToPlace(), 0) << name;
     EXPECT_EQ(ToPlace(own.Army), Counts{}) << name;
     for (const Coordinate cell : AllCells(variant)) {
-      EXPECT_EQ(IsPieceOf(1, own.Board.At(cell)), cell.Row <= variant.ZoneRows) << name;
+      EXPECT_EQ(IsPieceOf(Player::Client, own.Board.At(cell)), cell.Row <= variant.ZoneRows) << name;
     }
     own.Army.TakeBack(Cell("A1"));
     EXPECT_EQ(own.Army.PiecesToPlace(), 1) << name;
@@ -193,7 +193,7 @@ TEST(Army, CountsRightAfterAnySequenceOfPlacingAndTakingBack) {
       const auto between = [&random](int lowest, int highest) {
         return std::uniform_int_distribution(lowest, highest)(random);
       };
-      const int side = between(0, 1);
+      const Player side = between(0, 1) == 0 ? Player::Server : Player::Client;
       Placing own(full.Variant, side);
       for (int step = 0; step < 500; ++step) {
         const Coordinate cell{.Column = between(0, full.Variant.Columns + 1),
@@ -227,7 +227,7 @@ TEST(RandomDeployment, IsAlwaysAWholeArmyInTheZone) {
     for (unsigned seed = 1; seed <= 1000; ++seed) {
       SCOPED_TRACE(testing::Message() << full.Pieces << " pieces, seed " << seed);
       std::mt19937 random(seed);
-      const int side = static_cast<int>(seed % 2);
+      const Player side = seed % 2 == 0 ? Player::Server : Player::Client;
       Placing own(full.Variant, side);
       own.Army.DeployAtRandom([&random](int count) { return std::uniform_int_distribution(0, count - 1)(random); });
       ASSERT_EQ(Placed(own.Board, side), full.ByRank);
@@ -266,7 +266,7 @@ class ScriptedDraws {
 
 TEST(RandomDeployment, DrawsTheColumnThenTheRowForEachRankInTurn) {
   for (const FullArmy& full : kFullArmies) {
-    Placing own(full.Variant, 1);
+    Placing own(full.Variant, Player::Client);
     ScriptedDraws draws(full.Variant.ZoneRows);
     own.Army.DeployAtRandom([&draws](int count) { return draws.Below(count); });
     std::vector<int> bounds;
@@ -274,7 +274,7 @@ TEST(RandomDeployment, DrawsTheColumnThenTheRowForEachRankInTurn) {
     Coordinate cell{.Column = 1, .Row = 1};
     for (int rank = 1; rank <= kRanks; ++rank) {
       for (int piece = 0; piece < full.ByRank.at(Index(rank)); ++piece) {
-        expected.Set(cell, PieceCode(1, rank));
+        expected.Set(cell, PieceCode(Player::Client, rank));
         bounds.insert(bounds.end(), {full.Variant.Columns, full.Variant.ZoneRows});
         cell = cell.Row < full.Variant.ZoneRows ? Coordinate{.Column = cell.Column, .Row = cell.Row + 1}
                                                 : Coordinate{.Column = cell.Column + 1, .Row = 1};
@@ -309,7 +309,7 @@ TEST(RandomDeployment, DiscardsWhatStandsInTheZoneAndNothingElse) {
     ScriptedDraws draws(full.Variant.ZoneRows);
     own.Army.DeployAtRandom([&draws](int count) { return draws.Below(count); });
     EXPECT_EQ(draws.Bounds().size(), 2U * static_cast<unsigned>(full.Pieces)) << "no cell was taken";
-    EXPECT_EQ(Placed(own.Board, 0), full.ByRank);
+    EXPECT_EQ(Placed(own.Board, Player::Server), full.ByRank);
     for (const Coordinate cell : AllCells(full.Variant)) {
       if (cell.Row >= full.Variant.EnemyZoneRow()) {
         EXPECT_EQ(own.Board.At(cell), 104);
@@ -328,7 +328,7 @@ TEST(RandomDeployment, CanBeTakenBackAndDrawnAgain) {
   ScriptedDraws again(kMiniEstratega.ZoneRows);
   own.Army.DeployAtRandom([&again](int count) { return again.Below(count); });
   EXPECT_EQ(own.Army.PiecesToPlace(), 0);
-  EXPECT_EQ(Placed(own.Board, 0), kFullArmies[1].ByRank);
+  EXPECT_EQ(Placed(own.Board, Player::Server), kFullArmies[1].ByRank);
 }
 
 }  // namespace

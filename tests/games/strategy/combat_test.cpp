@@ -79,7 +79,7 @@ CellCode Survivor(Left left, CellCode attacker, CellCode defender) {
     case Left::Nothing:
       return kEmptyLand;
     case Left::RevealedBomb:
-      return SideOf(defender) == 0 ? 13 : 113;
+      return SideOf(defender) == Player::Server ? 13 : 113;
   }
   return kWaterCell;
 }
@@ -89,7 +89,8 @@ StrategyBoard CrowdedBoard(const StrategyVariant& variant) {
   StrategyBoard board(variant);
   int next = 0;
   for (const Coordinate cell : AllCells(variant)) {
-    if (board.At(cell) == kEmptyLand) board.Set(cell, PieceCode(next % 2, 1 + next % 13));
+    if (board.At(cell) == kEmptyLand)
+      board.Set(cell, PieceCode(next % 2 == 0 ? Player::Server : Player::Client, 1 + next % 13));
     ++next;
   }
   return board;
@@ -108,12 +109,12 @@ TEST(Combat, LeavesTheSurvivorOnTheTargetAndAllOtherCellsAlone) {
   for (const NamedVariant& tested : kVariants) {
     // Beside the origin, and at a distance as scouts attack.
     for (const Coordinate to : {Cell("E5"), Cell("D4"), Cell("E8"), Cell("A4")}) {
-      for (const int side : {0, 1}) {
-        SCOPED_TRACE(testing::Message() << tested.Name << ", side " << side << " attacks "
+      for (const Player side : kBothPlayers) {
+        SCOPED_TRACE(testing::Message() << tested.Name << ", side " << NumberOf(side) << " attacks "
                                         << testing::PrintToString(to));
         ForAllPairs([&](int attacking_rank, int defending_rank, const Ending& ending) {
           const CellCode attacker = PieceCode(side, attacking_rank);
-          const CellCode defender = PieceCode(1 - side, defending_rank);
+          const CellCode defender = PieceCode(OpponentOf(side), defending_rank);
           StrategyBoard board = CrowdedBoard(tested.Variant);
           board.Set(from, attacker);
           board.Set(to, defender);
@@ -149,8 +150,8 @@ TEST(Combat, OnlyAnAttackingSpyBeatsTheMarshal) {
 
 TEST(Combat, ABombIsRevealedOnceAndStaysItsArmys) {
   StrategyBoard board(kEstratega);
-  for (const int side : {0, 1}) {
-    const CellCode attacker = PieceCode(1 - side, rank::kMarshal);
+  for (const Player side : kBothPlayers) {
+    const CellCode attacker = PieceCode(OpponentOf(side), rank::kMarshal);
     board.Set(Cell("A5"), PieceCode(side, rank::kBomb));
     for (int attack = 0; attack < 2; ++attack) {
       board.Set(Cell("A4"), attacker);
@@ -164,14 +165,15 @@ TEST(Combat, ABombIsRevealedOnceAndStaysItsArmys) {
 // The other copy tells of an attack that this one cannot judge.
 TEST(Combat, ThatDestroysTheAttackerRevealsBombsAndChangesNoOtherTarget) {
   std::vector<CellCode> targets{kWaterCell, kEmptyLand};
-  for (const int side : {0, 1}) {
+  for (const Player side : kBothPlayers) {
     for (int rank = 1; rank <= kDefenders; ++rank) targets.push_back(PieceCode(side, rank));
   }
   for (const CellCode target : targets) {
     StrategyBoard board(kEstratega);
-    board.Set(Cell("A4"), PieceCode(1, rank::kScout));
+    board.Set(Cell("A4"), PieceCode(Player::Client, rank::kScout));
     board.Set(Cell("A5"), target);
-    ApplyResult(board, PieceCode(1, rank::kScout), Cell("A4"), Cell("A5"), CombatResult::AttackerDestroyed);
+    ApplyResult(board, PieceCode(Player::Client, rank::kScout), Cell("A4"), Cell("A5"),
+                CombatResult::AttackerDestroyed);
     EXPECT_EQ(board.At(Cell("A5")), RankOf(target) == rank::kBomb ? target + 11 : target);
     EXPECT_EQ(board.At(Cell("A4")), kEmptyLand) << target;
   }
@@ -179,10 +181,10 @@ TEST(Combat, ThatDestroysTheAttackerRevealsBombsAndChangesNoOtherTarget) {
 
 TEST(PlainMove, CarriesThePieceToTheTarget) {
   StrategyBoard board(kMiniEstratega);
-  board.Set(Cell("G3"), PieceCode(1, rank::kScout));
+  board.Set(Cell("G3"), PieceCode(Player::Client, rank::kScout));
   StrategyBoard expected(kMiniEstratega);
-  expected.Set(Cell("G8"), PieceCode(1, rank::kScout));
-  ApplyResult(board, PieceCode(1, rank::kScout), Cell("G3"), Cell("G8"), CombatResult::AttackerWins);
+  expected.Set(Cell("G8"), PieceCode(Player::Client, rank::kScout));
+  ApplyResult(board, PieceCode(Player::Client, rank::kScout), Cell("G3"), Cell("G8"), CombatResult::AttackerWins);
   EXPECT_EQ(CodesOf(board), CodesOf(expected));
 }
 

@@ -67,11 +67,11 @@ const ScoutMove kScoutMoves[] = {
 
 TEST(Scout, MovesAnyDistanceInAFreeStraightLine) {
   for (const ScoutMove& tested : kScoutMoves) {
-    for (const int side : {0, 1}) {
+    for (const Player side : kBothPlayers) {
       StrategyBoard board = BoardWith(kEstratega, tested.Others);
       board.Set(Cell(tested.From), PieceCode(side, rank::kScout));
       EXPECT_EQ(CheckMoveRange(board, rank::kScout, Cell(tested.From), Cell(tested.To)), tested.Expected)
-          << tested.What << ", side " << side;
+          << tested.What << ", side " << NumberOf(side);
     }
   }
 }
@@ -95,7 +95,8 @@ TEST(OtherPieces, MoveOneCellAndNotDiagonally) {
 }
 
 TEST(OtherPieces, ReachTheNextCellWhateverStandsThere) {
-  for (const CellCode code : {kWaterCell, PieceCode(0, 1), PieceCode(1, 13), PieceCode(1, 12)}) {
+  for (const CellCode code :
+       {kWaterCell, PieceCode(Player::Server, 1), PieceCode(Player::Client, 13), PieceCode(Player::Client, 12)}) {
     const StrategyBoard board = BoardWith(kEstratega, {{"B4", code}});
     EXPECT_EQ(CheckMoveRange(board, rank::kMiner, Cell("A4"), Cell("B4")), MoveRange::Valid) << code;
   }
@@ -133,22 +134,23 @@ const Position kPositions[] = {
 TEST(MovablePiece, IsTheFirstWithLandOrAnEnemyBesideIt) {
   for (const Position& tested : kPositions) {
     // For the other side the same position with the armies exchanged.
-    for (const int side : {0, 1}) {
+    for (const Player side : kBothPlayers) {
       StrategyBoard board(kEstratega);
       for (const auto& [cell, code] : tested.Pieces) {
-        board.Set(Cell(cell), PieceCode(side == 0 ? SideOf(code) : 1 - SideOf(code), RankOf(code)));
+        board.Set(Cell(cell),
+                  PieceCode(side == Player::Server ? SideOf(code) : OpponentOf(SideOf(code)), RankOf(code)));
       }
       std::optional<Coordinate> expected;
       if (tested.Found) expected = Cell(*tested.Found);
-      EXPECT_EQ(FindMovablePiece(board, side), expected) << tested.What << ", side " << side;
+      EXPECT_EQ(FindMovablePiece(board, side), expected) << tested.What << ", side " << NumberOf(side);
     }
   }
 }
 
 TEST(MovablePiece, IsFoundForEveryRankThatMoves) {
   for (int rank = 1; rank <= 13; ++rank) {
-    const StrategyBoard board = BoardWith(kMiniEstratega, {{"G8", PieceCode(1, rank)}});
-    EXPECT_EQ(FindMovablePiece(board, 1).has_value(), rank >= 3 && rank <= 12) << rank;
+    const StrategyBoard board = BoardWith(kMiniEstratega, {{"G8", PieceCode(Player::Client, rank)}});
+    EXPECT_EQ(FindMovablePiece(board, Player::Client).has_value(), rank >= 3 && rank <= 12) << rank;
   }
 }
 
@@ -176,12 +178,12 @@ MoveRange PlainMoveRange(const StrategyBoard& board, int rank, Coordinate from, 
 }
 
 // Goes out from every cell that can be entered to the pieces beside it, and takes the first of them all.
-std::optional<Coordinate> PlainMovablePiece(const StrategyBoard& board, int side) {
+std::optional<Coordinate> PlainMovablePiece(const StrategyBoard& board, Player side) {
   std::map<std::pair<int, int>, int> ranks;  // of the own pieces, by column and row
   std::set<std::pair<int, int>> beside_an_entry;
   for (const auto [column, row] : AllCells(board.Variant())) {
     const int code = board.At({.Column = column, .Row = row});
-    const bool own = code > 0 && code / 100 == side;
+    const bool own = code > 0 && code / 100 == NumberOf(side);
     if (own) ranks[{column, row}] = code % 100;
     if (own || code == -1) continue;
     beside_an_entry.insert({{column - 1, row}, {column + 1, row}, {column, row - 1}, {column, row + 1}});
@@ -205,7 +207,8 @@ class RandomBoards {
     StrategyBoard board(variant);
     for (const Coordinate cell : AllCells(variant)) {
       if (board.At(cell) != kEmptyLand || !Chance(filled)) continue;
-      board.Set(cell, PieceCode(Chance(red) ? 0 : 1, Chance(movable) ? Between(3, 12) : OneOf({1, 2, 13})));
+      board.Set(cell, PieceCode(Chance(red) ? Player::Server : Player::Client,
+                                Chance(movable) ? Between(3, 12) : OneOf({1, 2, 13})));
     }
     return board;
   }
@@ -271,7 +274,7 @@ TEST(RandomMoves, GoAsFarAsThePlainRulesSay) {
         StrategyBoard board = random.Board(variant);
         const Coordinate from = random.CellOf(variant);
         const Coordinate to = random.TargetFrom(from, variant);
-        board.Set(from, PieceCode(random.Between(0, 1), rank));
+        board.Set(from, PieceCode(random.Between(0, 1) == 0 ? Player::Server : Player::Client, rank));
         const MoveRange range = CheckMoveRange(board, rank, from, to);
         ASSERT_EQ(range, PlainMoveRange(board, rank, from, to))
             << "rank " << rank << " from " << testing::PrintToString(from) << " to " << testing::PrintToString(to)
@@ -295,9 +298,10 @@ TEST(RandomBoards, HaveTheMovablePieceThatThePlainRulesFind) {
       RandomBoards random(seed);
       for (int i = 0; i < kBoardsPerSeed; ++i) {
         const StrategyBoard board = random.Board(variant);
-        for (const int side : {0, 1}) {
+        for (const Player side : kBothPlayers) {
           const auto cell = FindMovablePiece(board, side);
-          ASSERT_EQ(cell, PlainMovablePiece(board, side)) << "board " << i << ", side " << side << Picture(board);
+          ASSERT_EQ(cell, PlainMovablePiece(board, side))
+              << "board " << i << ", side " << NumberOf(side) << Picture(board);
           ++(cell ? found : none);
           if (cell) places.emplace(cell->Column, cell->Row);
         }

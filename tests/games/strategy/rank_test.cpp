@@ -37,16 +37,16 @@ TEST(CellCode, TellsRankAndSide) {
     const auto red = static_cast<CellCode>(tested.Rank);
     const auto blue = static_cast<CellCode>(100 + tested.Rank);
     SCOPED_TRACE(tested.Rank);
-    EXPECT_EQ(PieceCode(0, tested.Rank), red);
-    EXPECT_EQ(PieceCode(1, tested.Rank), blue);
+    EXPECT_EQ(PieceCode(Player::Server, tested.Rank), red);
+    EXPECT_EQ(PieceCode(Player::Client, tested.Rank), blue);
     EXPECT_EQ(RankOf(red), tested.Rank);
     EXPECT_EQ(RankOf(blue), tested.Rank);
-    EXPECT_EQ(SideOf(red), 0);
-    EXPECT_EQ(SideOf(blue), 1);
+    EXPECT_EQ(SideOf(red), Player::Server);
+    EXPECT_EQ(SideOf(blue), Player::Client);
     for (const CellCode code : {red, blue}) {
       EXPECT_TRUE(IsPiece(code));
-      EXPECT_EQ(IsPieceOf(0, code), code == red);
-      EXPECT_EQ(IsPieceOf(1, code), code == blue);
+      EXPECT_EQ(IsPieceOf(Player::Server, code), code == red);
+      EXPECT_EQ(IsPieceOf(Player::Client, code), code == blue);
       EXPECT_EQ(IsMovable(code), tested.Moves);
     }
   }
@@ -56,8 +56,8 @@ TEST(CellCode, OfLandAndWaterIsNobodysPiece) {
   for (const CellCode code : {kEmptyLand, kWaterCell}) {
     SCOPED_TRACE(code);
     EXPECT_FALSE(IsPiece(code));
-    EXPECT_FALSE(IsPieceOf(0, code));
-    EXPECT_FALSE(IsPieceOf(1, code));
+    EXPECT_FALSE(IsPieceOf(Player::Server, code));
+    EXPECT_FALSE(IsPieceOf(Player::Client, code));
     EXPECT_FALSE(IsMovable(code));
   }
 }

@@ -178,7 +178,7 @@ constexpr Travelling kTravelling[] = {
      u"112,104,102,101,105,103,107,110,111,102,102,104,104,104,105,105,107,108,108,109,109,"},
 };
 
-StrategyBoard BoardWithArmy(const Travelling& army, int side) {
+StrategyBoard BoardWithArmy(const Travelling& army, Player side) {
   StrategyBoard board(army.Variant);
   std::size_t next = 0;
   for (int row = army.Variant.ZoneRows; row >= 1; --row) {
@@ -192,8 +192,8 @@ StrategyBoard BoardWithArmy(const Travelling& army, int side) {
 
 TEST(ArmyText, GoesFromTheInnermostRowDownAndFromRightToLeft) {
   for (const Travelling& army : kTravelling) {
-    EXPECT_EQ(BoardWithArmy(army, 0).ArmyText(), army.Red);
-    EXPECT_EQ(BoardWithArmy(army, 1).ArmyText(), army.Blue);
+    EXPECT_EQ(BoardWithArmy(army, Player::Server).ArmyText(), army.Red);
+    EXPECT_EQ(BoardWithArmy(army, Player::Client).ArmyText(), army.Blue);
     EXPECT_EQ(army.Red.size(), static_cast<std::size_t>(army.Variant.ArmySize()) * 4);
   }
 }
@@ -213,29 +213,29 @@ TEST(ArmyText, HasAFieldForEmptyCellsAndNoneOutsideTheZone) {
 
 TEST(ArmyThatArrives, StandsTurnedInTheTopRowsAndChangesNothingElse) {
   for (const Travelling& army : kTravelling) {
-    for (const int sender : {0, 1}) {
+    for (const Player sender : kBothPlayers) {
       const StrategyBoard sent = BoardWithArmy(army, sender);
-      StrategyBoard received = BoardWithArmy(army, 1 - sender);
+      StrategyBoard received = BoardWithArmy(army, OpponentOf(sender));
       StrategyBoard expected = received;
       for (const Coordinate cell : AllCells(army.Variant)) {
         if (cell.Row <= army.Variant.ZoneRows) expected.Set(army.Variant.Mirrored(cell), sent.At(cell));
       }
       received.TakeArmy(sent.ArmyText(), sender);
-      EXPECT_EQ(CodesOf(received), CodesOf(expected)) << "sent by side " << sender;
+      EXPECT_EQ(CodesOf(received), CodesOf(expected)) << "sent by side " << NumberOf(sender);
     }
   }
 }
 
 TEST(ArmyThatArrives, FillsTheTopRowsFromLeftToRightAndFromBottomToTop) {
   StrategyBoard large(kEstratega);
-  large.TakeArmy(kTravelling[0].Blue, 1);
+  large.TakeArmy(kTravelling[0].Blue, Player::Client);
   EXPECT_EQ(large.At(Cell("A7")), 110) << "the sender's J4";
   EXPECT_EQ(large.At(Cell("B7")), 104) << "the sender's I4";
   EXPECT_EQ(large.At(Cell("J7")), 103) << "the sender's A4";
   EXPECT_EQ(large.At(Cell("A8")), 111) << "the sender's J3";
   EXPECT_EQ(large.At(Cell("J10")), 110) << "the sender's A1";
   StrategyBoard small(kMiniEstratega);
-  small.TakeArmy(kTravelling[1].Red, 0);
+  small.TakeArmy(kTravelling[1].Red, Player::Server);
   EXPECT_EQ(small.At(Cell("A6")), 12) << "the sender's G3";
   EXPECT_EQ(small.At(Cell("G8")), 9) << "the sender's A1";
 }
@@ -246,9 +246,9 @@ TEST(ArmyThatArrives, TakesThePlaceOfOneThatCameBefore) {
     for (const Coordinate cell : AllCells(army.Variant)) {
       if (cell.Row >= army.Variant.EnemyZoneRow()) twice.Set(cell, 113);
     }
-    twice.TakeArmy(army.Blue, 1);
+    twice.TakeArmy(army.Blue, Player::Client);
     StrategyBoard once(army.Variant);
-    once.TakeArmy(army.Blue, 1);
+    once.TakeArmy(army.Blue, Player::Client);
     EXPECT_EQ(CodesOf(twice), CodesOf(once));
   }
 }
@@ -292,7 +292,7 @@ TEST(ArmyThatArrives, IsTakenAsFarAsItIsSound) {
     }
     std::vector<CellCode> expected = CodesOf(board);
     std::ranges::copy(tested.Taken, expected.begin() + 60);
-    board.TakeArmy(tested.Data, 1);
+    board.TakeArmy(tested.Data, Player::Client);
     EXPECT_EQ(CodesOf(board), expected) << tested.What;
   }
 }
@@ -301,7 +301,7 @@ TEST(ArmyThatArrives, LeavesAPieceThatHasComeIntoItsZone) {
   StrategyBoard board(kEstratega);
   board.Set({1, 7}, 4);
   board.Set({2, 7}, 4);
-  board.TakeArmy(u"004,007,112,", 1);
+  board.TakeArmy(u"004,007,112,", Player::Client);
   EXPECT_EQ(board.At({1, 7}), 4) << "it says itself that the scout is there";
   EXPECT_EQ(board.At({2, 7}), kEmptyLand);
   EXPECT_EQ(board.At({3, 7}), 112);
@@ -310,19 +310,19 @@ TEST(ArmyThatArrives, LeavesAPieceThatHasComeIntoItsZone) {
 TEST(ArmyThatArrives, IsWholeWhateverFollowsIt) {
   for (const Travelling& army : kTravelling) {
     StrategyBoard expected(army.Variant);
-    expected.TakeArmy(army.Blue, 1);
+    expected.TakeArmy(army.Blue, Player::Client);
     std::u16string endless(army.Blue);
     for (int field = 0; field < 10000; ++field) endless += u"112,";
     for (const std::u16string& data : {std::u16string(army.Blue) + u"Listo|", endless}) {
       StrategyBoard board(army.Variant);
-      board.TakeArmy(data, 1);
+      board.TakeArmy(data, Player::Client);
       EXPECT_EQ(CodesOf(board), CodesOf(expected));
     }
   }
 }
 
 TEST(ArmyThatArrives, HasPiecesOfItsSideWithRanks1To12Only) {
-  for (const int side : {0, 1}) {
+  for (const Player side : kBothPlayers) {
     for (int number = 0; number <= 999; ++number) {
       std::u16string field = u"000,";
       field[0] = static_cast<char16_t>(u'0' + number / 100);
@@ -330,8 +330,8 @@ TEST(ArmyThatArrives, HasPiecesOfItsSideWithRanks1To12Only) {
       field[2] = static_cast<char16_t>(u'0' + number % 10);
       StrategyBoard board(kMiniEstratega);
       board.TakeArmy(field, side);
-      const bool sound = number >= side * 100 + 1 && number <= side * 100 + 12;
-      EXPECT_EQ(board.At(Cell("A6")), sound ? number : 0) << number << " of side " << side;
+      const bool sound = number >= NumberOf(side) * 100 + 1 && number <= NumberOf(side) * 100 + 12;
+      EXPECT_EQ(board.At(Cell("A6")), sound ? number : 0) << number << " of side " << NumberOf(side);
     }
   }
 }

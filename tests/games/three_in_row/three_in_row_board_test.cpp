@@ -10,8 +10,8 @@
 namespace brontavia {
 namespace {
 
-constexpr int kServer = 0;
-constexpr int kClient = 1;
+constexpr Player kServer = Player::Server;
+constexpr Player kClient = Player::Client;
 
 std::u16string Shown(const ThreeInRowBoard& board) {
   std::u16string cells;
@@ -30,7 +30,7 @@ ThreeInRowBoard BoardOf(std::u16string_view cells) {
 }
 
 // `player` places on `cell`, and it is that player's turn again.
-void Place(ThreeInRowBoard& board, int player, int cell) {
+void Place(ThreeInRowBoard& board, Player player, int cell) {
   ASSERT_EQ(board.Click(player, cell), TerClick::Moved);
   board.EndMove(player);
   board.BeginMove(player);
@@ -70,14 +70,14 @@ TEST(ThreeInRowBoard, ResetBringsTheStartBack) {
 // ---- Placing ----
 
 TEST(Placing, PutsTheOwnSymbolOnAnEmptyCell) {
-  for (const int player : {kServer, kClient}) {
+  for (const Player player : kBothPlayers) {
     for (int cell = 0; cell < kTerCells; ++cell) {
       ThreeInRowBoard board;
       EXPECT_EQ(board.Click(player, cell), TerClick::Moved);
       EXPECT_EQ(board.At(cell), player == kServer ? u'X' : u'O');
       EXPECT_EQ(board.Move(), (TerMove{.Lifted = kNoCell, .Target = cell}));
       EXPECT_EQ(board.PiecesPlaced(player), 1);
-      EXPECT_EQ(board.PiecesPlaced(1 - player), 0);
+      EXPECT_EQ(board.PiecesPlaced(OpponentOf(player)), 0);
     }
   }
 }
@@ -229,7 +229,6 @@ TEST(OwnClick, OutsideTheBoardIsRefused) {
   ThreeInRowBoard board;
   EXPECT_THROW(board.Click(kServer, 9), std::out_of_range);
   EXPECT_THROW(board.Click(kServer, -1), std::out_of_range);
-  EXPECT_THROW(board.Click(2, 0), std::out_of_range);
   EXPECT_EQ(Shown(board), u"*********");
 }
 
@@ -377,7 +376,7 @@ class RandomGame {
     std::uniform_int_distribution<int> any_cell(0, kTerCells - 1);
     while (clicks-- > 0 && !testing::Test::HasFailure()) {
       const int cell = any_cell(random);
-      history_ += std::to_string(mover_) + "@" + std::to_string(cell) + " ";
+      history_ += std::to_string(NumberOf(mover_)) + "@" + std::to_string(cell) + " ";
       if (ClickBoth(cell)) return;
     }
   }
@@ -387,10 +386,9 @@ class RandomGame {
  private:
   // Returns whether the click has won.
   bool ClickBoth(int cell) {
-    const auto mover = static_cast<std::size_t>(mover_);
-    ThreeInRowBoard& board = boards_.at(mover);
-    PlainCopy& plain = plain_.at(mover);
-    const auto expected = plain.Click("XO"[mover], static_cast<std::size_t>(cell));
+    ThreeInRowBoard& board = boards_[mover_];
+    PlainCopy& plain = plain_[mover_];
+    const auto expected = plain.Click(mover_ == kServer ? 'X' : 'O', static_cast<std::size_t>(cell));
     EXPECT_EQ(board.Click(mover_, cell), kOutcomeOf.at(expected));
     Compare();
     EXPECT_EQ(board.HasLine(), plain.Won());
@@ -399,38 +397,37 @@ class RandomGame {
     if (plain.Won()) return true;
     board.EndMove(mover_);
     plain.Quitada = -1;
-    mover_ = 1 - mover_;
-    boards_.at(1 - mover).BeginMove(mover_);
-    plain_.at(1 - mover).Placing = plain_.at(1 - mover).Placed <= 2;
+    mover_ = OpponentOf(mover_);
+    boards_[mover_].BeginMove(mover_);
+    plain_[mover_].Placing = plain_[mover_].Placed <= 2;
     Compare();
     return false;
   }
 
   // The other copy hears of the move.
   void PassMove(TerMove move, int cell) {
-    const auto mover = static_cast<std::size_t>(mover_);
-    EXPECT_EQ(move, (TerMove{.Lifted = plain_.at(mover).Quitada, .Target = cell}));
+    const Player other = OpponentOf(mover_);
+    EXPECT_EQ(move, (TerMove{.Lifted = plain_[mover_].Quitada, .Target = cell}));
     const auto received = ReadTerMove(TerMoveText(move));
     ASSERT_TRUE(received);
-    boards_.at(1 - mover).Apply(mover_, *received);
-    plain_.at(1 - mover).Cells = plain_.at(mover).Cells;
+    boards_[other].Apply(mover_, *received);
+    plain_[other].Cells = plain_[mover_].Cells;
   }
 
   void Compare() const {
-    for (std::size_t copy = 0; copy < boards_.size(); ++copy) {
-      const ThreeInRowBoard& board = boards_.at(copy);
-      const PlainCopy& plain = plain_.at(copy);
+    for (const Player copy : kBothPlayers) {
+      const ThreeInRowBoard& board = boards_[copy];
+      const PlainCopy& plain = plain_[copy];
       EXPECT_EQ(Shown(board), std::u16string(plain.Cells.begin(), plain.Cells.end()));
-      EXPECT_EQ(board.PiecesPlaced(static_cast<int>(copy)), plain.Placed);
+      EXPECT_EQ(board.PiecesPlaced(copy), plain.Placed);
       EXPECT_EQ(board.PosQuitada(), plain.Quitada);
     }
-    const auto mover = static_cast<std::size_t>(mover_);
-    EXPECT_EQ(boards_.at(mover).PlacingPhase(), plain_.at(mover).Placing);
+    EXPECT_EQ(boards_[mover_].PlacingPhase(), plain_[mover_].Placing);
   }
 
-  std::array<ThreeInRowBoard, 2> boards_;
-  std::array<PlainCopy, 2> plain_;
-  int mover_ = 0;
+  PerPlayer<ThreeInRowBoard> boards_;
+  PerPlayer<PlainCopy> plain_;
+  Player mover_ = kServer;
   std::string history_;
 };
 
