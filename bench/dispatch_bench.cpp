@@ -1,6 +1,7 @@
 // How long a session takes from a read to everything that it sets off, without a network and without a screen.
 #include <benchmark/benchmark.h>
 
+#include <QCoreApplication>
 #include <utility>
 
 #include "games/three_in_row/three_in_row_flow.h"
@@ -99,3 +100,9 @@ BENCHMARK_CAPTURE(Read, MebibyteThatNobodyKnows, QString(1 << 20, u'x'));
 
 }  // namespace
 }  // namespace brontavia
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);  // boxes wait in its event loop
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
