@@ -71,8 +71,8 @@ class Battle {
   void Fight() {
     for (int shots = 0; !Pair.Server.Flow.State().GameOver; ++shots) {
       ASSERT_LT(shots, kMostShots) << "no end in sight";
-      const int shooter = Pair.Server.Flow.State().CurrentTurn;
-      BarCopy& copy = Pair.Copy(Below(20) == 0 ? 1 - shooter : shooter);
+      const Player shooter = Pair.Server.Flow.State().CurrentTurn;
+      BarCopy& copy = Pair.Copy(Below(20) == 0 ? OpponentOf(shooter) : shooter);
       const Coordinate cell = AnyCell();
       if (copy.Flow.Board().ShotBoard(cell) != 0 && Below(10) != 0) continue;
       copy.Click(cell);
@@ -82,8 +82,8 @@ class Battle {
   }
 
   void AskForRematch() {
-    const int first = Below(2);
-    for (const int player : {first, 1 - first}) {
+    const Player first = Below(2) == 0 ? Player::Server : Player::Client;
+    for (const Player player : {first, OpponentOf(first)}) {
       Pair.Copy(player).Click({.Column = 1, .Row = 1});
       Pair.Settle();
     }
@@ -119,7 +119,7 @@ TEST(NavalBattleRandom, WholeBattlesAgreeOnEveryHitSinkingTurnAndScore) {
       ASSERT_FALSE(battle.Pair.Client.Flow.State().GameOver);
     }
     const auto& scores = battle.Pair.Server.Flow.State().Scores;
-    ASSERT_EQ(scores[0] + scores[1], kBattlesPerSession);
+    ASSERT_EQ(scores.Server + scores.Client, kBattlesPerSession);
   }
 }
 

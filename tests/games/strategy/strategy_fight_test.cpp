@@ -37,7 +37,7 @@ class Fight : public testing::Test {
   void AnswerAllBoxes() {
     for (StrategyCopy* copy : {&Server, &Client}) copy->Dialogs.AnswerBox = [](const QString&) { return Button::Yes; };
   }
-  [[nodiscard]] int Turn() const { return Server.Flow.State().CurrentTurn; }
+  [[nodiscard]] Player Turn() const { return Server.Flow.State().CurrentTurn; }
 
   StrategyPair Pair{kGameEST};
   StrategyCopy& Server = Pair.Server;
@@ -104,7 +104,7 @@ TEST_F(Fight, WhatCannotBeDoneWithASelectedPieceSaysSo) {
 TEST_F(Fight, AMoveIsToldOnBothSidesWithoutItsRankOnTheOther) {
   Begin();
   Client.Dialogs.Expect({}, QString(kAna + u" mueve una ficha de F7 a F6. Es su turno."), [&] {
-    EXPECT_EQ(Client.At(u"F6"_s), PieceCode(0, rank::kMiner)) << "applied while the box tells it";
+    EXPECT_EQ(Client.At(u"F6"_s), PieceCode(Player::Server, rank::kMiner)) << "applied while the box tells it";
   });
   Pair.Move(u"E4"_s, u"E5"_s);
   EXPECT_EQ(Server.Connection.Sent.last(), u"Jug|05,04,05,05,01,"_s);
@@ -115,7 +115,7 @@ TEST_F(Fight, AMoveIsToldOnBothSidesWithoutItsRankOnTheOther) {
   EXPECT_EQ(Client.Shown(u"F6"_s), (CellContent{.Text = u"*"_s, .ForeColour = kRed}));
   EXPECT_EQ(Client.Shown(u"F7"_s), CellContent{});
   EXPECT_EQ(Server.Flow.SelectedCell(), Coordinate{});
-  EXPECT_EQ(Turn(), 1);
+  EXPECT_EQ(Turn(), Player::Client);
   EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Client);
 }
 
@@ -137,7 +137,7 @@ TEST_F(Fight, ASecondClickWhileAMoveIsOnItsWayIsIgnored) {
   QMetaObject::invokeMethod(
       &Server.Connection,
       [&] {
-        EXPECT_EQ(Server.At(u"E5"_s), PieceCode(0, rank::kMiner)) << "the own board has moved already";
+        EXPECT_EQ(Server.At(u"E5"_s), PieceCode(Player::Server, rank::kMiner)) << "the own board has moved already";
         Server.Click(u"E5"_s);
         Server.Flow.KeyPressed(Qt::Key_Escape);
         Server.Connection.HoldSendComplete = false;
@@ -147,7 +147,7 @@ TEST_F(Fight, ASecondClickWhileAMoveIsOnItsWayIsIgnored) {
   Server.Click(u"E5"_s);
   Pair.Settle();
   EXPECT_EQ(Server.Connection.Sent.filter(u"Jug|"_s).size(), 1);
-  EXPECT_EQ(Turn(), 1);
+  EXPECT_EQ(Turn(), Player::Client);
   EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Client);
 }
 
@@ -169,9 +169,9 @@ TEST_F(Fight, TheAnswerToAMoveMayArriveWhileItIsOnItsWay) {
       Qt::QueuedConnection);
   Server.Click(u"A6"_s);
   Pair.Settle();
-  EXPECT_EQ(Server.At(u"A6"_s), PieceCode(1, 11)) << "the scout has been taken";
-  EXPECT_EQ(Client.At(u"J5"_s), PieceCode(1, 11));
-  EXPECT_EQ(Turn(), 0);
+  EXPECT_EQ(Server.At(u"A6"_s), PieceCode(Player::Client, 11)) << "the scout has been taken";
+  EXPECT_EQ(Client.At(u"J5"_s), PieceCode(Player::Client, 11));
+  EXPECT_EQ(Turn(), Player::Server);
   EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Server);
 }
 
@@ -187,7 +187,7 @@ TEST_F(Fight, AMoveThatArrivesWhileAnotherIsToldFindsItMade) {
   Client.Dialogs.Expect({}, QString(kAna + u" mueve una ficha de I6 a I5. Es su turno."));
   Client.Connection.Receive(move(4, 5));
   Pair.Settle();
-  EXPECT_EQ(Client.At(u"I5"_s), PieceCode(0, rank::kScout));
+  EXPECT_EQ(Client.At(u"I5"_s), PieceCode(Player::Server, rank::kScout));
   EXPECT_EQ(Client.At(u"I6"_s), kEmptyLand);
 }
 
@@ -198,8 +198,8 @@ TEST_F(Fight, AMoveThatCannotBeSentIsToldAndKeepsTheTurn) {
   Server.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
   Server.Click(u"E4"_s);
   Server.Click(u"E5"_s);
-  EXPECT_EQ(Turn(), 0);
-  EXPECT_EQ(Server.At(u"E4"_s), PieceCode(0, rank::kMiner));
+  EXPECT_EQ(Turn(), Player::Server);
+  EXPECT_EQ(Server.At(u"E4"_s), PieceCode(Player::Server, rank::kMiner));
   EXPECT_EQ(Server.Shown(u"E4"_s).Text, u"Minador"_s);
   EXPECT_EQ(Server.At(u"E5"_s), kEmptyLand);
   EXPECT_FALSE(Server.Finished);
@@ -284,9 +284,9 @@ TEST_P(Combats, AreToldToBothAndLeaveTheSameBoards) {
               QString(u": "_s + kAna +
                       QString(told.ToDefender).replace(u"%1"_s, attacker_name).replace(u"%2"_s, defender_name)));
     EXPECT_EQ(pair.Server.Connection.Sent.last(), QString(u"Jug|01,06,01,07," + told.Code + u','));
-    const CellCode left = letter == u'B'       ? PieceCode(1, rank::RevealedBomb)
-                          : told.Code == u"00" ? PieceCode(1, defender)
-                          : told.Code == u"01" ? PieceCode(0, attacker)
+    const CellCode left = letter == u'B'       ? PieceCode(Player::Client, rank::RevealedBomb)
+                          : told.Code == u"00" ? PieceCode(Player::Client, defender)
+                          : told.Code == u"01" ? PieceCode(Player::Server, attacker)
                                                : kEmptyLand;
     EXPECT_EQ(pair.Server.At(u"A7"_s), left);
     EXPECT_EQ(pair.Client.At(u"J4"_s), left);
@@ -302,7 +302,7 @@ TEST_F(Fight, ARevealedBombIsNamedAndShownInTheViewersColourAndOnlyAMinerClearsI
   Begin(kEstLayout, With(kEstLayout, u"J4"_s, rank::kBomb));
   AnswerAllBoxes();
   Pair.Move(u"A4"_s, u"A7"_s);
-  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(1, rank::RevealedBomb));
+  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(Player::Client, rank::RevealedBomb));
   EXPECT_EQ(Server.Shown(u"A7"_s), (CellContent{.Text = u"Bomba"_s, .ForeColour = kRed}));
   EXPECT_EQ(Client.Shown(u"J4"_s), (CellContent{.Text = u"Bomba"_s, .ForeColour = kBlue}));
   EXPECT_EQ(Server.Description(u"A7"_s), u"Bomba azul . A7"_s);
@@ -314,7 +314,7 @@ TEST_F(Fight, ARevealedBombIsNamedAndShownInTheViewersColourAndOnlyAMinerClearsI
   EXPECT_EQ(Server.Screen.Status, u"El Explorador encuentra una bomba y muere."_s);
   EXPECT_EQ(Client.Dialogs.Shown.last(),
             QString(u": " + kAna + u" ataca con un Explorador de J8 al Bomba de J4 pero es derrotado. Es su turno."));
-  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(1, rank::RevealedBomb));
+  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(Player::Client, rank::RevealedBomb));
 }
 
 TEST_F(Fight, AMinerStandsWhereARevealedBombWas) {
@@ -329,7 +329,7 @@ TEST_F(Fight, AMinerStandsWhereARevealedBombWas) {
   Pair.Move(u"F5"_s, u"F4"_s);
   Pair.Move(u"A6"_s, u"A7"_s);
   EXPECT_EQ(Server.Screen.Status, u"El Minador desactiva la bomba y sigue su camino"_s);
-  EXPECT_EQ(Client.At(u"J4"_s), PieceCode(0, rank::kMiner));
+  EXPECT_EQ(Client.At(u"J4"_s), PieceCode(Player::Server, rank::kMiner));
 }
 
 // ---- The end ----
@@ -364,7 +364,7 @@ TEST_F(FlagFight, TheFlagEndsTheGameAndKeepsTheTurn) {
   EXPECT_EQ(Server.Shown(u"A4"_s).Text, u"Explorador"_s) << "the grid is not drawn again";
   for (const StrategyCopy* copy : {&Server, &Client}) {
     EXPECT_TRUE(copy->Flow.State().GameOver);
-    EXPECT_EQ(copy->Flow.State().Scores, (std::array<std::int16_t, 2>{1, 0}));
+    EXPECT_EQ(copy->Flow.State().Scores, (PerPlayer<std::int16_t>{.Server = 1, .Client = 0}));
     EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Server);
   }
   const qsizetype lines = Server.Screen.Lines.size();
@@ -372,7 +372,7 @@ TEST_F(FlagFight, TheFlagEndsTheGameAndKeepsTheTurn) {
   EXPECT_EQ(Server.Screen.Lines.size(), lines) << "Esc does nothing after the end";
   Client.Connection.Receive(u"Jug|01,04,01,05,01,"_s);
   Pair.Settle();
-  EXPECT_EQ(Client.At(u"J7"_s), PieceCode(0, rank::kScout)) << "moves after the end are ignored";
+  EXPECT_EQ(Client.At(u"J7"_s), PieceCode(Player::Server, rank::kScout)) << "moves after the end are ignored";
 }
 
 TEST_F(FlagFight, AnotherGameBeginsWithTheWinnerAndTheFlagsThatLast) {
@@ -390,8 +390,8 @@ TEST_F(FlagFight, AnotherGameBeginsWithTheWinnerAndTheFlagsThatLast) {
   for (const StrategyCopy* copy : {&Server, &Client}) {
     EXPECT_TRUE(copy->Flow.PlacementMode());
     EXPECT_FALSE(copy->Flow.State().GameOver);
-    EXPECT_EQ(copy->Flow.ReadyFlags(), (std::array{true, true}));
-    EXPECT_EQ(copy->Flow.State().RematchWanted, (std::array{true, true}));
+    EXPECT_EQ(copy->Flow.ReadyFlags(), (PerPlayer<bool>{true, true}));
+    EXPECT_EQ(copy->Flow.State().RematchWanted, (PerPlayer<bool>{true, true}));
     EXPECT_EQ(copy->Flow.SelectedCell(), Coordinate{}) << "no phantom of the piece that took the flag";
     EXPECT_EQ(copy->Shown(u"A4"_s), CellContent{});
     EXPECT_EQ(copy->Shown(u"A7"_s), CellContent{});
@@ -410,7 +410,7 @@ TEST_F(FlagFight, AnotherGameBeginsWithTheWinnerAndTheFlagsThatLast) {
   Server.Dialogs.Expect({}, box::kFightOtherTurn);
   Client.Place(With(kEstLayout, u"J4"_s, rank::kFlag));
   Pair.Settle();
-  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(1, rank::kFlag));
+  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(Player::Client, rank::kFlag));
   Server.Dialogs.Expect({}, QString(kLuis + u" mueve una ficha de F7 a F6. Es su turno."));
   Pair.Move(u"E4"_s, u"E5"_s);
   TakeFlag();
@@ -460,7 +460,7 @@ TEST(MiniFight, MirrorsMovesOnItsOwnBoard) {
   pair.BeginFight(kMesLayout, kMesLayout);
   pair.Client.Dialogs.Expect({}, QString(kAna + u" mueve una ficha de G6 a G4. Es su turno."));
   pair.Move(u"A3"_s, u"A5"_s);
-  EXPECT_EQ(pair.Client.At(u"G4"_s), PieceCode(0, rank::kScout));
+  EXPECT_EQ(pair.Client.At(u"G4"_s), PieceCode(Player::Server, rank::kScout));
 }
 
 TEST_F(FlagFight, AScoutThatComesBeforeTheArmyIsCompleteStaysOnBothBoards) {
@@ -488,13 +488,13 @@ TEST_F(Fight, EscNamesTheFirstPieceThatCanMove) {
   Begin();
   Server.Flow.KeyPressed(Qt::Key_Escape);
   EXPECT_EQ(Server.Screen.Lines.last(), u"Puede mover el Explorador de A4."_s);
-  EXPECT_EQ(Turn(), 0);
+  EXPECT_EQ(Turn(), Player::Server);
   Client.Flow.KeyPressed(Qt::Key_Escape);
   EXPECT_EQ(Client.Screen.Status, u"No es su turno de jugar."_s);
 }
 
 // A player whose whole army has gone but for its flag, as a peer's moves may leave it.
-void LeaveOnlyTheFlag(StrategyPair& pair, int player) {
+void LeaveOnlyTheFlag(StrategyPair& pair, Player player) {
   const auto strip = [](StrategyCopy& copy, bool own) {
     const int rows = copy.Flow.StrategyBoard().Variant().Rows;
     for (int column = 1; column <= copy.Flow.StrategyBoard().Variant().Columns; ++column) {
@@ -522,7 +522,7 @@ void LeaveOnlyTheFlag(StrategyPair& pair, int player) {
 TEST(Passing, ByTheServerGivesTheClientTheTurn) {
   StrategyPair pair(kGameMES);
   pair.BeginFight(kMesLayout, kMesLayout);
-  LeaveOnlyTheFlag(pair, 0);
+  LeaveOnlyTheFlag(pair, Player::Server);
   pair.Server.Flow.KeyPressed(Qt::Key_Escape);
   EXPECT_EQ(pair.Server.Screen.Lines.last(), QString(u"Pasa el turno al otro jugador. Le toca mover a " + kLuis));
   pair.Settle();
@@ -531,7 +531,7 @@ TEST(Passing, ByTheServerGivesTheClientTheTurn) {
             QString(u"El otro jugador no puede mover y pasa el turno. " + kLuis + u" es su turno."));
   EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, Player::Client);
   EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Client);
-  EXPECT_EQ(pair.Client.Flow.State().TurnChoices, (std::array<std::int16_t, 2>{-1, 3}));
+  EXPECT_EQ(pair.Client.Flow.State().TurnChoices, (PerPlayer<std::int16_t>{.Server = -1, .Client = 3}));
 }
 
 TEST(Passing, ByTheClientMakesTheServerDrawAnewSoThatTheTurnsDiffer) {
@@ -540,22 +540,22 @@ TEST(Passing, ByTheClientMakesTheServerDrawAnewSoThatTheTurnsDiffer) {
     pair.BeginFight(kMesLayout, kMesLayout);
     pair.Client.Dialogs.AnswerBox = [](const QString&) { return Button::Ok; };
     pair.Move(u"A3"_s, u"A4"_s);
-    LeaveOnlyTheFlag(pair, 1);
+    LeaveOnlyTheFlag(pair, Player::Client);
     ASSERT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Client);
     const QString army = ToQString(pair.Server.Flow.StrategyBoard().ArmyText());
     const qsizetype server_lines = pair.Server.Screen.Lines.size();
     pair.Client.Flow.KeyPressed(Qt::Key_Escape);
     pair.Settle();
     EXPECT_EQ(pair.Client.Connection.Sent.last(), u"Pasaturno|"_s);
-    const int drawn = pair.Client.Flow.State().CurrentTurn;
-    const QString starter = drawn == 0 ? u"Ana"_s : u"Luis"_s;
-    EXPECT_EQ(pair.Server.Connection.Sent.last(), QString(u"Turnodef|%1"_s.arg(drawn) + u'1'));
+    const Player drawn = pair.Client.Flow.State().CurrentTurn;
+    const QString starter = drawn == Player::Server ? u"Ana"_s : u"Luis"_s;
+    EXPECT_EQ(pair.Server.Connection.Sent.last(), QString(u"Turnodef|%1"_s.arg(NumberOf(drawn)) + u'1'));
     EXPECT_EQ(pair.Server.Screen.Lines.mid(server_lines),
               QStringList({QString(u"Tras realizar el sorteo, comenzará jugando " + starter + u". "),
                            u"Coloque su ejército"_s,
-                           QString(u"El otro jugador no puede mover y pasa el turno. " + (drawn == 0 ? kLuis : kAna) +
-                                   u" es su turno.")}));
-    EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, 1 - drawn) << "the windows hold opposite turns";
+                           QString(u"El otro jugador no puede mover y pasa el turno. " +
+                                   (drawn == Player::Server ? kLuis : kAna) + u" es su turno.")}));
+    EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, OpponentOf(drawn)) << "the windows hold opposite turns";
     EXPECT_EQ(ToQString(pair.Server.Flow.StrategyBoard().ArmyText()), army) << "the army stays";
     EXPECT_FALSE(pair.Server.Flow.PlacementMode());
   }
@@ -588,8 +588,8 @@ TEST_F(Fight, ASecondArmyOverwritesTheTopRows) {
   Server.Dialogs.Expect({}, box::kFightOwnTurn);
   Server.Connection.Receive(u"Datos|112,"_s);
   Pair.Settle();
-  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(1, 12));
-  EXPECT_EQ(Server.At(u"B7"_s), PieceCode(1, 12)) << "the cell after it keeps its marshal";
+  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(Player::Client, 12));
+  EXPECT_EQ(Server.At(u"B7"_s), PieceCode(Player::Client, 12)) << "the cell after it keeps its marshal";
   EXPECT_EQ(Server.Shown(u"A7"_s).Text, u"*"_s);
 }
 

@@ -118,10 +118,10 @@ TEST_F(Placing, ACellTakenWhileTheMenuIsOpenStaysAsItIs) {
     return 0;
   };
   Own.Click(u"D2"_s);
-  EXPECT_EQ(Own.At(u"D2"_s), PieceCode(1, rank::kScout));
+  EXPECT_EQ(Own.At(u"D2"_s), PieceCode(Player::Client, rank::kScout));
   EXPECT_EQ(Own.Flow.Army().PiecesToPlace(), 40);
   Own.Click(u"D2"_s);
-  EXPECT_EQ(Own.At(u"D2"_s), PieceCode(1, rank::kScout)) << "no own piece that could be taken back";
+  EXPECT_EQ(Own.At(u"D2"_s), PieceCode(Player::Client, rank::kScout)) << "no own piece that could be taken back";
 }
 
 TEST_F(Placing, ACompleteArmyIsAskedForAndStaysAfterNo) {
@@ -185,7 +185,7 @@ TEST_F(Placing, BeginPlacementStartsAnew) {
   EXPECT_EQ(Own.Screen.Status, u"Coloque su ejército "_s);
   EXPECT_EQ(Own.Flow.Army().PiecesToPlace(), 40);
   EXPECT_EQ(Own.Shown(u"A1"_s), CellContent{});
-  EXPECT_EQ(Own.Flow.State().NameKnown, (std::array{true, true}));
+  EXPECT_EQ(Own.Flow.State().NameKnown, (PerPlayer<bool>{.Server = true, .Client = true}));
 }
 
 TEST_F(Placing, MovingOverCellsDescribesThemAndHeadersDoNot) {
@@ -215,13 +215,13 @@ TEST_F(Placing, TheArmyTravelsTurnedAndThatItIsReadyAsAnotherRead) {
   EXPECT_EQ(Other.Screen.Lines.mid(Other.Screen.Lines.size() - 2),
             QStringList({u"El otro jugador ya ha colocado su ejército y está esperando"_s,
                          u"El otro jugador ha terminado de colocar su ejército y está esperando."_s}));
-  EXPECT_EQ(Other.At(u"A7"_s), PieceCode(0, 11)) << "the sender's J4";
+  EXPECT_EQ(Other.At(u"A7"_s), PieceCode(Player::Server, 11)) << "the sender's J4";
   EXPECT_EQ(Other.Shown(u"A7"_s), (CellContent{.Text = u"*"_s, .ForeColour = kRed}));
   EXPECT_EQ(Other.Description(u"A7"_s), u" rojo . A7"_s);
-  EXPECT_EQ(Other.At(u"J10"_s), PieceCode(0, 6)) << "the sender's A1";
+  EXPECT_EQ(Other.At(u"J10"_s), PieceCode(Player::Server, 6)) << "the sender's A1";
   EXPECT_TRUE(Own.Flow.WaitingForOpponent());
   EXPECT_TRUE(Other.Flow.WaitingForOpponent());
-  EXPECT_EQ(Other.Flow.ReadyFlags(), (std::array{true, false}));
+  EXPECT_EQ(Other.Flow.ReadyFlags(), (PerPlayer<bool>{.Server = true, .Client = false}));
   Other.Dialogs.Expect(u"Estratega"_s, box::kPlaced, Button::Yes);
   Other.Dialogs.Expect({}, box::kFightOtherTurn, [&] { EXPECT_EQ(Other.Screen.Messages, QString()); });
   Own.Dialogs.Expect({}, box::kFightOwnTurn);
@@ -231,7 +231,7 @@ TEST_F(Placing, TheArmyTravelsTurnedAndThatItIsReadyAsAnotherRead) {
   for (const StrategyCopy* copy : {&Own, &Other}) {
     EXPECT_FALSE(copy->Flow.WaitingForOpponent());
     EXPECT_FALSE(copy->Flow.PlacementMode());
-    EXPECT_EQ(copy->Flow.ReadyFlags(), (std::array{true, true}));
+    EXPECT_EQ(copy->Flow.ReadyFlags(), (PerPlayer<bool>{.Server = true, .Client = true}));
   }
 }
 
@@ -240,7 +240,7 @@ TEST(MiniPlacing, HasItsOwnTitlesAndTellsTwiceThatTheFightBegins) {
   pair.BeginFight(kMesLayout, kMesLayout);
   EXPECT_EQ(pair.Server.Flow.FG1().rowCount(), 9);
   EXPECT_EQ(pair.Server.Flow.FG1().columnCount(), 8);
-  EXPECT_EQ(pair.Client.At(u"A6"_s), PieceCode(0, 12)) << "the sender's G3";
+  EXPECT_EQ(pair.Client.At(u"A6"_s), PieceCode(Player::Server, 12)) << "the sender's G3";
   EXPECT_EQ(pair.Server.Connection.Sent.filter(u"Datos|"_s).last().size(), 6 + 84);
   for (const QString& cell : {u"B4"_s, u"B5"_s, u"F4"_s, u"F5"_s}) {
     EXPECT_EQ(pair.Server.Shown(cell).BackColour, kWater);
@@ -256,7 +256,7 @@ TEST(MiniPlacing, HasNoSergeantInItsMenu) {
        u"Capitán (2)"_s, u"Comandante (2)"_s, u"Coronel (1)"_s, u"General (1)"_s, u"Mariscal (1)"_s},
       u"Teniente (2)"_s);
   pair.Server.Click(u"G3"_s);
-  EXPECT_EQ(pair.Server.At(u"G3"_s), PieceCode(0, 7));
+  EXPECT_EQ(pair.Server.At(u"G3"_s), PieceCode(Player::Server, 7));
   pair.Server.Click(u"A4"_s);
   EXPECT_EQ(pair.Server.Screen.Status, u"No puede colocar fichas fuera de su zona"_s);
 }
@@ -287,8 +287,8 @@ TEST_F(Placing, AnArmyMayArriveWhileTheOwnIsOnItsWay) {
       Qt::QueuedConnection);
   Own.Place(kEstLayout);
   Pair.Settle();
-  EXPECT_EQ(Own.At(u"A7"_s), PieceCode(1, 11));
-  EXPECT_EQ(Other.At(u"A7"_s), PieceCode(0, 11));
+  EXPECT_EQ(Own.At(u"A7"_s), PieceCode(Player::Client, 11));
+  EXPECT_EQ(Other.At(u"A7"_s), PieceCode(Player::Server, 11));
 }
 
 TEST_F(Placing, NothingCanBeClickedWhileTheArmyIsOnItsWay) {
@@ -318,7 +318,7 @@ TEST_F(Placing, AnArmyThatCannotBeSentIsToldAndStillPlaced) {
       &Own.Connection, [&] { Own.Connection.Break(); }, Qt::QueuedConnection);
   Own.Place(kEstLayout);
   EXPECT_TRUE(Own.Flow.PlacementMode());
-  EXPECT_EQ(Own.Flow.ReadyFlags(), (std::array{false, false}));
+  EXPECT_EQ(Own.Flow.ReadyFlags(), (PerPlayer<bool>{.Server = false, .Client = false}));
   EXPECT_FALSE(Own.Finished);
 }
 
@@ -327,8 +327,8 @@ const QString kClientArmy = u"112,104,102,"_s + u"105,"_s.repeated(37);
 TEST_F(Placing, AnArmyAndItsReadyMarkInOneReadBothCount) {
   Own.Connection.Receive(u"Datos|"_s + kClientArmy + u"Listo|");
   Pair.Settle();
-  EXPECT_EQ(Own.At(u"A7"_s), PieceCode(1, 12));
-  EXPECT_EQ(Own.At(u"J10"_s), PieceCode(1, 5));
+  EXPECT_EQ(Own.At(u"A7"_s), PieceCode(Player::Client, 12));
+  EXPECT_EQ(Own.At(u"J10"_s), PieceCode(Player::Client, 5));
   EXPECT_EQ(Own.Screen.Lines.mid(Own.Screen.Lines.size() - 2),
             QStringList({u"El otro jugador ha terminado de colocar su ejército y está esperando."_s,
                          u"El otro jugador ya ha colocado su ejército y está esperando"_s}))
@@ -341,7 +341,7 @@ TEST_F(Placing, AnArmyBehindItsReadyMarkIsCutAtTheWrongPlace) {
   EXPECT_EQ(Own.At(u"A7"_s), kEmptyLand) << "\"Dato\"";
   EXPECT_EQ(Own.At(u"B7"_s), kEmptyLand) << "\"s|11\"";
   EXPECT_EQ(Own.At(u"C7"_s), kEmptyLand) << "\"2,10\" is 2, no code of the client's";
-  EXPECT_EQ(Own.Flow.ReadyFlags(), (std::array{false, true}));
+  EXPECT_EQ(Own.Flow.ReadyFlags(), (PerPlayer<bool>{.Server = false, .Client = true}));
 }
 
 struct BadArmy {

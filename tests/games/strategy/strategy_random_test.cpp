@@ -45,8 +45,8 @@ class RandomGames {
 
   // Until the flag is taken, the turns differ or nobody gets anywhere.
   void Play() {
-    const int first = Below(2);
-    for (const int player : {first, 1 - first}) {
+    const Player first = Below(2) == 0 ? Player::Server : Player::Client;
+    for (const Player player : {first, OpponentOf(first)}) {
       Pair.Copy(player).Flow.KeyPressed(Qt::Key_F3);
       Pair.Settle();
     }
@@ -62,8 +62,8 @@ class RandomGames {
   [[nodiscard]] bool GameOver() const { return Pair.Server.Flow.State().GameOver; }
 
   void AskForRematch() {
-    const int first = Below(2);
-    for (const int player : {first, 1 - first}) {
+    const Player first = Below(2) == 0 ? Player::Server : Player::Client;
+    for (const Player player : {first, OpponentOf(first)}) {
       if (!Pair.Copy(player).Flow.State().GameOver) continue;  // the flags of the last rematch have sufficed
       Pair.Copy(player).Click({.Column = 1, .Row = 1});
       Pair.Settle();
@@ -75,15 +75,15 @@ class RandomGames {
   Coordinate AnyCell() { return {.Column = 1 + Below(game_.Variant.Columns), .Row = 1 + Below(game_.Variant.Rows)}; }
 
   void TakeTurn(StrategyCopy& copy) {
-    const int player = copy.Flow.OwnPlayer();
+    const Player player = copy.Flow.OwnPlayer();
     if (!FindMovablePiece(copy.Flow.StrategyBoard(), player)) {
       copy.Flow.KeyPressed(Qt::Key_Escape);
       Pair.Settle();
       ++Passes;
-      TurnsDiffer = player == 1;
+      TurnsDiffer = player == Player::Client;
       return;
     }
-    if (Below(50) == 0) Pair.Copy(1 - player).Click(AnyCell());  // not his turn
+    if (Below(50) == 0) Pair.Copy(OpponentOf(player)).Click(AnyCell());  // not his turn
     for (int clicks = 0; copy.Flow.State().CurrentTurn == player && !copy.Flow.State().GameOver; ++clicks) {
       ASSERT_LT(clicks, 100'000) << "no move in sight";
       if (Below(20) == 0) {
@@ -117,7 +117,7 @@ class RandomGames {
 
   // Where the opponent's flag stands, as `copy` sees it.
   [[nodiscard]] Coordinate Flag(const StrategyCopy& copy) const {
-    return game_.Variant.Mirrored(flags_.at(static_cast<std::size_t>(1 - copy.Flow.OwnPlayer())));
+    return game_.Variant.Mirrored(flags_[copy.Flow.OtherPlayer()]);
   }
   // As its owner sees it.
   [[nodiscard]] Coordinate OwnFlag(const StrategyCopy& copy) const {
@@ -148,7 +148,7 @@ class RandomGames {
     const Session& client = Pair.Client.Flow.State();
     ASSERT_EQ(server.Scores, client.Scores);
     ASSERT_EQ(server.GameOver, client.GameOver);
-    ASSERT_EQ(server.CurrentTurn, TurnsDiffer ? 1 - client.CurrentTurn : client.CurrentTurn);
+    ASSERT_EQ(server.CurrentTurn, TurnsDiffer ? OpponentOf(client.CurrentTurn) : client.CurrentTurn);
     // The piece that takes the flag leaves its cell on its own side alone.
     if (server.GameOver) return;
     ASSERT_NO_FATAL_FAILURE(ExpectSameBoard(Pair.Server.Flow.StrategyBoard(), Pair.Client.Flow.StrategyBoard()));
@@ -156,7 +156,7 @@ class RandomGames {
 
   const StrategyGame& game_;
   std::mt19937 random_;
-  std::array<Coordinate, 2> flags_;  // by player
+  PerPlayer<Coordinate> flags_;
 };
 
 class StrategyRandom : public testing::TestWithParam<const StrategyGame*> {};
@@ -177,7 +177,7 @@ TEST_P(StrategyRandom, WholeGamesKeepBoardsTurnsAndScoresInStep) {
       ASSERT_FALSE(session.Pair.Client.Flow.State().GameOver);
     }
     const auto& scores = session.Pair.Server.Flow.State().Scores;
-    ASSERT_EQ(scores[0] + scores[1], session.Finished);
+    ASSERT_EQ(scores.Server + scores.Client, session.Finished);
     finished += session.Finished;
     passes += session.Passes;
   }
