@@ -145,11 +145,7 @@ void TcpConnection::TellNextRequest() {
 }
 
 bool TcpConnection::Accept(int request) {
-  if (request != request_ || !requester_) return false;
-  if (HasGone(*requester_)) {
-    Reject(request);
-    return false;
-  }
+  if (request != request_ || !requester_ || HasGone(*requester_)) return false;
   SocketPointer accepted = std::move(requester_);
   Close();
   Use(std::move(accepted));

@@ -173,12 +173,13 @@ std::optional<int> WidgetDialogs::PopUpMenu(const QString& name, const QString& 
     action->setEnabled(item.Visible);
     if (first == nullptr && item.Visible) first = action;
   }
+  // Queued: until then the menu is still on screen.
+  connect(menu.get(), &QMenu::aboutToHide, this, &Dialogs::Answered, Qt::QueuedConnection);
   menu->setActiveAction(first);  // so that Enter chooses without an arrow key
   const QWidget& focus = parent_.focusWidget() == nullptr ? parent_ : *parent_.focusWidget();
   const QRect cursor = focus.inputMethodQuery(Qt::ImCursorRectangle).toRect();
   const auto chosen = menu->actions().indexOf(menu->exec(focus.mapToGlobal(cursor.center())));
   menu_ = outer;
-  emit Answered();
   if (chosen < 0) return std::nullopt;
   return static_cast<int>(chosen);
 }
