@@ -68,11 +68,10 @@ class Listener : public QTcpServer {
 
 #ifdef Q_OS_LINUX
 class TcpConnection::SecondHandle {
-  Q_DISABLE_COPY_MOVE(SecondHandle)
-
  public:
   explicit SecondHandle(const QTcpSocket& socket)
       : descriptor_(fcntl(static_cast<int>(socket.socketDescriptor()), F_DUPFD_CLOEXEC, 0)) {}
+  Q_DISABLE_COPY_MOVE(SecondHandle)
   ~SecondHandle() { close(descriptor_); }
 
   [[nodiscard]] bool AllAcknowledged() const {
