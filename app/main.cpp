@@ -1,13 +1,31 @@
 #include <QApplication>
+#include <cstdio>
+#include <cstdlib>
 
 #include "app/window_owner.h"
 #include "ui/board_accessible.h"
 
-int main(int argc, char* argv[]) {
+namespace {
+
+// From the first window to the last; returns the exit code.
+int RunWindows(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   brontavia::InstallAccessibleFactory();
   brontavia::WindowOwner owner(QApplication::applicationDirPath());
   owner.ShowStart();
-  return QApplication::exec();
+  const int code = QApplication::exec();
+  // A name server may take half a minute to answer a client who has long closed the window, and the toolkit waits for
+  // its lookups when the application object goes.
+  QObject::disconnect(&application, &QObject::destroyed, nullptr, nullptr);
+  return code;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  const int code = RunWindows(argc, argv);
+  // Past the toolkit's global objects, which would wait as well.
+  std::fflush(stdout);
+  std::_Exit(code);
 }

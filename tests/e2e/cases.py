@@ -24,9 +24,9 @@ class CopiesTest(unittest.TestCase):
     def setUp(self):
         self.port = free_port()
 
-    def start(self, ini=OWN_PORT):
+    def start(self, ini=OWN_PORT, environment=None):
         """A copy on the test's own port, or with another Brontavia.ini; without one when it is None."""
-        copy = Copy(os.environ["BRONTAVIA_BINARY"], str(self.port) if ini is OWN_PORT else ini)
+        copy = Copy(os.environ["BRONTAVIA_BINARY"], str(self.port) if ini is OWN_PORT else ini, environment)
         self.addCleanup(copy.end)
         return copy
 

@@ -8,6 +8,8 @@ from waiting import wait_until
 
 REQUEST_TITLE = "Solicitud de conexión"
 REQUEST_TEXT = "Se ha recibido una solicitud de conexión. ¿Desea aceptarla?"
+ADDRESS_TITLE = "Conectar"
+ADDRESS_PROMPT = "¿Con qué ordenador desea conectar? Introduzca su IP: "
 NAME_TITLE = "Introducir nombre"
 NAME_PROMPT = "Por favor, introduzca su  nombre para mostrar al otro jugador: "
 TURN_TITLE = "Asignación del primer turno"

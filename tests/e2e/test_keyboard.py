@@ -11,8 +11,6 @@ from waiting import wait_until
 
 SERVER = Player("Servidor", "Ana", "2")
 CLIENT = Player("Cliente", "Nombre de veinte car", "1")  # cut to 15 characters where names are kept
-ADDRESS_TITLE = "Conectar"
-ADDRESS_PROMPT = "¿Con qué ordenador desea conectar? Introduzca su IP: "
 
 
 def server_explanation(port):
@@ -75,10 +73,10 @@ class Keyboard(cases.CopiesTest):
     def connect(self, server, client):
         """First without an address, then with one."""
         client.press_button(handshake.CONNECT_BUTTON)
-        client.answer_input(ADDRESS_TITLE, ADDRESS_PROMPT, "")
-        client.answer_box(ADDRESS_TITLE, "Conexión cancelada", OK)
+        client.answer_input(handshake.ADDRESS_TITLE, handshake.ADDRESS_PROMPT, "")
+        client.answer_box(handshake.ADDRESS_TITLE, "Conexión cancelada", OK)
         client.press_button(handshake.CONNECT_BUTTON)
-        client.answer_input(ADDRESS_TITLE, ADDRESS_PROMPT, "", "127.0.0.1")
+        client.answer_input(handshake.ADDRESS_TITLE, handshake.ADDRESS_PROMPT, "", "127.0.0.1")
         handshake.accept(server, client)
 
     def check_logs(self, server, client):

@@ -165,6 +165,9 @@ TEST_F(Tcp, ARequesterWhoHasGoneCannotBeAcceptedAndListeningGoesOn) {
   EXPECT_FALSE(Server.Socket.Accept(Server.Requests[0]));
   EXPECT_EQ(Server.Socket.State(), ConnectionState::Listening);
   Client.Socket.Connect(u"127.0.0.1"_s, Port);
+  LetPass(20);
+  EXPECT_EQ(Server.Requests.size(), 1) << "the next is told once this one has been rejected";
+  Server.Socket.Reject(Server.Requests[0]);
   EXPECT_TRUE(Eventually([&] { return Server.Requests.size() == 2; }));
 }
 
