@@ -12,8 +12,8 @@ namespace {
 
 // A text that is laid out takes forty bytes a character, and the time grows with the square of a line's length.
 constexpr int kMostLines = 5000;
-constexpr int kMostCharacters = 256 * 1024;
-constexpr qsizetype kMostAtOnce = 16 * 1024;
+constexpr int kMostCharacters = 262'144;
+constexpr qsizetype kMostAtOnce = 16'384;
 constexpr qsizetype kLongestLine = 500;
 
 }  // namespace

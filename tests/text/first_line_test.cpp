@@ -1,15 +1,11 @@
 #include "text/first_line.h"
 
 #include <gtest/gtest.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <cstring>
 #include <string>
 
 namespace brontavia {
@@ -85,15 +81,8 @@ TEST_F(FirstLine, OfADeviceIsNothing) {
 }
 
 TEST_F(FirstLine, OfASocketIsNothing) {
-  sockaddr_un address{};
-  address.sun_family = AF_UNIX;
-  const QByteArray path = QFile::encodeName(Path());
-  ASSERT_LT(path.size(), static_cast<qsizetype>(sizeof(address.sun_path)));
-  std::memcpy(static_cast<char*>(address.sun_path), path.constData(), static_cast<std::size_t>(path.size()));
-  const int socket_descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  ASSERT_EQ(bind(socket_descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+  ASSERT_EQ(mknod(QFile::encodeName(Path()).constData(), S_IFSOCK | S_IRUSR | S_IWUSR, 0), 0);
   EXPECT_FALSE(ReadFirstLine(Path()).has_value());
-  close(socket_descriptor);
 }
 
 TEST_F(FirstLine, OfAFileWhoseReadingFailsIsNothing) {
