@@ -63,6 +63,8 @@ class GameFlow : public ConnectionFlow {
   void HandleMessage(const QString& text) override;
   void AddMessage(const QString& line) { Screen().AddMessage(line); }
   void EmptyTexts();  // TBMensajes and TBEstado
+  // What TBEstado shows.
+  [[nodiscard]] const QString& Status() const { return status_; }
   // TBEstado is replaced by `text`, or gains it at its end.
   void SetStatus(const QString& text);
   void AddToStatus(const QString& text) { SetStatus(status_ + text); }
@@ -89,7 +91,7 @@ class GameFlow : public ConnectionFlow {
   void StartNewGame();
 
   RandomDraw random_;
-  QString status_;  // what TBEstado shows
+  QString status_;
   std::unordered_map<const Message*, Handler> handlers_;
 };
 

@@ -11,16 +11,18 @@ void Army::Reset(Player side) {
 
 bool Army::MayStandOn(Coordinate cell) const { return board_.Holds(cell) && cell.Row <= Variant().ZoneRows; }
 
-bool Army::Place(Coordinate cell, int rank) {
-  if (!MayStandOn(cell) || IsPiece(board_.At(cell)) || RanksToPlace(rank) < 1) return false;
-  board_.Set(cell, PieceCode(side_, rank));
-  --ranks_to_place_.at(static_cast<std::size_t>(rank));
+bool Army::Place(Coordinate cell, Rank rank) {
+  if (!MayStandOn(cell) || board_.PieceAt(cell) || RanksToPlace(rank) < 1) return false;
+  board_.Set(cell, CodeOf({.Side = side_, .Rank = rank}));
+  --ranks_to_place_[rank];
   --pieces_to_place_;
   return true;
 }
 
 void Army::TakeBack(Coordinate cell) {
-  ++ranks_to_place_.at(static_cast<std::size_t>(RankOf(board_.At(cell))));
+  const auto piece = board_.PieceAt(cell);
+  if (!piece || piece->Side != side_) return;
+  ++ranks_to_place_[piece->Rank];
   ++pieces_to_place_;
   board_.Set(cell, kEmptyLand);
 }
@@ -31,14 +33,14 @@ void Army::DeployAtRandom(const std::function<int(int)>& below) {
       board_.Set({.Column = column, .Row = row}, kEmptyLand);
     }
   }
-  for (int rank = 1; rank <= kRanks; ++rank) {
-    for (int piece = 0; piece < Variant().ArmyCounts.at(static_cast<std::size_t>(rank)); ++piece) {
+  for (const Rank rank : kArmyRanks) {
+    for (int piece = 0; piece < Variant().ArmyCounts[rank]; ++piece) {
       Coordinate cell;
       do {
         cell.Column = 1 + below(Variant().Columns);
         cell.Row = 1 + below(Variant().ZoneRows);
       } while (board_.At(cell) != kEmptyLand);
-      board_.Set(cell, PieceCode(side_, rank));
+      board_.Set(cell, CodeOf({.Side = side_, .Rank = rank}));
     }
   }
   ranks_to_place_ = {};

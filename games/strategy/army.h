@@ -19,14 +19,15 @@ class Army {
   [[nodiscard]] bool MayStandOn(Coordinate cell) const;
   // Puts a piece of `rank` on `cell`. False, and nothing changes, when the cell is outside the zone or taken or when no
   // piece of that rank is left.
-  bool Place(Coordinate cell, int rank);
-  // Takes the own piece on `cell` off the board. It can be placed again, unless it is a revealed bomb.
+  bool Place(Coordinate cell, Rank rank);
+  // Takes the own piece on `cell` off the board; nothing happens where none is. It can be placed again, unless it is a
+  // revealed bomb. Throws std::out_of_range for a cell outside the board.
   void TakeBack(Coordinate cell);
   // Discards what has been placed and puts every piece on a cell drawn for it. `below(n)` returns a random 0..n - 1.
   void DeployAtRandom(const std::function<int(int)>& below);
 
-  // Pieces of `rank` (1..13) that are still to be placed.
-  [[nodiscard]] int RanksToPlace(int rank) const { return ranks_to_place_.at(static_cast<std::size_t>(rank)); }
+  // Pieces of `rank` that are still to be placed.
+  [[nodiscard]] int RanksToPlace(Rank rank) const { return ranks_to_place_[rank]; }
   [[nodiscard]] int PiecesToPlace() const { return pieces_to_place_; }
 
  private:
@@ -34,7 +35,7 @@ class Army {
 
   StrategyBoard& board_;
   Player side_ = Player::Server;
-  RankCounts ranks_to_place_{};
+  RankCounts ranks_to_place_;
   int pieces_to_place_ = 0;
 };
 

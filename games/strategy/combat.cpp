@@ -1,20 +1,15 @@
 #include "games/strategy/combat.h"
 
 namespace brontavia {
-namespace {
 
-constexpr CellCode kRevealing = rank::RevealedBomb - rank::kBomb;
-
-}  // namespace
-
-Combat ResolveCombat(int attacker, int defender) {
-  if (defender == rank::kFlag) return Combat::FlagTaken;
+Combat ResolveCombat(Rank attacker, Rank defender) {
+  if (defender == Rank::Flag) return Combat::FlagTaken;
   if (attacker == defender) return Combat::BothDestroyed;
-  if (defender == rank::kBomb || defender == rank::RevealedBomb) {
-    return attacker == rank::kMiner ? Combat::BombDisarmed : Combat::BombExplodes;
+  if (defender == Rank::Bomb || defender == Rank::RevealedBomb) {
+    return attacker == Rank::Miner ? Combat::BombDisarmed : Combat::BombExplodes;
   }
-  if (attacker != rank::kSpy) return attacker < defender ? Combat::Defeat : Combat::Victory;
-  return defender == rank::kMarshal ? Combat::MarshalKilled : Combat::SpyKilled;
+  if (attacker != Rank::Spy) return attacker < defender ? Combat::Defeat : Combat::Victory;
+  return defender == Rank::Marshal ? Combat::MarshalKilled : Combat::SpyKilled;
 }
 
 CombatResult ResultOf(Combat combat) {
@@ -38,7 +33,9 @@ CombatResult ResultOf(Combat combat) {
 void ApplyResult(StrategyBoard& board, CellCode attacker, Coordinate from, Coordinate to, CombatResult result) {
   switch (result) {
     case CombatResult::AttackerDestroyed:
-      if (RankOf(board.At(to)) == rank::kBomb) board.Set(to, static_cast<CellCode>(board.At(to) + kRevealing));
+      if (const auto defender = board.PieceAt(to); defender && defender->Rank == Rank::Bomb) {
+        board.Set(to, CodeOf({.Side = defender->Side, .Rank = Rank::RevealedBomb}));
+      }
       break;
     case CombatResult::AttackerWins:
       board.Set(to, attacker);

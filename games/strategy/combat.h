@@ -17,7 +17,8 @@ enum class Combat {
   SpyKilled       // which has attacked anything else
 };
 
-Combat ResolveCombat(int attacker, int defender);
+// The attacker's rank is movable, the defender's any.
+Combat ResolveCombat(Rank attacker, Rank defender);
 
 // What an attack leaves on the board; its value is the result code of the move message.
 enum class CombatResult {

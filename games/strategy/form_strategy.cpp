@@ -24,7 +24,7 @@ QFont RankFont(QFont font, const QSizeF& cell) {
   font.setPixelSize(std::clamp(static_cast<int>(cell.height() * kTextHeight), kSmallestText, kLargestText));
   const QFontMetricsF metrics(font);
   qreal widest = 0;
-  for (int rank = 1; rank <= kRanks; ++rank) {
+  for (const Rank rank : kArmyRanks) {
     widest = std::max(widest, metrics.horizontalAdvance(ToQString(RankName(rank))));
   }
   const qreal room = cell.width() - 2 * kTextInset;

@@ -19,8 +19,8 @@ Coordinate Moved(Coordinate cell, Coordinate by) {
 }
 
 bool CanMove(const StrategyBoard& board, Player side, Coordinate cell) {
-  const CellCode code = board.At(cell);
-  if (!IsPieceOf(side, code) || !IsMovable(code)) return false;
+  const auto piece = board.PieceAt(cell);
+  if (!piece || piece->Side != side || !IsMovable(piece->Rank)) return false;
   return std::ranges::any_of(kNeighbours, [&](Coordinate step) {
     const Coordinate neighbour = Moved(cell, step);
     if (!board.Holds(neighbour)) return false;
@@ -31,9 +31,9 @@ bool CanMove(const StrategyBoard& board, Player side, Coordinate cell) {
 
 }  // namespace
 
-MoveRange CheckMoveRange(const StrategyBoard& board, int rank, Coordinate from, Coordinate to) {
+MoveRange CheckMoveRange(const StrategyBoard& board, Rank rank, Coordinate from, Coordinate to) {
   const Coordinate distance{.Column = to.Column - from.Column, .Row = to.Row - from.Row};
-  if (rank != rank::kScout) {
+  if (rank != Rank::Scout) {
     return std::abs(distance.Column) + std::abs(distance.Row) < 2 ? MoveRange::Valid : MoveRange::TooFar;
   }
   if (distance.Column != 0 && distance.Row != 0) return MoveRange::Diagonal;

@@ -15,7 +15,7 @@ enum class MoveRange {
 };
 
 // Whether a piece of `rank` may go from `from` to `to`, whatever stands there. Both lie on the board.
-MoveRange CheckMoveRange(const StrategyBoard& board, int rank, Coordinate from, Coordinate to);
+MoveRange CheckMoveRange(const StrategyBoard& board, Rank rank, Coordinate from, Coordinate to);
 
 // The first piece of `side`, by columns and within a column by rows, that is movable and has land without an own piece
 // beside it.

@@ -20,8 +20,8 @@ std::u16string FieldOf(CellCode code) {
 
 CellCode ReadField(std::u16string_view field, Player side, CellCode before) {
   const auto code = RoundHalfEven<CellCode>(Val(field));
-  const int rank = RankOf(code);
-  const bool sound = rank >= rank::kFlag && rank <= kRanks && code == PieceCode(side, rank);
+  const auto piece = PieceOf(code);
+  const bool sound = piece && piece->Side == side && piece->Rank != Rank::RevealedBomb;
   return sound || code == before ? code : kEmptyLand;
 }
 

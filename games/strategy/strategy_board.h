@@ -21,6 +21,7 @@ class StrategyBoard {
 
   // The cell must lie on the board; these throw std::out_of_range otherwise.
   [[nodiscard]] CellCode At(Coordinate cell) const { return cells_.at(Position(cell)); }
+  [[nodiscard]] std::optional<Piece> PieceAt(Coordinate cell) const { return PieceOf(At(cell)); }
   void Set(Coordinate cell, CellCode code) { cells_.at(Position(cell)) = code; }
 
   // Land and water without a piece.
@@ -31,9 +32,9 @@ class StrategyBoard {
   // his view of it from left to right and from bottom to top.
   [[nodiscard]] std::u16string ArmyText() const;
   // Unpacks the army of the other `side` into the top rows: a field for every four characters of `data`. A
-  // field that is none of that side's pieces of rank 1..12 is empty land, unless it tells what stands on the cell
-  // already: from the second game on a piece may have come there before the army is complete. Fields beyond the board
-  // are left out.
+  // field that is none of that side's pieces, or a revealed bomb, is empty land, unless it tells what stands on the
+  // cell already: from the second game on a piece may have come there before the army is complete. Fields beyond the
+  // board are left out.
   void TakeArmy(std::u16string_view data, Player side);
 
  private:

@@ -1,9 +1,9 @@
 // StrategyFlow from the first move to the taken flag.
 #include "games/cell_name.h"
+#include "games/strategy/move_message.h"
 #include "games/strategy/movement.h"
 #include "games/strategy/strategy_flow.h"
 #include "text/qt_text.h"
-#include "text/rounding.h"
 
 namespace brontavia {
 
@@ -11,12 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kMoveFieldLength = 3;
-
-QString NameOf(int rank) { return ToQString(RankName(rank)); }
+QString NameOf(Rank rank) { return ToQString(RankName(rank)); }
 
 // How an attack of `attacker` on `defender` (ranks) went, for the attacker's player.
-QString CombatReport(Combat combat, int attacker, int defender) {
+QString CombatReport(Combat combat, Rank attacker, Rank defender) {
   QString opening = u"El "_s + NameOf(attacker);
   const QString faces = opening + u" se enfrenta a un " + NameOf(defender);
   switch (combat) {
@@ -42,12 +40,13 @@ QString CombatReport(Combat combat, int attacker, int defender) {
 
 // What a received move did, without the name of its player; codes and cells as the receiver's board has them.
 QString MoveReport(CombatResult result, CellCode attacker, CellCode defender, Coordinate from, Coordinate to) {
-  const QString piece = u" con un "_s + NameOf(RankOf(attacker)) + u" de " + CellName(from);
-  const QString target = NameOf(RankOf(defender)) + u" de " + CellName(to);
+  const QString piece = u" con un "_s + ToQString(CellContentName(attacker)) + u" de " + CellName(from);
+  const QString target = ToQString(CellContentName(defender)) + u" de " + CellName(to);
   if (result == CombatResult::BothDestroyed) {
     return u" ataca"_s + piece + u" contra otro  " + target + u" y ambos son destruídos. Es su turno.";
   }
-  if (result == CombatResult::AttackerDestroyed && RankOf(defender) == rank::kBomb) {
+  const auto defending = PieceOf(defender);
+  if (result == CombatResult::AttackerDestroyed && defending && defending->Rank == Rank::Bomb) {
     return u" avanza"_s + piece + u" contra la bomba de " + CellName(to) + u" y resulta muerto. Es su turno.";
   }
   if (result == CombatResult::AttackerDestroyed) {
@@ -59,14 +58,6 @@ QString MoveReport(CombatResult result, CellCode attacker, CellCode defender, Co
   return u" ataca"_s + piece + u" al " + target + u" y le vence. Es su turno.";
 }
 
-// ---- On the wire: five fields of two digits and "," each ----
-
-QString MoveField(int value) { return u"%1,"_s.arg(value, 2, 10, QChar(u'0')); }
-
-int ReadMoveField(const QString& payload, int field) {
-  return RoundHalfEven<std::int16_t>(Val(QStringView(payload).mid(field * kMoveFieldLength, kMoveFieldLength)));
-}
-
 }  // namespace
 
 // ---- The own move ----
@@ -74,59 +65,56 @@ int ReadMoveField(const QString& payload, int field) {
 void StrategyFlow::ClickToFight(Coordinate cell) {
   if (!OwnTurn()) {
     SetStatus(u"No es su turno de jugar."_s);
-  } else if (selected_cell_ == Coordinate{}) {
-    Select(cell);
+  } else if (selection_) {
+    ClickTarget(*selection_, cell);
   } else {
-    ClickTarget(cell);
+    Select(cell);
   }
 }
 
 void StrategyFlow::Select(Coordinate cell) {
-  const CellCode code = board_.At(cell);
-  if (!IsPiece(code)) {
+  const auto piece = board_.PieceAt(cell);
+  if (!piece) {
     SetStatus(u"Casilla vacía"_s);
-  } else if (!IsOwnPiece(code)) {
+  } else if (piece->Side != OwnPlayer()) {
     SetStatus(u"No puede mover fichas del otro jugador"_s);
-  } else if (RankOf(code) == rank::kFlag) {
+  } else if (piece->Rank == Rank::Flag) {
     SetStatus(u"La bandera no se puede mover"_s);
-  } else if (!IsMovable(code)) {
+  } else if (!IsMovable(piece->Rank)) {
     SetStatus(u"Las bombas no se pueden mover"_s);
   } else {
-    selected_cell_ = cell;
-    selected_code_ = code;
+    selection_ = {.Cell = cell, .Piece = *piece};
     DrawCell(cell);
-    SetStatus(NameOf(RankOf(code)) + u" seleccionado.");
+    SetStatus(NameOf(piece->Rank) + u" seleccionado.");
   }
 }
 
 void StrategyFlow::ClearSelection() {
-  const Coordinate cell = std::exchange(selected_cell_, {});
-  DrawCell(cell);
+  if (const auto was = std::exchange(selection_, {})) DrawCell(was->Cell);
 }
 
-void StrategyFlow::ClickTarget(Coordinate cell) {
-  const CellCode code = board_.At(cell);
-  if (cell == selected_cell_) {
+void StrategyFlow::ClickTarget(Selection selected, Coordinate cell) {
+  const auto piece = board_.PieceAt(cell);
+  if (cell == selected.Cell) {
     SetStatus(u"Selección cancelada"_s);
     ClearSelection();
-  } else if (code == kWaterCell) {
+  } else if (board_.At(cell) == kWaterCell) {
     SetStatus(u"No se pueden mover fichas al agua. selección cancelada."_s);
     ClearSelection();
-  } else if (!InRange(cell)) {
+  } else if (!InRange(selected, cell)) {
     return;
-  } else if (code == kEmptyLand) {
-    MoveTo(cell);
-  } else if (IsOwnPiece(code)) {
+  } else if (!piece) {
+    MoveTo(selected, cell);
+  } else if (piece->Side == OwnPlayer()) {
     SetStatus(u"No puede atacar a miembros de su propio ejército. Selección cancelada."_s);
     ClearSelection();
   } else {
-    Attack(cell);
+    Attack(selected, cell, piece->Rank);
   }
 }
 
-bool StrategyFlow::InRange(Coordinate cell) {
-  const int rank = RankOf(selected_code_);
-  switch (CheckMoveRange(board_, rank, selected_cell_, cell)) {
+bool StrategyFlow::InRange(Selection selected, Coordinate cell) {
+  switch (CheckMoveRange(board_, selected.Piece.Rank, selected.Cell, cell)) {
     case MoveRange::Valid:
       return true;
     case MoveRange::Diagonal:
@@ -136,64 +124,60 @@ bool StrategyFlow::InRange(Coordinate cell) {
       SetStatus(u"Hay algún obstáculo en el camino a recorrer que impide llegar hasta ahí"_s);
       return false;
     case MoveRange::TooFar:
-      SetStatus(u"Un "_s + NameOf(rank) + u" no puede moverse más de una casilla en un turno ni mover en diagonal.");
+      SetStatus(u"Un "_s + NameOf(selected.Piece.Rank) +
+                u" no puede moverse más de una casilla en un turno ni mover en diagonal.");
       return false;
   }
   return false;
 }
 
-void StrategyFlow::MoveTo(Coordinate cell) {
-  const QString moved = NameOf(RankOf(selected_code_)) + u" movido";
-  if (!CarryOut(cell, CombatResult::AttackerWins)) return;
+void StrategyFlow::MoveTo(Selection selected, Coordinate cell) {
+  const QString moved = NameOf(selected.Piece.Rank) + u" movido";
+  if (!CarryOut(selected, cell, CombatResult::AttackerWins)) return;
   SetStatus(moved);
   AddMessage(moved + u". Le toca jugar a" + PaddedName(OpponentOf(session_.CurrentTurn)));
   PassTurnOn();
 }
 
-void StrategyFlow::Attack(Coordinate cell) {
-  const int attacker = RankOf(selected_code_);
-  const int defender = RankOf(board_.At(cell));
-  const Combat combat = ResolveCombat(attacker, defender);
-  SetStatus(CombatReport(combat, attacker, defender));
-  if (combat == Combat::FlagTaken) {
-    TakeFlag(cell);
+void StrategyFlow::Attack(Selection selected, Coordinate cell, Rank defender) {
+  const Combat combat = ResolveCombat(selected.Piece.Rank, defender);
+  const QString status = Status();
+  SetStatus(CombatReport(combat, selected.Piece.Rank, defender));
+  const bool flag = combat == Combat::FlagTaken;
+  const bool sent = flag ? Send(message::kWon.Token.toString()) : CarryOut(selected, cell, ResultOf(combat));
+  if (!sent) {
+    SetStatus(status);  // no such thing has come about
     return;
   }
-  if (!CarryOut(cell, ResultOf(combat))) {
-    SetStatus({});  // no such thing has come about
+  if (flag) {
+    TakeFlag(selected, cell);
     return;
   }
   AddMessage(u"Le toca jugar a"_s + PaddedName(OpponentOf(session_.CurrentTurn)));
   PassTurnOn();
 }
 
-bool StrategyFlow::CarryOut(Coordinate target, CombatResult result) {
-  const Coordinate origin = selected_cell_;
+bool StrategyFlow::CarryOut(Selection selected, Coordinate target, CombatResult result) {
+  const Coordinate origin = selected.Cell;
   const CellCode before = board_.At(target);
   // The own board first: the answer may arrive while the wait lets events through.
-  ApplyResult(board_, selected_code_, origin, target, result);
+  ApplyResult(board_, CodeOf(selected.Piece), origin, target, result);
   ClearSelection();
   DrawCell(target);
-  QString move = message::kMove.Token.toString();
-  for (const int field : {origin.Column, origin.Row, target.Column, target.Row, static_cast<int>(result)}) {
-    move += MoveField(field);
-  }
-  if (SendAndWait(move)) return true;
-  board_.Set(origin, selected_code_);
+  const StrategyMove move{.From = origin, .To = target, .Result = result};
+  if (SendAndWait(message::kMove.Token + ToQString(StrategyMoveText(move)))) return true;
+  board_.Set(origin, CodeOf(selected.Piece));
   board_.Set(target, before);
+  selection_ = selected;
   DrawCell(origin);
   DrawCell(target);
   return false;
 }
 
-void StrategyFlow::TakeFlag(Coordinate cell) {
-  if (!Send(message::kWon.Token.toString())) {
-    SetStatus({});
-    return;
-  }
+void StrategyFlow::TakeFlag(Selection selected, Coordinate cell) {
   // Taken and counted before the box opens: the opponent may ask for another game while it is open. The grid goes on
   // showing the piece where it started from.
-  ApplyResult(board_, selected_code_, selected_cell_, cell, CombatResult::FlagTaken);
+  ApplyResult(board_, CodeOf(selected.Piece), selected.Cell, cell, CombatResult::FlagTaken);
   session_.GameOver = true;
   AddPoint(OwnPlayer());
   ShowBox(u"¡Enhorabuena, ha capturado la bandera enemiga!"_s, u"Ha ganado"_s);
@@ -204,19 +188,13 @@ void StrategyFlow::TakeFlag(Coordinate cell) {
 
 void StrategyFlow::ApplyOpponentMove(const QString& payload) {
   if (session_.GameOver) return;
-  const Coordinate origin =
-      game_.Variant.Mirrored({.Column = ReadMoveField(payload, 0), .Row = ReadMoveField(payload, 1)});
-  const Coordinate target =
-      game_.Variant.Mirrored({.Column = ReadMoveField(payload, 2), .Row = ReadMoveField(payload, 3)});
-  const int code = ReadMoveField(payload, 4);
-  if (code < static_cast<int>(CombatResult::AttackerDestroyed) ||
-      code > static_cast<int>(CombatResult::BothDestroyed)) {
-    throw MalformedMessage("no result of a move");
-  }
-  const auto result = static_cast<CombatResult>(code);
-  const QString report = MoveReport(result, board_.At(origin), board_.At(target), origin, target);
+  const auto move = ReadStrategyMove(Characters(payload));
+  if (!move) throw MalformedMessage("no result of a move");
+  const Coordinate origin = game_.Variant.Mirrored(move->From);
+  const Coordinate target = game_.Variant.Mirrored(move->To);
+  const QString report = MoveReport(move->Result, board_.At(origin), board_.At(target), origin, target);
   // Applied before the box opens: the next move may arrive while it is open.
-  ApplyResult(board_, board_.At(origin), origin, target, result);
+  ApplyResult(board_, board_.At(origin), origin, target, move->Result);
   PassTurnOn();
   DrawCell(origin);
   DrawCell(target);
@@ -231,7 +209,7 @@ void StrategyFlow::Pass() {
     return;
   }
   if (const auto cell = FindMovablePiece(board_, OwnPlayer())) {
-    AddMessage(u"Puede mover el "_s + NameOf(RankOf(board_.At(*cell))) + u" de " + CellName(*cell) + u'.');
+    AddMessage(u"Puede mover el "_s + ToQString(CellContentName(board_.At(*cell))) + u" de " + CellName(*cell) + u'.');
     return;
   }
   if (!Send(message::kPassed.Token.toString())) return;

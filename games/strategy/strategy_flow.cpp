@@ -1,5 +1,7 @@
 #include "games/strategy/strategy_flow.h"
 
+#include <ranges>
+
 #include "games/cell_name.h"
 #include "text/qt_text.h"
 
@@ -50,7 +52,7 @@ void StrategyFlow::ResetForNewGame() {
 void StrategyFlow::ResetArmy() {
   army_.Reset(OwnPlayer());
   placement_mode_ = true;
-  selected_cell_ = {};
+  selection_.reset();
   DrawBoard();
 }
 
@@ -101,24 +103,24 @@ void StrategyFlow::KeyPressed(int key) {
 void StrategyFlow::ClickToPlace(Coordinate cell) {
   if (!army_.MayStandOn(cell)) {
     SetStatus(u"No puede colocar fichas fuera de su zona"_s);
-  } else if (!IsPiece(board_.At(cell))) {
+  } else if (!board_.PieceAt(cell)) {
     ChooseRankFor(cell);
-  } else if (IsOwnPiece(board_.At(cell))) {
+  } else if (IsPieceOf(OwnPlayer(), board_.At(cell))) {
     TakeBack(cell);
   }
 }
 
 void StrategyFlow::ChooseRankFor(Coordinate cell) {
   QList<MenuItem> ranks;
-  for (int rank = 1; rank <= kRanks; ++rank) {
+  for (const Rank rank : kArmyRanks) {
     const int left = army_.RanksToPlace(rank);
     ranks << MenuItem{.Caption = ToQString(RankName(rank)) + u" (" + QString::number(left) + u')',
-                      .Name = u"MnuTropaLis(%1)"_s.arg(rank - 1),
+                      .Name = u"MnuTropaLis(%1)"_s.arg(ranks.size()),
                       .Visible = left > 0};
   }
   const auto chosen = PopUp(u"MnuTropa"_s, u"Tropa"_s, ranks);
   // What arrives while the menu is open may end the placing or take the cell.
-  if (!chosen || !placement_mode_ || !army_.Place(cell, *chosen + 1)) return;
+  if (!chosen || !placement_mode_ || !army_.Place(cell, kArmyRanks.at(static_cast<std::size_t>(*chosen)))) return;
   DrawCell(cell);
   ShowDescription(cell);
   if (army_.PiecesToPlace() < 1 && AskWhetherPlaced() == Button::Yes) FinishPlacing();
@@ -236,34 +238,31 @@ void StrategyFlow::DrawCell(Coordinate cell) {
   const CellCode code = board_.At(cell);
   CellContent content;
   if (code == kWaterCell) content.BackColour = kWaterBackground;
-  if (IsPiece(code)) {
+  if (const auto piece = PieceOf(code)) {
     // A revealed bomb shows in the viewer's colour, whoever laid it.
-    const bool shown = IsOwnPiece(code) || RankOf(code) == rank::RevealedBomb;
-    content.Text = shown ? ToQString(RankName(RankOf(code))) : u"*"_s;
+    const bool shown = piece->Side == OwnPlayer() || piece->Rank == Rank::RevealedBomb;
+    content.Text = shown ? ToQString(RankName(piece->Rank)) : u"*"_s;
     content.ForeColour = kArmyColours[shown ? OwnPlayer() : OtherPlayer()];
-    if (cell == selected_cell_) content.Marks = Mark::Selected;
+    if (cell == SelectedCell()) content.Marks = Mark::Selected;
   }
   fg1_.SetCell(IndexOf(cell), content);
 }
 
 QString StrategyFlow::DescribeCell(Coordinate cell) const {
-  const CellCode code = board_.At(cell);
-  const bool known = SideOf(code) == OwnPlayer() || RankOf(code) == rank::RevealedBomb || !HideEnemyRanks;
-  const QString name = known || code == kWaterCell ? ToQString(RankName(RankOf(code))) : QString();
-  QString colour;
-  if (IsPiece(code)) {
-    colour = SideOf(code) == Player::Server ? u" rojo"_s : u" azul"_s;
-    // Flag and bomb are feminine; the spy keeps the masculine form.
-    if (name.startsWith(u'B') && name.endsWith(u'a') && colour.endsWith(u'o')) colour = u" roja"_s;
-    colour += u" . ";
-  }
-  return name + colour + CellName(cell);
+  const auto piece = board_.PieceAt(cell);
+  if (!piece) return ToQString(CellContentName(board_.At(cell))) + CellName(cell);
+  const bool known = piece->Side == OwnPlayer() || piece->Rank == Rank::RevealedBomb || !HideEnemyRanks;
+  const QString name = known ? ToQString(RankName(piece->Rank)) : QString();
+  QString colour = piece->Side == Player::Server ? u" rojo"_s : u" azul"_s;
+  // Flag and bomb are feminine; the spy keeps the masculine form.
+  if (name.startsWith(u'B') && name.endsWith(u'a') && colour.endsWith(u'o')) colour = u" roja"_s;
+  return name + colour + u" . " + CellName(cell);
 }
 
 void StrategyFlow::ListRanks() {
   QString list = u"Lista de rangos"_s + kCrLf;
-  for (int rank = kRanks; rank >= 1; --rank) {
-    list += QString::number(rank) + u' ' + ToQString(RankName(rank)) + u". " + kCrLf;
+  for (const Rank rank : kArmyRanks | std::views::reverse) {
+    list += QString::number(NumberOf(rank)) + u' ' + ToQString(RankName(rank)) + u". " + kCrLf;
   }
   ShowBox(list + u"Aunque el espía y las bombas funcionan de manera especial.", {});
 }

@@ -33,8 +33,10 @@ class StrategyFlow : public GameFlow {
   [[nodiscard]] bool PlacementMode() const { return placement_mode_; }
   [[nodiscard]] bool WaitingForOpponent() const { return waiting_for_opponent_; }
   [[nodiscard]] const PerPlayer<bool>& ReadyFlags() const { return ready_flags_; }
-  // (0, 0) while no piece is selected.
-  [[nodiscard]] Coordinate SelectedCell() const { return selected_cell_; }
+  // Nothing while no piece is selected.
+  [[nodiscard]] std::optional<Coordinate> SelectedCell() const {
+    return selection_ ? std::optional(selection_->Cell) : std::nullopt;
+  }
   // Where a cell of the board shows on FG1.
   [[nodiscard]] CellIndex IndexOf(Coordinate cell) const;
 
@@ -69,15 +71,21 @@ class StrategyFlow : public GameFlow {
   [[nodiscard]] bool OwnTurn() const { return session_.TurnSettled && session_.CurrentTurn == OwnPlayer(); }
   void PassTurnOn() { session_.CurrentTurn = OpponentOf(session_.CurrentTurn); }
   void ClickToFight(Coordinate cell);
+  // The piece that is to move, as it was selected: an army that arrives may overwrite its cell.
+  struct Selection {
+    Coordinate Cell;
+    brontavia::Piece Piece;
+  };
   void Select(Coordinate cell);
   void ClearSelection();
-  void ClickTarget(Coordinate cell);
-  [[nodiscard]] bool InRange(Coordinate cell);
-  void MoveTo(Coordinate cell);
-  void Attack(Coordinate cell);
+  void ClickTarget(Selection selected, Coordinate cell);
+  [[nodiscard]] bool InRange(Selection selected, Coordinate cell);
+  void MoveTo(Selection selected, Coordinate cell);
+  void Attack(Selection selected, Coordinate cell, Rank defender);
   // Applies and sends the selected piece's move. Returns whether it has reached the opponent; it is undone otherwise.
-  [[nodiscard]] bool CarryOut(Coordinate target, CombatResult result);
-  void TakeFlag(Coordinate cell);
+  [[nodiscard]] bool CarryOut(Selection selected, Coordinate target, CombatResult result);
+  // The opponent has been told.
+  void TakeFlag(Selection selected, Coordinate cell);
   void ApplyOpponentMove(const QString& payload);
   void Pass();
   void OpponentPassed();
@@ -91,7 +99,6 @@ class StrategyFlow : public GameFlow {
   [[nodiscard]] QString DescribeCell(Coordinate cell) const;
   void ListRanks();
   [[nodiscard]] Coordinate CellOf(CellIndex index) const;
-  [[nodiscard]] bool IsOwnPiece(CellCode code) const { return IsPieceOf(OwnPlayer(), code); }
   [[nodiscard]] QString PaddedName(Player player) const { return session_.PlayerNames.Padded(player); }
 
   const StrategyGame& game_;
@@ -101,8 +108,7 @@ class StrategyFlow : public GameFlow {
   bool placement_mode_ = true;
   bool waiting_for_opponent_ = false;
   PerPlayer<bool> ready_flags_;  // never cleared, so that later games begin sooner
-  Coordinate selected_cell_;
-  CellCode selected_code_ = kEmptyLand;
+  std::optional<Selection> selection_;
 };
 
 }  // namespace brontavia

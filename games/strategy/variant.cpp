@@ -15,12 +15,12 @@ constexpr StrategyVariant kEstratega{.Columns = 10,
                                      .Rows = 10,
                                      .ZoneRows = 4,
                                      .Water = kLargeWater,
-                                     .ArmyCounts = {0, 1, 6, 1, 8, 5, 4, 4, 4, 3, 2, 1, 1}};
+                                     .ArmyCounts = RankCounts({1, 6, 1, 8, 5, 4, 4, 4, 3, 2, 1, 1})};
 
 constexpr StrategyVariant kMiniEstratega{.Columns = 7,
                                          .Rows = 8,
                                          .ZoneRows = 3,
                                          .Water = kSmallWater,
-                                         .ArmyCounts = {0, 1, 3, 1, 4, 3, 0, 2, 2, 2, 1, 1, 1}};
+                                         .ArmyCounts = RankCounts({1, 3, 1, 4, 3, 0, 2, 2, 2, 1, 1, 1})};
 
 }  // namespace brontavia

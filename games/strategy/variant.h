@@ -9,8 +9,21 @@
 
 namespace brontavia {
 
-// [rank]: pieces of that rank, 1..13; [0] is never used.
-using RankCounts = std::array<int, rank::RevealedBomb + 1>;
+// How many pieces of each rank.
+class RankCounts {
+ public:
+  constexpr RankCounts() = default;
+  // From the flag on.
+  explicit constexpr RankCounts(const std::array<int, kRanks>& counts) : counts_(counts) {}
+
+  constexpr int& operator[](Rank rank) { return counts_.at(Position(rank)); }
+  constexpr int operator[](Rank rank) const { return counts_.at(Position(rank)); }
+
+ private:
+  static constexpr std::size_t Position(Rank rank) { return static_cast<std::size_t>(rank) - 1; }
+
+  std::array<int, kRanks> counts_{};
+};
 
 struct StrategyVariant {
   int Columns;

@@ -69,15 +69,16 @@ TEST(Scout, MovesAnyDistanceInAFreeStraightLine) {
   for (const ScoutMove& tested : kScoutMoves) {
     for (const Player side : kBothPlayers) {
       StrategyBoard board = BoardWith(kEstratega, tested.Others);
-      board.Set(Cell(tested.From), PieceCode(side, rank::kScout));
-      EXPECT_EQ(CheckMoveRange(board, rank::kScout, Cell(tested.From), Cell(tested.To)), tested.Expected)
+      board.Set(Cell(tested.From), CodeOf({side, Rank::Scout}));
+      EXPECT_EQ(CheckMoveRange(board, Rank::Scout, Cell(tested.From), Cell(tested.To)), tested.Expected)
           << tested.What << ", side " << NumberOf(side);
     }
   }
 }
 
 TEST(OtherPieces, MoveOneCellAndNotDiagonally) {
-  for (const int rank : {3, 5, 6, 7, 8, 9, 10, 11, 12}) {
+  for (const int number : {3, 5, 6, 7, 8, 9, 10, 11, 12}) {
+    const Rank rank = RankNumbered(number);
     for (const auto& [name, variant] : kVariants) {
       const StrategyBoard board(variant);
       const Coordinate from = Cell("C3");
@@ -89,16 +90,16 @@ TEST(OtherPieces, MoveOneCellAndNotDiagonally) {
       }
       // Its own cell too, although nobody moves there.
       EXPECT_EQ(reached, (std::vector{Cell("C2"), Cell("B3"), Cell("C3"), Cell("D3"), Cell("C4")}))
-          << name << ", rank " << rank;
+          << name << ", rank " << number;
     }
   }
 }
 
 TEST(OtherPieces, ReachTheNextCellWhateverStandsThere) {
-  for (const CellCode code :
-       {kWaterCell, PieceCode(Player::Server, 1), PieceCode(Player::Client, 13), PieceCode(Player::Client, 12)}) {
+  for (const CellCode code : {kWaterCell, CodeOf({Player::Server, Rank::Flag}),
+                              CodeOf({Player::Client, Rank::RevealedBomb}), CodeOf({Player::Client, Rank::Marshal})}) {
     const StrategyBoard board = BoardWith(kEstratega, {{"B4", code}});
-    EXPECT_EQ(CheckMoveRange(board, rank::kMiner, Cell("A4"), Cell("B4")), MoveRange::Valid) << code;
+    EXPECT_EQ(CheckMoveRange(board, Rank::Miner, Cell("A4"), Cell("B4")), MoveRange::Valid) << code;
   }
 }
 
@@ -137,8 +138,7 @@ TEST(MovablePiece, IsTheFirstWithLandOrAnEnemyBesideIt) {
     for (const Player side : kBothPlayers) {
       StrategyBoard board(kEstratega);
       for (const auto& [cell, code] : tested.Pieces) {
-        board.Set(Cell(cell),
-                  PieceCode(side == Player::Server ? SideOf(code) : OpponentOf(SideOf(code)), RankOf(code)));
+        board.Set(Cell(cell), CodeOf({code < 100 ? side : OpponentOf(side), RankNumbered(code % 100)}));
       }
       std::optional<Coordinate> expected;
       if (tested.Found) expected = Cell(*tested.Found);
@@ -149,7 +149,7 @@ TEST(MovablePiece, IsTheFirstWithLandOrAnEnemyBesideIt) {
 
 TEST(MovablePiece, IsFoundForEveryRankThatMoves) {
   for (int rank = 1; rank <= 13; ++rank) {
-    const StrategyBoard board = BoardWith(kMiniEstratega, {{"G8", PieceCode(Player::Client, rank)}});
+    const StrategyBoard board = BoardWith(kMiniEstratega, {{"G8", CodeOf({Player::Client, RankNumbered(rank)})}});
     EXPECT_EQ(FindMovablePiece(board, Player::Client).has_value(), rank >= 3 && rank <= 12) << rank;
   }
 }
@@ -166,10 +166,10 @@ bool LiesBetween(Coordinate cell, Coordinate a, Coordinate b) {
 }
 
 // Looks at the whole board for something in between, where the tested one walks from cell to cell.
-MoveRange PlainMoveRange(const StrategyBoard& board, int rank, Coordinate from, Coordinate to) {
+MoveRange PlainMoveRange(const StrategyBoard& board, Rank rank, Coordinate from, Coordinate to) {
   const int columns = to.Column - from.Column;
   const int rows = to.Row - from.Row;
-  if (rank != 4) return columns * columns + rows * rows <= 1 ? MoveRange::Valid : MoveRange::TooFar;
+  if (rank != Rank::Scout) return columns * columns + rows * rows <= 1 ? MoveRange::Valid : MoveRange::TooFar;
   if (columns * rows != 0) return MoveRange::Diagonal;
   for (const Coordinate cell : AllCells(board.Variant())) {
     if (LiesBetween(cell, from, to) && board.At(cell) != 0) return MoveRange::Blocked;
@@ -207,8 +207,8 @@ class RandomBoards {
     StrategyBoard board(variant);
     for (const Coordinate cell : AllCells(variant)) {
       if (board.At(cell) != kEmptyLand || !Chance(filled)) continue;
-      board.Set(cell, PieceCode(Chance(red) ? Player::Server : Player::Client,
-                                Chance(movable) ? Between(3, 12) : OneOf({1, 2, 13})));
+      board.Set(cell, CodeOf({Chance(red) ? Player::Server : Player::Client,
+                              RankNumbered(Chance(movable) ? Between(3, 12) : OneOf({1, 2, 13}))}));
     }
     return board;
   }
@@ -270,15 +270,15 @@ TEST(RandomMoves, GoAsFarAsThePlainRulesSay) {
       SCOPED_TRACE(testing::Message() << name << ", seed " << seed);
       RandomBoards random(seed);
       for (int move = 0; move < kBoardsPerSeed * kMovesPerBoard; ++move) {
-        const int rank = random.Between(0, 1) == 0 ? rank::kScout : random.Between(3, 12);
+        const Rank rank = RankNumbered(random.Between(0, 1) == 0 ? 4 : random.Between(3, 12));
         StrategyBoard board = random.Board(variant);
         const Coordinate from = random.CellOf(variant);
         const Coordinate to = random.TargetFrom(from, variant);
-        board.Set(from, PieceCode(random.Between(0, 1) == 0 ? Player::Server : Player::Client, rank));
+        board.Set(from, CodeOf({random.Between(0, 1) == 0 ? Player::Server : Player::Client, rank}));
         const MoveRange range = CheckMoveRange(board, rank, from, to);
         ASSERT_EQ(range, PlainMoveRange(board, rank, from, to))
-            << "rank " << rank << " from " << testing::PrintToString(from) << " to " << testing::PrintToString(to)
-            << Picture(board);
+            << "rank " << NumberOf(rank) << " from " << testing::PrintToString(from) << " to "
+            << testing::PrintToString(to) << Picture(board);
         ++seen[range];
       }
     }

@@ -2,63 +2,69 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-#include <stdexcept>
-
 namespace brontavia::test {
 namespace {
 
 struct NamedRank {
-  int Rank;
+  brontavia::Rank Rank;
+  int Number;
   std::u16string_view Name;
   bool Moves;
 };
 constexpr NamedRank kNamedRanks[] = {
-    {1, u"Bandera", false},   {2, u"Bomba", false},   {3, u"Espía", true},    {4, u"Explorador", true},
-    {5, u"Minador", true},    {6, u"Sargento", true}, {7, u"Teniente", true}, {8, u"Capitán", true},
-    {9, u"Comandante", true}, {10, u"Coronel", true}, {11, u"General", true}, {12, u"Mariscal", true},
-    {13, u"Bomba", false},
+    {Rank::Flag, 1, u"Bandera", false},
+    {Rank::Bomb, 2, u"Bomba", false},
+    {Rank::Spy, 3, u"Espía", true},
+    {Rank::Scout, 4, u"Explorador", true},
+    {Rank::Miner, 5, u"Minador", true},
+    {Rank::Sergeant, 6, u"Sargento", true},
+    {Rank::Lieutenant, 7, u"Teniente", true},
+    {Rank::Captain, 8, u"Capitán", true},
+    {Rank::Major, 9, u"Comandante", true},
+    {Rank::Colonel, 10, u"Coronel", true},
+    {Rank::General, 11, u"General", true},
+    {Rank::Marshal, 12, u"Mariscal", true},
+    {Rank::RevealedBomb, 13, u"Bomba", false},
 };
 
-TEST(Rank, HasItsName) {
-  for (const NamedRank& tested : kNamedRanks) EXPECT_EQ(RankName(tested.Rank), tested.Name) << tested.Rank;
-  EXPECT_EQ(RankName(RankOf(kEmptyLand)), u"");
-  EXPECT_EQ(RankName(RankOf(kWaterCell)), u"Agua");
-}
-
-TEST(Rank, OfNoNameIsRefused) {
-  for (const int rank : {-100, -2, 14, 99, 113, std::numeric_limits<int>::min()}) {
-    EXPECT_THROW(RankName(rank), std::out_of_range) << rank;
-  }
-}
-
-TEST(CellCode, TellsRankAndSide) {
+TEST(Rank, HasItsNumberAndItsName) {
   for (const NamedRank& tested : kNamedRanks) {
-    const auto red = static_cast<CellCode>(tested.Rank);
-    const auto blue = static_cast<CellCode>(100 + tested.Rank);
-    SCOPED_TRACE(tested.Rank);
-    EXPECT_EQ(PieceCode(Player::Server, tested.Rank), red);
-    EXPECT_EQ(PieceCode(Player::Client, tested.Rank), blue);
-    EXPECT_EQ(RankOf(red), tested.Rank);
-    EXPECT_EQ(RankOf(blue), tested.Rank);
-    EXPECT_EQ(SideOf(red), Player::Server);
-    EXPECT_EQ(SideOf(blue), Player::Client);
-    for (const CellCode code : {red, blue}) {
-      EXPECT_TRUE(IsPiece(code));
-      EXPECT_EQ(IsPieceOf(Player::Server, code), code == red);
-      EXPECT_EQ(IsPieceOf(Player::Client, code), code == blue);
-      EXPECT_EQ(IsMovable(code), tested.Moves);
+    EXPECT_EQ(NumberOf(tested.Rank), tested.Number);
+    EXPECT_EQ(RankName(tested.Rank), tested.Name) << tested.Number;
+    EXPECT_EQ(IsMovable(tested.Rank), tested.Moves) << tested.Number;
+  }
+  EXPECT_EQ(std::size(kNamedRanks), static_cast<std::size_t>(kRanks));
+}
+
+TEST(Rank, OfAnArmyIsAnyButTheRevealedBombTheLowestFirst) {
+  int number = 1;
+  for (const Rank rank : kArmyRanks) EXPECT_EQ(NumberOf(rank), number++);
+  EXPECT_EQ(number, NumberOf(Rank::RevealedBomb));
+}
+
+TEST(CellCode, TellsThePieceAndItsName) {
+  for (const NamedRank& tested : kNamedRanks) {
+    SCOPED_TRACE(tested.Number);
+    for (const Player side : kBothPlayers) {
+      const Piece piece{.Side = side, .Rank = tested.Rank};
+      const auto code = static_cast<CellCode>((side == Player::Server ? 0 : 100) + tested.Number);
+      EXPECT_EQ(CodeOf(piece), code);
+      EXPECT_EQ(PieceOf(code), piece);
+      EXPECT_TRUE(IsPieceOf(side, code));
+      EXPECT_FALSE(IsPieceOf(OpponentOf(side), code));
+      EXPECT_EQ(CellContentName(code), tested.Name);
     }
   }
+  EXPECT_EQ(CellContentName(kEmptyLand), u"");
+  EXPECT_EQ(CellContentName(kWaterCell), u"Agua");
 }
 
-TEST(CellCode, OfLandAndWaterIsNobodysPiece) {
-  for (const CellCode code : {kEmptyLand, kWaterCell}) {
-    SCOPED_TRACE(code);
-    EXPECT_FALSE(IsPiece(code));
-    EXPECT_FALSE(IsPieceOf(Player::Server, code));
-    EXPECT_FALSE(IsPieceOf(Player::Client, code));
-    EXPECT_FALSE(IsMovable(code));
+TEST(CellCode, OfAnythingElseIsNobodysPiece) {
+  for (int number = -32768; number <= 32767; ++number) {
+    if ((number >= 1 && number <= 13) || (number >= 101 && number <= 113)) continue;
+    const auto code = static_cast<CellCode>(number);
+    ASSERT_EQ(PieceOf(code), std::nullopt) << code;
+    ASSERT_FALSE(IsPieceOf(Player::Server, code) || IsPieceOf(Player::Client, code)) << code;
   }
 }
 

@@ -184,7 +184,8 @@ StrategyBoard BoardWithArmy(const Travelling& army, Player side) {
   for (int row = army.Variant.ZoneRows; row >= 1; --row) {
     for (int column = army.Variant.Columns; column >= 1; --column) {
       const char digit = army.Ranks.at(next++);
-      board.Set({.Column = column, .Row = row}, PieceCode(side, digit <= '9' ? digit - '0' : digit - 'A' + 10));
+      board.Set({.Column = column, .Row = row},
+                CodeOf({side, RankNumbered(digit <= '9' ? digit - '0' : digit - 'A' + 10)}));
     }
   }
   return board;

@@ -22,6 +22,9 @@ struct NamedVariant {
 };
 inline constexpr std::array<NamedVariant, 2> kVariants{{{"Estratega", kEstratega}, {"Mini-Estratega", kMiniEstratega}}};
 
+// 1..13.
+constexpr Rank RankNumbered(int number) { return static_cast<Rank>(number); }
+
 // "C10" is column 3, row 10.
 constexpr Coordinate Cell(std::string_view name) {
   Coordinate cell{.Column = name.front() - 'A' + 1};

@@ -16,12 +16,12 @@ const QString kAna = u"Ana            "_s;
 const QString kLuis = u"Luis           "_s;
 
 // `layout` with the piece on `cell` and one of `rank` changed over.
-Layout With(Layout layout, const QString& cell, int rank) {
+Layout With(Layout layout, const QString& cell, Rank rank) {
   QString all = layout.join(QString());
   const Coordinate place = CellNamed(cell);
   const auto width = layout[0].size();
   const auto here = (layout.size() - place.Row) * width + place.Column - 1;
-  const QChar digit = QString::number(rank, 16).toUpper()[0];
+  const QChar digit = QString::number(NumberOf(rank), 16).toUpper()[0];
   const auto there = all.indexOf(digit);
   all[there] = std::exchange(all[here], digit);
   for (auto& row : layout) {
@@ -66,7 +66,7 @@ TEST_F(Fight, OutOfTurnNothingIsSelected) {
   Begin();
   Client.Click(u"I4"_s);
   EXPECT_EQ(Client.Screen.Status, u"No es su turno de jugar."_s);
-  EXPECT_EQ(Client.Flow.SelectedCell(), Coordinate{});
+  EXPECT_EQ(Client.Flow.SelectedCell(), std::nullopt);
 }
 
 TEST_F(Fight, WhatCannotBeDoneWithASelectedPieceSaysSo) {
@@ -94,7 +94,7 @@ TEST_F(Fight, WhatCannotBeDoneWithASelectedPieceSaysSo) {
     Server.Click(tested.From);
     Server.Click(tested.To);
     EXPECT_EQ(Server.Screen.Status, tested.Text);
-    EXPECT_EQ(Server.Flow.SelectedCell(), tested.Kept ? CellNamed(tested.From) : Coordinate{});
+    EXPECT_EQ(Server.Flow.SelectedCell(), tested.Kept ? std::optional(CellNamed(tested.From)) : std::nullopt);
     if (tested.Kept) Server.Click(tested.From);
     EXPECT_EQ(Server.Shown(tested.From).Marks, Marks());
   }
@@ -104,7 +104,7 @@ TEST_F(Fight, WhatCannotBeDoneWithASelectedPieceSaysSo) {
 TEST_F(Fight, AMoveIsToldOnBothSidesWithoutItsRankOnTheOther) {
   Begin();
   Client.Dialogs.Expect({}, QString(kAna + u" mueve una ficha de F7 a F6. Es su turno."), [&] {
-    EXPECT_EQ(Client.At(u"F6"_s), PieceCode(Player::Server, rank::kMiner)) << "applied while the box tells it";
+    EXPECT_EQ(Client.At(u"F6"_s), CodeOf({Player::Server, Rank::Miner})) << "applied while the box tells it";
   });
   Pair.Move(u"E4"_s, u"E5"_s);
   EXPECT_EQ(Server.Connection.Sent.last(), u"Jug|05,04,05,05,01,"_s);
@@ -114,7 +114,7 @@ TEST_F(Fight, AMoveIsToldOnBothSidesWithoutItsRankOnTheOther) {
   EXPECT_EQ(Server.Shown(u"E5"_s), (CellContent{.Text = u"Minador"_s, .ForeColour = kRed}));
   EXPECT_EQ(Client.Shown(u"F6"_s), (CellContent{.Text = u"*"_s, .ForeColour = kRed}));
   EXPECT_EQ(Client.Shown(u"F7"_s), CellContent{});
-  EXPECT_EQ(Server.Flow.SelectedCell(), Coordinate{});
+  EXPECT_EQ(Server.Flow.SelectedCell(), std::nullopt);
   EXPECT_EQ(Turn(), Player::Client);
   EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Client);
 }
@@ -137,7 +137,7 @@ TEST_F(Fight, ASecondClickWhileAMoveIsOnItsWayIsIgnored) {
   QMetaObject::invokeMethod(
       &Server.Connection,
       [&] {
-        EXPECT_EQ(Server.At(u"E5"_s), PieceCode(Player::Server, rank::kMiner)) << "the own board has moved already";
+        EXPECT_EQ(Server.At(u"E5"_s), CodeOf({Player::Server, Rank::Miner})) << "the own board has moved already";
         Server.Click(u"E5"_s);
         Server.Flow.KeyPressed(Qt::Key_Escape);
         Server.Connection.HoldSendComplete = false;
@@ -169,8 +169,8 @@ TEST_F(Fight, TheAnswerToAMoveMayArriveWhileItIsOnItsWay) {
       Qt::QueuedConnection);
   Server.Click(u"A6"_s);
   Pair.Settle();
-  EXPECT_EQ(Server.At(u"A6"_s), PieceCode(Player::Client, 11)) << "the scout has been taken";
-  EXPECT_EQ(Client.At(u"J5"_s), PieceCode(Player::Client, 11));
+  EXPECT_EQ(Server.At(u"A6"_s), CodeOf({Player::Client, Rank::General})) << "the scout has been taken";
+  EXPECT_EQ(Client.At(u"J5"_s), CodeOf({Player::Client, Rank::General}));
   EXPECT_EQ(Turn(), Player::Server);
   EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Server);
 }
@@ -187,7 +187,7 @@ TEST_F(Fight, AMoveThatArrivesWhileAnotherIsToldFindsItMade) {
   Client.Dialogs.Expect({}, QString(kAna + u" mueve una ficha de I6 a I5. Es su turno."));
   Client.Connection.Receive(move(4, 5));
   Pair.Settle();
-  EXPECT_EQ(Client.At(u"I5"_s), PieceCode(Player::Server, rank::kScout));
+  EXPECT_EQ(Client.At(u"I5"_s), CodeOf({Player::Server, Rank::Scout}));
   EXPECT_EQ(Client.At(u"I6"_s), kEmptyLand);
 }
 
@@ -199,7 +199,7 @@ TEST_F(Fight, AMoveThatCannotBeSentIsToldAndKeepsTheTurn) {
   Server.Click(u"E4"_s);
   Server.Click(u"E5"_s);
   EXPECT_EQ(Turn(), Player::Server);
-  EXPECT_EQ(Server.At(u"E4"_s), PieceCode(Player::Server, rank::kMiner));
+  EXPECT_EQ(Server.At(u"E4"_s), CodeOf({Player::Server, Rank::Miner}));
   EXPECT_EQ(Server.Shown(u"E4"_s).Text, u"Minador"_s);
   EXPECT_EQ(Server.At(u"E5"_s), kEmptyLand);
   EXPECT_FALSE(Server.Finished);
@@ -255,9 +255,9 @@ Told ToldOf(QChar letter) {
 class Combats : public testing::TestWithParam<int> {};
 
 TEST_P(Combats, AreToldToBothAndLeaveTheSameBoards) {
-  const int attacker = GetParam();
-  for (int defender = 1; defender <= kRanks; ++defender) {
-    SCOPED_TRACE(testing::Message() << attacker << " attacks " << defender);
+  const auto attacker = static_cast<Rank>(GetParam());
+  for (const Rank defender : kArmyRanks) {
+    SCOPED_TRACE(testing::Message() << GetParam() << " attacks " << NumberOf(defender));
     StrategyPair pair(kGameEST);
     pair.BeginFight(With(kEstLayout, u"A4"_s, attacker), With(kEstLayout, u"J4"_s, defender));
     for (StrategyCopy* copy : {&pair.Server, &pair.Client}) {
@@ -268,7 +268,7 @@ TEST_P(Combats, AreToldToBothAndLeaveTheSameBoards) {
     pair.Move(u"A5"_s, u"A6"_s);
     pair.Move(u"E5"_s, u"E4"_s);
     pair.Move(u"A6"_s, u"A7"_s);
-    const QChar letter = kCombats.at(static_cast<std::size_t>(attacker - rank::kSpy))[defender - 1];
+    const QChar letter = kCombats.at(static_cast<std::size_t>(GetParam() - 3))[NumberOf(defender) - 1];
     const Told told = ToldOf(letter);
     const QString attacker_name = ToQString(RankName(attacker));
     const QString defender_name = ToQString(RankName(defender));
@@ -284,9 +284,9 @@ TEST_P(Combats, AreToldToBothAndLeaveTheSameBoards) {
               QString(u": "_s + kAna +
                       QString(told.ToDefender).replace(u"%1"_s, attacker_name).replace(u"%2"_s, defender_name)));
     EXPECT_EQ(pair.Server.Connection.Sent.last(), QString(u"Jug|01,06,01,07," + told.Code + u','));
-    const CellCode left = letter == u'B'       ? PieceCode(Player::Client, rank::RevealedBomb)
-                          : told.Code == u"00" ? PieceCode(Player::Client, defender)
-                          : told.Code == u"01" ? PieceCode(Player::Server, attacker)
+    const CellCode left = letter == u'B'       ? CodeOf({Player::Client, Rank::RevealedBomb})
+                          : told.Code == u"00" ? CodeOf({Player::Client, defender})
+                          : told.Code == u"01" ? CodeOf({Player::Server, attacker})
                                                : kEmptyLand;
     EXPECT_EQ(pair.Server.At(u"A7"_s), left);
     EXPECT_EQ(pair.Client.At(u"J4"_s), left);
@@ -299,10 +299,10 @@ TEST_P(Combats, AreToldToBothAndLeaveTheSameBoards) {
 INSTANTIATE_TEST_SUITE_P(OfAttacker, Combats, testing::Range(3, 13));
 
 TEST_F(Fight, ARevealedBombIsNamedAndShownInTheViewersColourAndOnlyAMinerClearsIt) {
-  Begin(kEstLayout, With(kEstLayout, u"J4"_s, rank::kBomb));
+  Begin(kEstLayout, With(kEstLayout, u"J4"_s, Rank::Bomb));
   AnswerAllBoxes();
   Pair.Move(u"A4"_s, u"A7"_s);
-  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(Player::Client, rank::RevealedBomb));
+  EXPECT_EQ(Server.At(u"A7"_s), CodeOf({Player::Client, Rank::RevealedBomb}));
   EXPECT_EQ(Server.Shown(u"A7"_s), (CellContent{.Text = u"Bomba"_s, .ForeColour = kRed}));
   EXPECT_EQ(Client.Shown(u"J4"_s), (CellContent{.Text = u"Bomba"_s, .ForeColour = kBlue}));
   EXPECT_EQ(Server.Description(u"A7"_s), u"Bomba azul . A7"_s);
@@ -314,11 +314,11 @@ TEST_F(Fight, ARevealedBombIsNamedAndShownInTheViewersColourAndOnlyAMinerClearsI
   EXPECT_EQ(Server.Screen.Status, u"El Explorador encuentra una bomba y muere."_s);
   EXPECT_EQ(Client.Dialogs.Shown.last(),
             QString(u": " + kAna + u" ataca con un Explorador de J8 al Bomba de J4 pero es derrotado. Es su turno."));
-  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(Player::Client, rank::RevealedBomb));
+  EXPECT_EQ(Server.At(u"A7"_s), CodeOf({Player::Client, Rank::RevealedBomb}));
 }
 
 TEST_F(Fight, AMinerStandsWhereARevealedBombWas) {
-  Begin(With(kEstLayout, u"A3"_s, rank::kMiner), With(kEstLayout, u"J4"_s, rank::kBomb));
+  Begin(With(kEstLayout, u"A3"_s, Rank::Miner), With(kEstLayout, u"J4"_s, Rank::Bomb));
   AnswerAllBoxes();
   Pair.Move(u"A4"_s, u"A7"_s);
   for (const auto& [from, to] : {std::pair{u"A3"_s, u"A4"_s}, {u"A4"_s, u"A5"_s}, {u"A5"_s, u"A6"_s}}) {
@@ -329,7 +329,7 @@ TEST_F(Fight, AMinerStandsWhereARevealedBombWas) {
   Pair.Move(u"F5"_s, u"F4"_s);
   Pair.Move(u"A6"_s, u"A7"_s);
   EXPECT_EQ(Server.Screen.Status, u"El Minador desactiva la bomba y sigue su camino"_s);
-  EXPECT_EQ(Client.At(u"J4"_s), PieceCode(Player::Server, rank::kMiner));
+  EXPECT_EQ(Client.At(u"J4"_s), CodeOf({Player::Server, Rank::Miner}));
 }
 
 // ---- The end ----
@@ -340,7 +340,7 @@ const QString kLostText =
 
 class FlagFight : public Fight {
  protected:
-  FlagFight() { Begin(kEstLayout, With(kEstLayout, u"J4"_s, rank::kFlag)); }
+  FlagFight() { Begin(kEstLayout, With(kEstLayout, u"J4"_s, Rank::Flag)); }
 
   void TakeFlag() {
     Server.Dialogs.Expect(u"Ha ganado"_s, kWonText);
@@ -372,7 +372,7 @@ TEST_F(FlagFight, TheFlagEndsTheGameAndKeepsTheTurn) {
   EXPECT_EQ(Server.Screen.Lines.size(), lines) << "Esc does nothing after the end";
   Client.Connection.Receive(u"Jug|01,04,01,05,01,"_s);
   Pair.Settle();
-  EXPECT_EQ(Client.At(u"J7"_s), PieceCode(Player::Server, rank::kScout)) << "moves after the end are ignored";
+  EXPECT_EQ(Client.At(u"J7"_s), CodeOf({Player::Server, Rank::Scout})) << "moves after the end are ignored";
 }
 
 TEST_F(FlagFight, AnotherGameBeginsWithTheWinnerAndTheFlagsThatLast) {
@@ -392,7 +392,7 @@ TEST_F(FlagFight, AnotherGameBeginsWithTheWinnerAndTheFlagsThatLast) {
     EXPECT_FALSE(copy->Flow.State().GameOver);
     EXPECT_EQ(copy->Flow.ReadyFlags(), (PerPlayer<bool>{true, true}));
     EXPECT_EQ(copy->Flow.State().RematchWanted, (PerPlayer<bool>{true, true}));
-    EXPECT_EQ(copy->Flow.SelectedCell(), Coordinate{}) << "no phantom of the piece that took the flag";
+    EXPECT_EQ(copy->Flow.SelectedCell(), std::nullopt) << "no phantom of the piece that took the flag";
     EXPECT_EQ(copy->Shown(u"A4"_s), CellContent{});
     EXPECT_EQ(copy->Shown(u"A7"_s), CellContent{});
   }
@@ -408,9 +408,9 @@ TEST_F(FlagFight, AnotherGameBeginsWithTheWinnerAndTheFlagsThatLast) {
   Client.Dialogs.Expect(u"Estratega"_s, box::kPlaced, Button::Yes);
   Client.Dialogs.Expect({}, box::kFightOwnTurn);
   Server.Dialogs.Expect({}, box::kFightOtherTurn);
-  Client.Place(With(kEstLayout, u"J4"_s, rank::kFlag));
+  Client.Place(With(kEstLayout, u"J4"_s, Rank::Flag));
   Pair.Settle();
-  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(Player::Client, rank::kFlag));
+  EXPECT_EQ(Server.At(u"A7"_s), CodeOf({Player::Client, Rank::Flag}));
   Server.Dialogs.Expect({}, QString(kLuis + u" mueve una ficha de F7 a F6. Es su turno."));
   Pair.Move(u"E4"_s, u"E5"_s);
   TakeFlag();
@@ -445,7 +445,7 @@ TEST_F(FlagFight, NoEndsBothWindows) {
 
 TEST(MiniFight, AsksForAnotherGameUnderItsOwnTitle) {
   StrategyPair pair(kGameMES);
-  pair.BeginFight(kMesLayout, With(kMesLayout, u"G3"_s, rank::kFlag));
+  pair.BeginFight(kMesLayout, With(kMesLayout, u"G3"_s, Rank::Flag));
   pair.Server.Dialogs.Expect(u"Ha ganado"_s, kWonText);
   pair.Client.Dialogs.Expect(u"Ha perdido"_s, kLostText);
   pair.Move(u"A3"_s, u"A6"_s);
@@ -460,7 +460,7 @@ TEST(MiniFight, MirrorsMovesOnItsOwnBoard) {
   pair.BeginFight(kMesLayout, kMesLayout);
   pair.Client.Dialogs.Expect({}, QString(kAna + u" mueve una ficha de G6 a G4. Es su turno."));
   pair.Move(u"A3"_s, u"A5"_s);
-  EXPECT_EQ(pair.Client.At(u"G4"_s), PieceCode(Player::Server, rank::kScout));
+  EXPECT_EQ(pair.Client.At(u"G4"_s), CodeOf({Player::Server, Rank::Scout}));
 }
 
 TEST_F(FlagFight, AScoutThatComesBeforeTheArmyIsCompleteStaysOnBothBoards) {
@@ -499,8 +499,8 @@ void LeaveOnlyTheFlag(StrategyPair& pair, Player player) {
     const int rows = copy.Flow.StrategyBoard().Variant().Rows;
     for (int column = 1; column <= copy.Flow.StrategyBoard().Variant().Columns; ++column) {
       for (int row = 1; row <= 3; ++row) {
-        const CellCode code = copy.Flow.StrategyBoard().At({.Column = column, .Row = own ? row : rows + 1 - row});
-        if (!IsMovable(code) && code != kEmptyLand) continue;
+        const auto piece = copy.Flow.StrategyBoard().PieceAt({.Column = column, .Row = own ? row : rows + 1 - row});
+        if (piece && !IsMovable(piece->Rank)) continue;
         // Destroyed together with nothing: the sender's coordinates are the board's turned ones.
         const Coordinate cell =
             copy.Flow.StrategyBoard().Variant().Mirrored({.Column = column, .Row = own ? row : rows + 1 - row});
@@ -588,8 +588,8 @@ TEST_F(Fight, ASecondArmyOverwritesTheTopRows) {
   Server.Dialogs.Expect({}, box::kFightOwnTurn);
   Server.Connection.Receive(u"Datos|112,"_s);
   Pair.Settle();
-  EXPECT_EQ(Server.At(u"A7"_s), PieceCode(Player::Client, 12));
-  EXPECT_EQ(Server.At(u"B7"_s), PieceCode(Player::Client, 12)) << "the cell after it keeps its marshal";
+  EXPECT_EQ(Server.At(u"A7"_s), CodeOf({Player::Client, Rank::Marshal}));
+  EXPECT_EQ(Server.At(u"B7"_s), CodeOf({Player::Client, Rank::Marshal})) << "the cell after it keeps its marshal";
   EXPECT_EQ(Server.Shown(u"A7"_s).Text, u"*"_s);
 }
 

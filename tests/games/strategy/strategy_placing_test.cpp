@@ -52,7 +52,7 @@ TEST_F(Placing, AChosenRankStandsOnItsCellAndIsDescribed) {
   Own.Click(u"C2"_s);
   EXPECT_EQ(Own.Shown(u"C2"_s), (CellContent{.Text = u"Explorador"_s, .ForeColour = kRed}));
   EXPECT_EQ(Own.Screen.Status, u"Explorador rojo . C2"_s);
-  EXPECT_EQ(Own.Flow.Army().RanksToPlace(rank::kScout), 7);
+  EXPECT_EQ(Own.Flow.Army().RanksToPlace(Rank::Scout), 7);
   EXPECT_EQ(Own.Flow.Army().PiecesToPlace(), 39);
   Other.Dialogs.ExpectMenu(box::kMenu, kFreshMenu, u"Explorador (8)"_s);
   Other.Click(u"C2"_s);
@@ -118,10 +118,10 @@ TEST_F(Placing, ACellTakenWhileTheMenuIsOpenStaysAsItIs) {
     return 0;
   };
   Own.Click(u"D2"_s);
-  EXPECT_EQ(Own.At(u"D2"_s), PieceCode(Player::Client, rank::kScout));
+  EXPECT_EQ(Own.At(u"D2"_s), CodeOf({Player::Client, Rank::Scout}));
   EXPECT_EQ(Own.Flow.Army().PiecesToPlace(), 40);
   Own.Click(u"D2"_s);
-  EXPECT_EQ(Own.At(u"D2"_s), PieceCode(Player::Client, rank::kScout)) << "no own piece that could be taken back";
+  EXPECT_EQ(Own.At(u"D2"_s), CodeOf({Player::Client, Rank::Scout})) << "no own piece that could be taken back";
 }
 
 TEST_F(Placing, ACompleteArmyIsAskedForAndStaysAfterNo) {
@@ -215,10 +215,10 @@ TEST_F(Placing, TheArmyTravelsTurnedAndThatItIsReadyAsAnotherRead) {
   EXPECT_EQ(Other.Screen.Lines.mid(Other.Screen.Lines.size() - 2),
             QStringList({u"El otro jugador ya ha colocado su ejército y está esperando"_s,
                          u"El otro jugador ha terminado de colocar su ejército y está esperando."_s}));
-  EXPECT_EQ(Other.At(u"A7"_s), PieceCode(Player::Server, 11)) << "the sender's J4";
+  EXPECT_EQ(Other.At(u"A7"_s), CodeOf({Player::Server, Rank::General})) << "the sender's J4";
   EXPECT_EQ(Other.Shown(u"A7"_s), (CellContent{.Text = u"*"_s, .ForeColour = kRed}));
   EXPECT_EQ(Other.Description(u"A7"_s), u" rojo . A7"_s);
-  EXPECT_EQ(Other.At(u"J10"_s), PieceCode(Player::Server, 6)) << "the sender's A1";
+  EXPECT_EQ(Other.At(u"J10"_s), CodeOf({Player::Server, Rank::Sergeant})) << "the sender's A1";
   EXPECT_TRUE(Own.Flow.WaitingForOpponent());
   EXPECT_TRUE(Other.Flow.WaitingForOpponent());
   EXPECT_EQ(Other.Flow.ReadyFlags(), (PerPlayer<bool>{.Server = true, .Client = false}));
@@ -240,7 +240,7 @@ TEST(MiniPlacing, HasItsOwnTitlesAndTellsTwiceThatTheFightBegins) {
   pair.BeginFight(kMesLayout, kMesLayout);
   EXPECT_EQ(pair.Server.Flow.FG1().rowCount(), 9);
   EXPECT_EQ(pair.Server.Flow.FG1().columnCount(), 8);
-  EXPECT_EQ(pair.Client.At(u"A6"_s), PieceCode(Player::Server, 12)) << "the sender's G3";
+  EXPECT_EQ(pair.Client.At(u"A6"_s), CodeOf({Player::Server, Rank::Marshal})) << "the sender's G3";
   EXPECT_EQ(pair.Server.Connection.Sent.filter(u"Datos|"_s).last().size(), 6 + 84);
   for (const QString& cell : {u"B4"_s, u"B5"_s, u"F4"_s, u"F5"_s}) {
     EXPECT_EQ(pair.Server.Shown(cell).BackColour, kWater);
@@ -256,7 +256,7 @@ TEST(MiniPlacing, HasNoSergeantInItsMenu) {
        u"Capitán (2)"_s, u"Comandante (2)"_s, u"Coronel (1)"_s, u"General (1)"_s, u"Mariscal (1)"_s},
       u"Teniente (2)"_s);
   pair.Server.Click(u"G3"_s);
-  EXPECT_EQ(pair.Server.At(u"G3"_s), PieceCode(Player::Server, 7));
+  EXPECT_EQ(pair.Server.At(u"G3"_s), CodeOf({Player::Server, Rank::Lieutenant}));
   pair.Server.Click(u"A4"_s);
   EXPECT_EQ(pair.Server.Screen.Status, u"No puede colocar fichas fuera de su zona"_s);
 }
@@ -287,8 +287,8 @@ TEST_F(Placing, AnArmyMayArriveWhileTheOwnIsOnItsWay) {
       Qt::QueuedConnection);
   Own.Place(kEstLayout);
   Pair.Settle();
-  EXPECT_EQ(Own.At(u"A7"_s), PieceCode(Player::Client, 11));
-  EXPECT_EQ(Other.At(u"A7"_s), PieceCode(Player::Server, 11));
+  EXPECT_EQ(Own.At(u"A7"_s), CodeOf({Player::Client, Rank::General}));
+  EXPECT_EQ(Other.At(u"A7"_s), CodeOf({Player::Server, Rank::General}));
 }
 
 TEST_F(Placing, NothingCanBeClickedWhileTheArmyIsOnItsWay) {
@@ -301,7 +301,7 @@ TEST_F(Placing, NothingCanBeClickedWhileTheArmyIsOnItsWay) {
         Own.Click(u"A4"_s);
         Own.Flow.KeyPressed(Qt::Key_Escape);
         Own.Flow.KeyPressed(Qt::Key_F3);
-        EXPECT_EQ(Own.Flow.SelectedCell(), Coordinate{});
+        EXPECT_EQ(Own.Flow.SelectedCell(), std::nullopt);
         Own.Connection.HoldSendComplete = false;
         emit Own.Connection.SendComplete();
       },
@@ -327,8 +327,8 @@ const QString kClientArmy = u"112,104,102,"_s + u"105,"_s.repeated(37);
 TEST_F(Placing, AnArmyAndItsReadyMarkInOneReadBothCount) {
   Own.Connection.Receive(u"Datos|"_s + kClientArmy + u"Listo|");
   Pair.Settle();
-  EXPECT_EQ(Own.At(u"A7"_s), PieceCode(Player::Client, 12));
-  EXPECT_EQ(Own.At(u"J10"_s), PieceCode(Player::Client, 5));
+  EXPECT_EQ(Own.At(u"A7"_s), CodeOf({Player::Client, Rank::Marshal}));
+  EXPECT_EQ(Own.At(u"J10"_s), CodeOf({Player::Client, Rank::Miner}));
   EXPECT_EQ(Own.Screen.Lines.mid(Own.Screen.Lines.size() - 2),
             QStringList({u"El otro jugador ha terminado de colocar su ejército y está esperando."_s,
                          u"El otro jugador ya ha colocado su ejército y está esperando"_s}))

@@ -88,10 +88,10 @@ class RandomGames {
       ASSERT_LT(clicks, 100'000) << "no move in sight";
       if (Below(20) == 0) {
         copy.Click(AnyCell());
-      } else if (copy.Flow.SelectedCell() == Coordinate{}) {
-        copy.Click(SomePiece(copy));
+      } else if (const auto selected = copy.Flow.SelectedCell()) {
+        copy.Click(Target(copy, *selected));
       } else {
-        copy.Click(Target(copy));
+        copy.Click(SomePiece(copy));
       }
     }
     Pair.Settle();
@@ -100,12 +100,11 @@ class RandomGames {
   // One of two own pieces at random that are neither flag nor bomb: the one that is nearer to the opponent's flag.
   Coordinate SomePiece(const StrategyCopy& copy) {
     const auto any = [&] {
-      Coordinate cell;
-      do {
-        cell = AnyCell();
-      } while (!IsPieceOf(copy.Flow.OwnPlayer(), copy.Flow.StrategyBoard().At(cell)) ||
-               !IsMovable(copy.Flow.StrategyBoard().At(cell)));
-      return cell;
+      while (true) {
+        const Coordinate cell = AnyCell();
+        const auto piece = copy.Flow.StrategyBoard().PieceAt(cell);
+        if (piece && piece->Side == copy.Flow.OwnPlayer() && IsMovable(piece->Rank)) return cell;
+      }
     };
     const auto distance = [flag = Flag(copy)](Coordinate cell) {
       return std::abs(flag.Column - cell.Column) + std::abs(flag.Row - cell.Row);
@@ -122,15 +121,14 @@ class RandomGames {
   // As its owner sees it.
   [[nodiscard]] Coordinate OwnFlag(const StrategyCopy& copy) const {
     Coordinate cell{.Column = 1, .Row = 1};
-    while (RankOf(copy.Flow.StrategyBoard().At(cell)) != rank::kFlag) {
+    while (copy.Flow.StrategyBoard().At(cell) != CodeOf({copy.Flow.OwnPlayer(), Rank::Flag})) {
       cell = cell.Column < game_.Variant.Columns ? Coordinate{cell.Column + 1, cell.Row} : Coordinate{1, cell.Row + 1};
     }
     return cell;
   }
 
   // Mostly the next cell in some direction, oftener towards the opponent's flag, and now and then one further on.
-  Coordinate Target(const StrategyCopy& copy) {
-    const Coordinate from = copy.Flow.SelectedCell();
+  Coordinate Target(const StrategyCopy& copy, Coordinate from) {
     const Coordinate flag = Flag(copy);
     const int steps = Below(4) == 0 ? 1 + Below(5) : 1;
     const bool towards = Below(4) != 0;
