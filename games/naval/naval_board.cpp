@@ -40,7 +40,7 @@ void NavalBoard::InitFleet() {
     size_table_.at(static_cast<std::size_t>(number)) = {.Length = Ship(number).Length, .Taken = false};
   }
   own_board_ = enemy_board_ = shot_board_ = {};
-  pending_start_ = {};
+  pending_start_.reset();
   ships_to_place_ = enemy_ships_afloat_ = kShipsPerFleet;
 }
 
@@ -50,39 +50,40 @@ PlacementOutcome NavalBoard::ClickToPlace(Coordinate cell) {
   const int code = OwnBoard(cell);
   if (code == kWaterMargin) return {.Step = PlacementStep::OnMargin};
   if (code != 0) return {.Step = PlacementStep::OnShip, .Ship = code};
-  if (pending_start_.Column == 0) {
+  if (!pending_start_) {
     pending_start_ = cell;
     return {.Step = PlacementStep::StartFixed};
   }
-  if (cell == pending_start_) {
-    pending_start_ = {};
+  const Coordinate start = *pending_start_;
+  if (cell == start) {
+    pending_start_.reset();
     return {.Step = PlacementStep::StartErased};
   }
-  const int columns = std::abs(cell.Column - pending_start_.Column);
-  const int rows = std::abs(cell.Row - pending_start_.Row);
+  const int columns = std::abs(cell.Column - start.Column);
+  const int rows = std::abs(cell.Row - start.Row);
   if (columns != 0 && rows != 0) return {.Step = PlacementStep::Diagonal};
   const int length = columns + rows + 1;
   if (length > kLongestShip) return {.Step = PlacementStep::TooLong};
-  if (!CellsAreFree(pending_start_, cell)) return {.Step = PlacementStep::Blocked};
-  const int number = FreeShipOfLength(length);
-  if (number == 0) return {.Step = PlacementStep::NoSuchShip};
-  return Place(number, cell);
+  if (!CellsAreFree(start, cell)) return {.Step = PlacementStep::Blocked};
+  const auto number = FreeShipOfLength(length);
+  if (!number) return {.Step = PlacementStep::NoSuchShip};
+  return Place(*number, start, cell);
 }
 
-int NavalBoard::FreeShipOfLength(int length) const {
+std::optional<int> NavalBoard::FreeShipOfLength(int length) const {
   for (int number = 1; number <= kShipsPerFleet; ++number) {
     const ShipSize& size = size_table_.at(static_cast<std::size_t>(number));
     if (size.Length == length && !size.Taken) return number;
   }
-  return 0;
+  return std::nullopt;
 }
 
-PlacementOutcome NavalBoard::Place(int number, Coordinate end) {
+PlacementOutcome NavalBoard::Place(int number, Coordinate start, Coordinate end) {
   PlacementOutcome outcome{.Step = PlacementStep::Placed, .Ship = number};
   size_table_.at(static_cast<std::size_t>(number)).Taken = true;
   ShipRecord& ship = fleet_.at(static_cast<std::size_t>(number));
-  ship.Start = {.Column = std::min(pending_start_.Column, end.Column), .Row = std::min(pending_start_.Row, end.Row)};
-  ship.End = {.Column = std::max(pending_start_.Column, end.Column), .Row = std::max(pending_start_.Row, end.Row)};
+  ship.Start = {.Column = std::min(start.Column, end.Column), .Row = std::min(start.Row, end.Row)};
+  ship.End = {.Column = std::max(start.Column, end.Column), .Row = std::max(start.Row, end.Row)};
   ship.Placed = true;
   outcome.ShipCells = CellsBetween(ship.Start, ship.End);
   for (const Coordinate cell : outcome.ShipCells) At(own_board_, cell) = static_cast<std::int16_t>(number);
@@ -91,7 +92,7 @@ PlacementOutcome NavalBoard::Place(int number, Coordinate end) {
     At(own_board_, cell) = kWaterMargin;
     outcome.MarginCells.push_back(cell);
   }
-  pending_start_ = {};
+  pending_start_.reset();
   --ships_to_place_;
   return outcome;
 }
@@ -109,7 +110,7 @@ std::vector<Coordinate> NavalBoard::RemoveShip(int number) {
   ++ships_to_place_;
   ship.Placed = false;
   size_table_.at(static_cast<std::size_t>(number)).Taken = false;
-  pending_start_ = {};
+  pending_start_.reset();
   ship.Start = ship.End = {};
   return freed;
 }

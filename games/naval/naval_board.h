@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "games/naval/fleet.h"
@@ -55,7 +56,7 @@ class NavalBoard {
   // ---- Placing. Cells must be on the grid. ----
 
   PlacementOutcome ClickToPlace(Coordinate cell);
-  void ErasePendingStart() { pending_start_ = {}; }
+  void ErasePendingStart() { pending_start_.reset(); }
   // Takes own ship `number` (1..7, placed) off; returns the cells that are free now. Nothing happens for 0.
   std::vector<Coordinate> RemoveShip(int number);
 
@@ -88,7 +89,8 @@ class NavalBoard {
   [[nodiscard]] int ShotBoard(Coordinate cell) const { return At(shot_board_, cell); }
   // Whether own ship `number` stands on the board, as ShipSizeTable has it.
   [[nodiscard]] bool Taken(int number) const { return size_table_.at(static_cast<std::size_t>(number)).Taken; }
-  [[nodiscard]] Coordinate PendingStart() const { return pending_start_; }
+  // The first end of the ship that is being placed; nothing between two ships.
+  [[nodiscard]] std::optional<Coordinate> PendingStart() const { return pending_start_; }
   [[nodiscard]] int ShipsToPlace() const { return ships_to_place_; }
   [[nodiscard]] int EnemyShipsAfloat() const { return enemy_ships_afloat_; }
 
@@ -104,9 +106,9 @@ class NavalBoard {
 
   static const std::int16_t& At(const Sea& sea, Coordinate cell);
   static std::int16_t& At(Sea& sea, Coordinate cell);
-  // The number of a free own ship of `length` cells, the lowest first; 0 when there is none.
-  [[nodiscard]] int FreeShipOfLength(int length) const;
-  PlacementOutcome Place(int number, Coordinate end);
+  // The number of a free own ship of `length` cells, the lowest first; nothing when all are placed.
+  [[nodiscard]] std::optional<int> FreeShipOfLength(int length) const;
+  PlacementOutcome Place(int number, Coordinate start, Coordinate end);
   // Hits `segment` of `ship`: whether it was hit before, is hit or sunk.
   static ShotStep HitSegment(ShipRecord& ship, int segment);
 
@@ -115,7 +117,7 @@ class NavalBoard {
   Sea own_board_{};
   Sea enemy_board_{};
   Sea shot_board_{};
-  Coordinate pending_start_;
+  std::optional<Coordinate> pending_start_;
   int ships_to_place_ = kShipsPerFleet;
   int enemy_ships_afloat_ = kShipsPerFleet;
 };

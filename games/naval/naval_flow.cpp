@@ -108,7 +108,6 @@ void NavalFlow::BoardKeyPressed(int key) {
 // ---- Placing ----
 
 void NavalFlow::ClickToPlace(Coordinate cell) {
-  const Coordinate start = board_.PendingStart();
   const PlacementOutcome outcome = board_.ClickToPlace(cell);
   switch (outcome.Step) {
     case PlacementStep::OnShip:
@@ -125,11 +124,13 @@ void NavalFlow::ClickToPlace(Coordinate cell) {
     case PlacementStep::StartErased:
       SetStatus(u"Posición inicial eliminada."_s);
       return;
-    case PlacementStep::Diagonal:
+    case PlacementStep::Diagonal: {
+      const Coordinate start = board_.PendingStart().value();
       ShowBox(u"No se pueden colocar los barcos en diagonal. La posición de inicio del barco es "_s +
                   ColumnLetter(start.Column) + u", " + QString::number(start.Row),
               {});
       return;
+    }
     case PlacementStep::TooLong:
       ShowBox(u"No existen barcos de más de 5 casillas de largo"_s, {});
       return;

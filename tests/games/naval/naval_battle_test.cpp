@@ -92,12 +92,12 @@ class Battle {
  private:
   int Below(int count) { return std::uniform_int_distribution<int>(0, count - 1)(random_); }
   // Mostly a cell in line with the start of a ship, not always one that fits.
-  Coordinate NextEnd(Coordinate start) {
+  Coordinate NextEnd(std::optional<Coordinate> start) {
     Coordinate end = AnyCell();
-    if (start == Coordinate{} || Below(5) == 0) return end;
+    if (!start || Below(5) == 0) return end;
     const int distance = Below(2 * kLongestShip + 1) - kLongestShip;
-    end =
-        Below(2) == 0 ? Coordinate{start.Column + distance, start.Row} : Coordinate{start.Column, start.Row + distance};
+    end = Below(2) == 0 ? Coordinate{start->Column + distance, start->Row}
+                        : Coordinate{start->Column, start->Row + distance};
     return IsOnGrid(end) ? end : AnyCell();
   }
   Coordinate AnyCell() { return {.Column = 1 + Below(kSeaSide), .Row = 1 + Below(kSeaSide)}; }

@@ -138,8 +138,8 @@ std::string Whole(const NavalBoard& board) {
              std::to_string(ship.Length) + ' ' + Damage(ship) + (ship.Placed ? " placed" : "") +
              (number <= kShipsPerFleet && board.Taken(number) ? " taken\n" : "\n");
   }
-  return whole + "start " + Name(board.PendingStart()) + ", to place " + std::to_string(board.ShipsToPlace()) +
-         ", afloat " + std::to_string(board.EnemyShipsAfloat());
+  return whole + "start " + Name(board.PendingStart().value_or(Coordinate{})) + ", to place " +
+         std::to_string(board.ShipsToPlace()) + ", afloat " + std::to_string(board.EnemyShipsAfloat());
 }
 
 // ---- Start ----
@@ -149,7 +149,7 @@ TEST(NavalBoard, BeginsWithEmptySeasAndNothingPlaced) {
   EXPECT_EQ(OwnSea(board), kEmptySea);
   EXPECT_EQ(EnemySea(board), kEmptySea);
   EXPECT_EQ(ShotSea(board), kEmptySea);
-  EXPECT_EQ(board.PendingStart(), Coordinate{});
+  EXPECT_EQ(board.PendingStart(), std::nullopt);
   EXPECT_EQ(board.ShipsToPlace(), 7);
   EXPECT_EQ(board.EnemyShipsAfloat(), 7);
   for (int number = 1; number <= kShipsPerFleet; ++number) EXPECT_FALSE(board.Taken(number)) << number;
@@ -207,7 +207,7 @@ TEST_P(ClickWhilePlacing, HasItsOutcomeAndKeepsOrClearsTheStart) {
   const PlacementOutcome outcome = board.ClickToPlace(Cell(click.Cell));
   EXPECT_EQ(outcome.Step, click.Step);
   EXPECT_EQ(outcome.Ship, click.Ship);
-  EXPECT_EQ(Name(board.PendingStart()), click.Start);
+  EXPECT_EQ(Name(board.PendingStart().value_or(Coordinate{})), click.Start);
   if (click.Step == PlacementStep::Placed) {
     EXPECT_EQ(board.ShipsToPlace(), to_place - 1);
   } else {
@@ -535,7 +535,7 @@ TEST_P(RemovedShip, LeavesTheMarginsOfItsNeighbours) {
   EXPECT_FALSE(ship.Placed);
   EXPECT_EQ(ship.Start, Coordinate{});
   EXPECT_EQ(ship.End, Coordinate{});
-  EXPECT_EQ(board.PendingStart(), Coordinate{});
+  EXPECT_EQ(board.PendingStart(), std::nullopt);
 }
 
 const Removal kRemovals[] = {

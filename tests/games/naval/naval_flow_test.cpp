@@ -110,7 +110,7 @@ TEST_F(Placing, EscForgetsTheStart) {
   Own.Click(u"A1"_s);
   Own.Flow.BoardKeyPressed(Qt::Key_Escape);
   EXPECT_EQ(Own.Screen.Status, u"Posición inicial borrada"_s);
-  EXPECT_EQ(Own.Flow.Board().PendingStart(), Coordinate{});
+  EXPECT_EQ(Own.Flow.Board().PendingStart(), std::nullopt);
 }
 
 TEST_F(Placing, TheKeyTConfirmsOnlyACompleteFleet) {

@@ -363,8 +363,9 @@ PlainCopy PlainOf(const NavalBoard& board) {
     std::copy(ship.Segments.begin(), ship.Segments.end(), entry.Flags.begin() + 1);
     if (number <= 7) copy.SizeTaken[static_cast<std::size_t>(number)] = board.Taken(number) ? 1 : 0;
   }
-  copy.PendingColumn = board.PendingStart().Column;
-  copy.PendingRow = board.PendingStart().Row;
+  const Coordinate start = board.PendingStart().value_or(Coordinate{});
+  copy.PendingColumn = start.Column;
+  copy.PendingRow = start.Row;
   copy.ToPlace = board.ShipsToPlace();
   copy.Afloat = board.EnemyShipsAfloat();
   return copy;
