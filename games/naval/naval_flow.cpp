@@ -44,7 +44,7 @@ void SetText(BoardModel& grid, Coordinate cell, const QString& text) {
 }  // namespace
 
 NavalFlow::NavalFlow(const Seams& seams, const RandomSeed& seed)
-    : GameFlow(kFormBAR, seams, seed),
+    : PlacingFlow(kFormBAR, seams, seed),
       fg1_(GridShape(kLargeCell), [this](CellIndex cell) { return DescribeCell(cell); }),
       fg2_(GridShape(kSmallCell), [this](CellIndex cell) { return DescribeOwnCell(cell); }) {
   On(message::kPlaced, [this](const QString& data) { ReceiveFleet(data); });
@@ -199,12 +199,13 @@ void NavalFlow::ListShipsToPlace() {
 
 void NavalFlow::SendFleet() {
   Screen().SetText(Box::TBMensajes, u"Enviando barcos: "_s);
-  if (!SendAndWait(message::kPlaced.Token + ToQString(FleetText(board_.Fleet())))) return;
-  if (!Send(message::kReady.Token.toString())) return;
+  if (!SendPlaced(FleetText(board_.Fleet()))) {
+    Screen().SetText(Box::TBMensajes, {});  // nothing is on its way any more
+    return;
+  }
   Screen().SetText(Box::TBMensajes, u"barcos enviados "_s);
   EmptyGrid(fg1_);
   ShowOwnFleet();
-  ready_flags_[OwnPlayer()] = true;
   if (BothReady()) {
     BeginFiring();
   } else {

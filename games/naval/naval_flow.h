@@ -3,12 +3,12 @@
 #pragma once
 
 #include "games/naval/naval_board.h"
-#include "net/game_flow.h"
+#include "games/placing_flow.h"
 #include "seams/board_model.h"
 
 namespace brontavia {
 
-class NavalFlow : public GameFlow {
+class NavalFlow : public PlacingFlow {
   Q_OBJECT
 
  public:
@@ -26,10 +26,7 @@ class NavalFlow : public GameFlow {
   [[nodiscard]] BoardModel& FG2() { return fg2_; }
   [[nodiscard]] const BoardModel& FG2() const { return fg2_; }
   [[nodiscard]] const NavalBoard& Board() const { return board_; }
-  [[nodiscard]] bool PlacementMode() const { return placement_mode_; }
   [[nodiscard]] bool ReceivingFleet() const { return receiving_fleet_; }
-  [[nodiscard]] bool WaitingForOpponent() const { return waiting_for_opponent_; }
-  [[nodiscard]] const PerPlayer<bool>& ReadyFlags() const { return ready_flags_; }
 
  protected:
   void LoadGame() override;
@@ -54,7 +51,6 @@ class NavalFlow : public GameFlow {
   // ---- Exchange ----
   void ReceiveFleet(const QString& data);
   void OpponentReady();
-  [[nodiscard]] bool BothReady() const { return ready_flags_ == PerPlayer<bool>{true, true}; }
   void BeginFiring();
 
   // ---- Firing ----
@@ -79,10 +75,7 @@ class NavalFlow : public GameFlow {
   NavalBoard board_;
   BoardModel fg1_;
   BoardModel fg2_;
-  bool placement_mode_ = true;
   bool receiving_fleet_ = false;  // a fleet is being unpacked; stays set for good when one was malformed
-  bool waiting_for_opponent_ = false;
-  PerPlayer<bool> ready_flags_;
 };
 
 }  // namespace brontavia

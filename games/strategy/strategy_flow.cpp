@@ -19,7 +19,7 @@ constexpr PerPlayer<ColourValue> kArmyColours{.Server = 0x000070,   // RGB(112, 
 }  // namespace
 
 StrategyFlow::StrategyFlow(const StrategyGame& game, const Seams& seams, const RandomSeed& seed)
-    : GameFlow(game.Window, seams, seed),
+    : PlacingFlow(game.Window, seams, seed),
       game_(game),
       board_(game.Variant),
       army_(board_),
@@ -45,7 +45,7 @@ void StrategyFlow::LoadGame() {
 }
 
 void StrategyFlow::ResetForNewGame() {
-  ResetArmy();
+  ResetArmy();  // the ready flags stay, so that later games begin sooner
   session_.GameOver = false;
 }
 
@@ -160,11 +160,10 @@ void StrategyFlow::FinishPlacing() {
 }
 
 void StrategyFlow::SendArmy() {
-  if (!SendAndWait(message::kPlaced.Token + ToQString(board_.ArmyText())) || !Send(message::kReady.Token.toString())) {
+  if (!SendPlaced(board_.ArmyText())) {
     placement_mode_ = true;
     return;
   }
-  ready_flags_[OwnPlayer()] = true;
   if (BothReady()) {
     BeginFight();
     return;

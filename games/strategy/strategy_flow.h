@@ -1,15 +1,15 @@
 // A session of a strategy game: turns the outcomes of the rules into texts, messages and what FG1 shows.
 #pragma once
 
+#include "games/placing_flow.h"
 #include "games/strategy/army.h"
 #include "games/strategy/combat.h"
 #include "games/strategy/strategy_game.h"
-#include "net/game_flow.h"
 #include "seams/board_model.h"
 
 namespace brontavia {
 
-class StrategyFlow : public GameFlow {
+class StrategyFlow : public PlacingFlow {
   Q_OBJECT
 
  public:
@@ -30,9 +30,6 @@ class StrategyFlow : public GameFlow {
   [[nodiscard]] const BoardModel& FG1() const { return fg1_; }
   [[nodiscard]] const brontavia::StrategyBoard& StrategyBoard() const { return board_; }
   [[nodiscard]] const brontavia::Army& Army() const { return army_; }
-  [[nodiscard]] bool PlacementMode() const { return placement_mode_; }
-  [[nodiscard]] bool WaitingForOpponent() const { return waiting_for_opponent_; }
-  [[nodiscard]] const PerPlayer<bool>& ReadyFlags() const { return ready_flags_; }
   // Nothing while no piece is selected.
   [[nodiscard]] std::optional<Coordinate> SelectedCell() const {
     return selection_ ? std::optional(selection_->Cell) : std::nullopt;
@@ -64,7 +61,6 @@ class StrategyFlow : public GameFlow {
   void SendArmy();
   void ReceiveArmy(const QString& data);
   void OpponentReady();
-  [[nodiscard]] bool BothReady() const { return ready_flags_ == PerPlayer<bool>{true, true}; }
   void BeginFight();
 
   // ---- Fight ----
@@ -105,9 +101,6 @@ class StrategyFlow : public GameFlow {
   brontavia::StrategyBoard board_;
   brontavia::Army army_;
   BoardModel fg1_;
-  bool placement_mode_ = true;
-  bool waiting_for_opponent_ = false;
-  PerPlayer<bool> ready_flags_;  // never cleared, so that later games begin sooner
   std::optional<Selection> selection_;
 };
 

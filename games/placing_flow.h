@@ -1,0 +1,36 @@
+// What the games share whose players first place their pieces, unseen by each other: how what was placed travels, and
+// who is ready. What is shown and asked meanwhile, and in which order, each game tells itself.
+#pragma once
+
+#include <string_view>
+
+#include "net/game_flow.h"
+#include "text/qt_text.h"
+
+namespace brontavia {
+
+class PlacingFlow : public GameFlow {
+ public:
+  using GameFlow::GameFlow;
+
+  [[nodiscard]] bool PlacementMode() const { return placement_mode_; }
+  [[nodiscard]] bool WaitingForOpponent() const { return waiting_for_opponent_; }
+  [[nodiscard]] const PerPlayer<bool>& ReadyFlags() const { return ready_flags_; }
+
+ protected:
+  // Sends what was placed and, once it has arrived, that the own player is ready. Lets other events be handled
+  // meanwhile. False, and the own player is not ready, when the connection is lost before.
+  bool SendPlaced(std::u16string_view placed) {
+    if (!SendAndWait(message::kPlaced.Token + ToQString(placed))) return false;
+    if (!Send(message::kReady.Token.toString())) return false;
+    ready_flags_[OwnPlayer()] = true;
+    return true;
+  }
+  [[nodiscard]] bool BothReady() const { return ready_flags_ == PerPlayer<bool>{true, true}; }
+
+  bool placement_mode_ = true;
+  bool waiting_for_opponent_ = false;
+  PerPlayer<bool> ready_flags_;
+};
+
+}  // namespace brontavia
