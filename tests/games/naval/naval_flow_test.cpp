@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/bar_pair.h"
+#include "tests/support/held_state.h"
 
 namespace brontavia::test {
 namespace {
@@ -214,6 +215,66 @@ TEST_F(Placing, NothingCanBeClickedWhileTheFleetIsOnItsWay) {
   EXPECT_EQ(Own.Connection.Sent.filter(u"Datos|"_s).size(), 1);
 }
 
+TEST_F(Placing, GoesOnAfterAnOpponentSaysThatHeHasWon) {
+  Own.Dialogs.Expect(u"Ha perdido"_s,
+                     u"Ana ha destruído todos sus barcos.\r\nPulse sobre el tablero para continuar."_s);
+  Own.Connection.Receive(u"Haganado|"_s);
+  Pair.Settle();
+  ASSERT_TRUE(Own.Flow.State().GameOver);
+  Own.Click(u"C1"_s);
+  EXPECT_EQ(Own.Screen.Status, u"posición inicial fijada"_s);
+}
+
+TEST_F(Placing, WaitsOnceTheBoxesHaveBeenAnsweredAndNoLonger) {
+  Own.Dialogs.Expect(box::kNaval, box::kFinished, Button::Yes);
+  Own.Dialogs.Expect({}, box::kWaitForOther, [&] { EXPECT_FALSE(Own.Flow.WaitingForOpponent()); });
+  Own.PlaceFleet();
+  EXPECT_TRUE(Own.Flow.WaitingForOpponent());
+  Pair.Settle();
+  Pair.Client.Dialogs.Expect(box::kNaval, box::kFinished, Button::Yes);
+  Pair.Client.Dialogs.Expect({}, box::kReadyOtherTurn);
+  Own.Dialogs.Expect({}, box::kReadyOwnTurn, [&] { EXPECT_TRUE(Own.Flow.WaitingForOpponent()); });
+  Pair.Client.PlaceFleet();
+  Pair.Settle();
+  EXPECT_FALSE(Own.Flow.WaitingForOpponent());
+}
+
+QString GridsOf(const BarCopy& copy) { return ShownOn(copy.Flow.FG1()) + ShownOn(copy.Flow.FG2()); }
+
+TEST_F(Placing, AFleetThatCannotBeSentIsStillToBeSent) {
+  Own.Dialogs.Expect(box::kNaval, box::kFinished, Button::No);
+  Own.PlaceFleet();
+  Own.Screen.Messages.clear();  // sending takes the log's place
+  Own.Connection.Break();
+  Pair.Settle();
+  const QString before = HeldState(Own);
+  const QString shown = GridsOf(Own);
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    Own.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+    Own.Flow.BoardKeyPressed(Qt::Key_T);
+    EXPECT_EQ(HeldState(Own), before);
+    EXPECT_EQ(GridsOf(Own), shown);
+    EXPECT_TRUE(Own.Flow.PlacementMode());
+    EXPECT_FALSE(Own.Flow.WaitingForOpponent());
+    EXPECT_EQ(Own.Flow.ReadyFlags(), PerPlayer<bool>{});
+  }
+}
+
+TEST_F(Placing, AFleetWhoseReadyMarkCannotBeSentIsStillToBeSent) {
+  Own.Dialogs.Expect(box::kNaval, box::kFinished, Button::No);
+  Own.PlaceFleet();
+  const QString shown = GridsOf(Own);
+  Own.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+  QObject::connect(&Own.Connection, &Connection::SendComplete, &Own.Connection, [&] { Own.Connection.Break(); });
+  Own.Flow.BoardKeyPressed(Qt::Key_T);
+  EXPECT_EQ(Own.Connection.Sent.filter(u"Datos|"_s).size(), 1);
+  EXPECT_TRUE(Own.Connection.Sent.filter(u"Listo|"_s).isEmpty());
+  EXPECT_EQ(GridsOf(Own), shown);
+  EXPECT_TRUE(Own.Flow.PlacementMode());
+  EXPECT_FALSE(Own.Flow.WaitingForOpponent());
+  EXPECT_EQ(Own.Flow.ReadyFlags(), PerPlayer<bool>{});
+}
+
 TEST_F(Placing, AFleetThatCannotBeSentIsToldAndCanBeSentAgain) {
   Own.Connection.HoldSendComplete = true;
   Own.Dialogs.Expect(box::kNaval, box::kFinished, Button::Yes);
@@ -337,6 +398,67 @@ TEST_F(Firing, MovingOverACellTellsWhatWasFiredAtIt) {
   Server.Flow.FG1().SetCurrentCell({3, 2});
   EXPECT_EQ(Server.Screen.Status, u"B3 Impacto"_s);
   EXPECT_EQ(Client.Flow.FG2().Description({3, 2}), u"B3 Acorazado Impacto"_s);
+}
+
+// Of the own shots: what has been fired at, and what is left of the opponent's ships.
+QString ShotsOf(const NavalBoard& board) {
+  QString shots = u"afloat %1"_s.arg(board.EnemyShipsAfloat());
+  for (const Coordinate cell : CellsBetween({1, 1}, {kSeaSide, kSeaSide})) {
+    shots += u' ' + QString::number(board.ShotBoard(cell));
+  }
+  for (int ship = 1 + kEnemyOffset; ship <= kShipsPerFleet + kEnemyOffset; ++ship) {
+    shots += u" %1:%2"_s.arg(board.Ship(ship).IntactCount).arg(static_cast<int>(board.Ship(ship).State));
+    for (const bool intact : board.Ship(ship).Segments) shots += intact ? u'+' : u'-';
+  }
+  return shots;
+}
+
+// A shot of `shooter`, who has lost the connection, leaves everything as it was.
+void ExpectNoShotAt(const QString& cell, BarCopy& shooter) {
+  SCOPED_TRACE(qPrintable(cell));
+  const Coordinate target = CellNamed(cell);
+  shooter.Flow.FG1().SetCurrentCell({.Row = target.Row, .Column = target.Column});
+  const QString before = HeldState(shooter);
+  const QString shots = ShotsOf(shooter.Flow.Board());
+  shooter.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+  shooter.Click(cell);
+  EXPECT_EQ(HeldState(shooter), before);
+  EXPECT_EQ(ShotsOf(shooter.Flow.Board()), shots);
+}
+
+TEST_F(Firing, AShotThatCannotBeSentHasNotHappened) {
+  Shoot(Server, u"A9"_s);
+  Server.Connection.Break();
+  Pair.Settle();
+  ExpectNoShotAt(u"J10"_s, Server);
+  ExpectNoShotAt(u"A9"_s, Server);  // hit before
+  ExpectNoShotAt(u"B3"_s, Server);
+  ExpectNoShotAt(u"B9"_s, Server);  // which would sink
+}
+
+TEST_F(Firing, AWinThatCannotBeSentIsNone) {
+  SinkAllButTheLast(Server);
+  Shoot(Server, u"A9"_s);
+  Server.Connection.Break();
+  Pair.Settle();
+  ExpectNoShotAt(u"B9"_s, Server);
+}
+
+TEST_F(Firing, AResetUnderAnOpenBoxTellsTheCurrentCellToo) {
+  Client.Dialogs.Expect(u"Ha perdido"_s,
+                        u"Ana ha destruído todos sus barcos.\r\nPulse sobre el tablero para continuar."_s);
+  Client.Connection.Receive(u"Haganado|"_s);
+  Pair.Settle();
+  Client.Dialogs.Expect(box::kNaval, box::kRematch, Button::Yes);
+  Client.Click(u"E5"_s);
+  const QString score = u"Marcador actual: \r\nAna  1 : Luis 0\r\nComenzará jugando Ana. Coloque sus barcos."_s;
+  Client.Dialogs.Expect(box::kNaval, box::kRematch, Button::Yes, [&] {
+    Client.Dialogs.Expect(box::kNewGameTitle, score, [&] { EXPECT_EQ(Client.Screen.Status, u"A1 "_s); });
+    Client.Connection.Receive(u"Seguir|Si"_s);
+    Pair.Settle();
+  });
+  Client.Click(u"E5"_s);
+  EXPECT_TRUE(Client.Flow.PlacementMode());
 }
 
 TEST_F(Firing, TheLastSinkingWinsAndBothScoresAgree) {

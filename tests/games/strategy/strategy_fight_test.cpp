@@ -1,6 +1,8 @@
 // StrategyFlow from the first move to another game.
 #include <gtest/gtest.h>
 
+#include "games/cell_name.h"
+#include "tests/support/held_state.h"
 #include "tests/support/strategy_pair.h"
 #include "text/qt_text.h"
 
@@ -191,18 +193,71 @@ TEST_F(Fight, AMoveThatArrivesWhileAnotherIsToldFindsItMade) {
   EXPECT_EQ(Client.At(u"I6"_s), kEmptyLand);
 }
 
-TEST_F(Fight, AMoveThatCannotBeSentIsToldAndKeepsTheTurn) {
+// The cells of the board of `copy`, and what it has selected there.
+QString BoardOf(const StrategyCopy& copy) {
+  const StrategyBoard& board = copy.Flow.StrategyBoard();
+  QString cells;
+  for (int row = board.Variant().Rows; row >= 1; --row) {
+    for (int column = 1; column <= board.Variant().Columns; ++column) {
+      cells += QString::number(board.At({.Column = column, .Row = row})) + u' ';
+    }
+  }
+  const auto selected = copy.Flow.SelectedCell();
+  return cells + u"selected " + (selected ? CellName(*selected) : u"nothing"_s);
+}
+
+// What happens in a copy that has lost its connection leaves everything as it was.
+template <typename Action>
+void ExpectNothingHasHappened(StrategyCopy& copy, const Action& act) {
+  const QString before = HeldState(copy);
+  const QString board = BoardOf(copy);
+  copy.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+  act();
+  EXPECT_EQ(HeldState(copy), before);
+  EXPECT_EQ(BoardOf(copy), board);
+}
+
+TEST_F(Fight, AMoveThatCannotBeSentHasNotHappened) {
   Begin();
   Server.Connection.Break();
   Pair.Settle();
-  Server.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
   Server.Click(u"E4"_s);
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    Server.Flow.FG1().SetCurrentCell(Server.Flow.IndexOf(CellNamed(u"E5"_s)));
+    ExpectNothingHasHappened(Server, [&] { Server.Click(u"E5"_s); });
+    EXPECT_EQ(Server.Flow.SelectedCell(), CellNamed(u"E4"_s));
+  }
+}
+
+TEST_F(Fight, AMoveWhoseConnectionIsLostBeforeItHasArrivedHasNotHappened) {
+  Begin();
+  Server.Click(u"E4"_s);
+  Server.Flow.FG1().SetCurrentCell(Server.Flow.IndexOf(CellNamed(u"E5"_s)));
+  const QString shown = ShownOn(Server.Flow.FG1());
+  const QString board = BoardOf(Server);
+  Server.Connection.HoldSendComplete = true;
+  Server.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+  QMetaObject::invokeMethod(
+      &Server.Connection, [&] { Server.Connection.Break(); }, Qt::QueuedConnection);
   Server.Click(u"E5"_s);
+  EXPECT_EQ(ShownOn(Server.Flow.FG1()), shown);
+  EXPECT_EQ(BoardOf(Server), board);
   EXPECT_EQ(Turn(), Player::Server);
-  EXPECT_EQ(Server.At(u"E4"_s), CodeOf({Player::Server, Rank::Miner}));
-  EXPECT_EQ(Server.Shown(u"E4"_s).Text, u"Minador"_s);
-  EXPECT_EQ(Server.At(u"E5"_s), kEmptyLand);
-  EXPECT_FALSE(Server.Finished);
+}
+
+// Every way in which an attack may end: against whatever stands on J4.
+TEST(Attack, ThatCannotBeSentHasNotHappened) {
+  for (const Rank defender : kArmyRanks) {
+    SCOPED_TRACE(NumberOf(defender));
+    StrategyPair pair(kGameEST);
+    pair.BeginFight(kEstLayout, With(kEstLayout, u"J4"_s, defender));
+    pair.Server.Connection.Break();
+    pair.Settle();
+    pair.Server.Click(u"A4"_s);
+    pair.Server.Flow.FG1().SetCurrentCell(pair.Server.Flow.IndexOf(CellNamed(u"A7"_s)));
+    ExpectNothingHasHappened(pair.Server, [&] { pair.Server.Click(u"A7"_s); });
+    EXPECT_EQ(pair.Server.Flow.SelectedCell(), CellNamed(u"A4"_s));
+  }
 }
 
 // ---- Combat: every pair of ranks, with what both players are told ----
@@ -532,6 +587,16 @@ TEST(Passing, ByTheServerGivesTheClientTheTurn) {
   EXPECT_EQ(pair.Server.Flow.State().CurrentTurn, Player::Client);
   EXPECT_EQ(pair.Client.Flow.State().CurrentTurn, Player::Client);
   EXPECT_EQ(pair.Client.Flow.State().TurnChoices, (PerPlayer<std::int16_t>{.Server = -1, .Client = 3}));
+}
+
+TEST(Passing, ThatCannotBeSentHasNotHappened) {
+  StrategyPair pair(kGameMES);
+  pair.BeginFight(kMesLayout, kMesLayout);
+  LeaveOnlyTheFlag(pair, Player::Server);
+  pair.Server.Connection.Break();
+  pair.Settle();
+  pair.Server.Dialogs.AnswerBox = {};
+  ExpectNothingHasHappened(pair.Server, [&] { pair.Server.Flow.KeyPressed(Qt::Key_Escape); });
 }
 
 TEST(Passing, ByTheClientMakesTheServerDrawAnewSoThatTheTurnsDiffer) {

@@ -1,6 +1,7 @@
 // StrategyFlow until both armies are exchanged.
 #include <gtest/gtest.h>
 
+#include "tests/support/held_state.h"
 #include "tests/support/strategy_pair.h"
 
 namespace brontavia::test {
@@ -308,6 +309,34 @@ TEST_F(Placing, NothingCanBeClickedWhileTheArmyIsOnItsWay) {
       Qt::QueuedConnection);
   Own.Place(kEstLayout);
   EXPECT_EQ(Own.Connection.Sent.filter(u"Datos|"_s).size(), 1);
+}
+
+TEST_F(Placing, AnArmyThatCannotBeSentIsStillToBeSent) {
+  Own.Dialogs.Expect(u"Estratega"_s, box::kPlaced, Button::No);
+  Own.Place(kEstLayout);
+  Own.Connection.Break();
+  Pair.Settle();
+  const QString before = HeldState(Own);
+  for (int attempt = 0; attempt < 2; ++attempt) {
+    Own.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+    Own.Flow.KeyPressed(Qt::Key_Escape);
+    EXPECT_EQ(HeldState(Own), before);
+    EXPECT_TRUE(Own.Flow.PlacementMode());
+    EXPECT_FALSE(Own.Flow.WaitingForOpponent());
+    EXPECT_EQ(Own.Flow.ReadyFlags(), (PerPlayer<bool>{.Server = false, .Client = false}));
+  }
+}
+
+TEST_F(Placing, AnArmyWhoseReadyMarkCannotBeSentIsStillToBeSent) {
+  Own.Dialogs.Expect(u"Estratega"_s, box::kPlaced, Button::Yes);
+  Own.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+  QObject::connect(&Own.Connection, &Connection::SendComplete, &Own.Connection, [&] { Own.Connection.Break(); });
+  Own.Place(kEstLayout);
+  EXPECT_EQ(Own.Connection.Sent.filter(u"Datos|"_s).size(), 1);
+  EXPECT_TRUE(Own.Connection.Sent.filter(u"Listo|"_s).isEmpty());
+  EXPECT_TRUE(Own.Flow.PlacementMode());
+  EXPECT_FALSE(Own.Flow.WaitingForOpponent());
+  EXPECT_EQ(Own.Flow.ReadyFlags(), (PerPlayer<bool>{.Server = false, .Client = false}));
 }
 
 TEST_F(Placing, AnArmyThatCannotBeSentIsToldAndStillPlaced) {

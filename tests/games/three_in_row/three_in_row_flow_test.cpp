@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/held_state.h"
 #include "tests/support/ter_pair.h"
 
 namespace brontavia::test {
@@ -105,6 +106,32 @@ TEST_F(Moving, AMoveIsSentWithBothCells) {
   EXPECT_EQ(Pair.Client.Flow.FG1().Cell({1, 2}).ForeColour, kDefaultColour);
   EXPECT_EQ(Pair.Client.Screen.Status, u"Mueva una ficha del tablero"_s);
   EXPECT_EQ(Pair.Client.Flow.State().CurrentTurn, Player::Client);
+}
+
+TEST_F(Moving, AMoveThatCannotBeSentLeavesThePieceLiftedAndAllElseAsItWas) {
+  Pair.Server.Click(5);
+  Pair.Server.Connection.Break();
+  Pair.Settle();
+  const QString before = HeldState(Pair.Server);
+  for (const int cell : {8, 4}) {
+    Pair.Server.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+    Pair.Server.Click(cell);
+    EXPECT_EQ(HeldState(Pair.Server), before);
+    EXPECT_EQ(Pair.Server.Flow.Board().PosQuitada(), 5);
+    EXPECT_EQ(Pair.Server.Flow.Board().PiecesPlaced(Player::Server), 3);
+    EXPECT_TRUE(Pair.Server.Flow.Board().PlacingPhase());
+  }
+}
+
+TEST_F(ThreeInRow, AWinThatCannotBeSentIsNone) {
+  Pair.Play({0, 4, 1, 8});
+  Pair.Server.Connection.Break();
+  Pair.Settle();
+  const QString before = HeldState(Pair.Server);
+  Pair.Server.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
+  Pair.Server.Click(2);
+  EXPECT_EQ(HeldState(Pair.Server), before);
+  EXPECT_EQ(Pair.Server.Flow.Board().PiecesPlaced(Player::Server), 2);
 }
 
 TEST_F(Moving, AMoveCanWin) {
