@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QTimer>
+#include <chrono>
 
 #include "tests/support/all_windows.h"
 #include "tests/support/ter_pair.h"
@@ -13,6 +15,7 @@ namespace brontavia::test {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 // A window of any game whose session does nothing but remember.
 class BareFlow : public ConnectionFlow {
@@ -36,13 +39,13 @@ class BareFlow : public ConnectionFlow {
 };
 
 struct BareCopy {
-  explicit BareCopy(Role role, const WindowTraits& window = kFormTER)
+  explicit BareCopy(Role role, const WindowTraits& window = kFormTER, std::chrono::milliseconds free_between_boxes = {})
       : Values{.ConnectionPort = 4000, .PlayerRole = role, .RemoteAddress = u"left over"_s},
         Flow(window, {.Connection = Connection,
                       .Dialogs = Dialogs,
                       .Screen = Screen,
                       .Values = Values,
-                      .FreeBetweenBoxes = std::chrono::milliseconds(0)}) {
+                      .FreeBetweenBoxes = free_between_boxes}) {
     QObject::connect(&Flow, &ConnectionFlow::Finished, &Flow, [this](AfterWindow after) { Finished = after; });
   }
 
@@ -56,8 +59,8 @@ struct BareCopy {
 
 // A server and a client of one window, the request not yet made.
 struct BarePair {
-  explicit BarePair(const WindowTraits& window = kFormTER)
-      : Server(Role::Server, window), Client(Role::Client, window) {
+  explicit BarePair(const WindowTraits& window = kFormTER, std::chrono::milliseconds free_between_boxes = {})
+      : Server(Role::Server, window, free_between_boxes), Client(Role::Client, window, free_between_boxes) {
     TestConnection::Join(Server.Connection, Client.Connection);
     Server.Flow.Load();
     Client.Flow.Load();
@@ -284,6 +287,122 @@ TEST(ConnectionFlow, ReadsArriveWhileABoxIsOpenUntilThreeBoxesAre) {
   pair.Settle();
   EXPECT_EQ(deepest, 3);
   EXPECT_EQ(flow.Received.join(QString()), alphabet) << "nothing is lost";
+}
+
+// ---- Boxes that a peer opens one after another ----
+
+// The window's user closes each box as soon as it opens; the time that passes meanwhile is the test's.
+struct Flooded {
+  Flooded() {
+    Pair.Connect();
+    Pair.Client.Flow.OnMessage = [this](const QString&) { Pair.Client.Flow.ShowBox(u"open"_s, u"box"_s); };
+    Pair.Client.Dialogs.AnswerBox = [this](const QString&) {
+      ++Boxes;
+      return Button::Ok;
+    };
+  }
+
+  // Ten texts, each a read of its own.
+  void Flood() {
+    for (int text = 0; text < 10; ++text) {
+      Pair.Client.Connection.Receive(u"Haganado|0"_s);
+      QCoreApplication::processEvents();
+    }
+  }
+
+  BarePair Pair{kFormEST, 1h};
+  int Boxes = 0;
+};
+
+TEST(BoxesOfAPeer, AfterThreeInARowTheRestIsNotReadUntilTheWindowHasBeenFree) {
+  Flooded flooded;
+  flooded.Flood();
+  EXPECT_EQ(flooded.Boxes, 3);
+  EXPECT_EQ(flooded.Pair.Client.Flow.Received.size(), 3);
+}
+
+TEST(BoxesOfAPeer, WhatTheUserDoesBeginsANewRow) {
+  Flooded flooded;
+  flooded.Flood();
+  flooded.Pair.Client.Flow.RunUserAction([] {});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(flooded.Boxes, 4) << "what had come meanwhile is one read";
+}
+
+TEST(BoxesOfAPeer, TheWindowCanBeClosedBetweenThem) {
+  Flooded flooded;
+  flooded.Flood();
+  flooded.Pair.Client.Flow.CloseRequested();
+  EXPECT_EQ(flooded.Pair.Client.Finished, AfterWindow::Selection);
+}
+
+TEST(BoxesOfAPeer, ABoxThatWaitsEndsWithTheWindow) {
+  Flooded flooded;
+  flooded.Pair.Client.Flow.OnMessage = [&](const QString&) {
+    QTimer::singleShot(0, &flooded.Pair.Client.Flow, [&] { flooded.Pair.Client.Flow.CloseRequested(); });
+    for (int box = 0; box < 4; ++box) flooded.Pair.Client.Flow.ShowBox(u"open"_s, u"box"_s);
+    ADD_FAILURE() << "the fourth waits until the window ends";
+  };
+  flooded.Pair.Client.Connection.Receive(u"Haganado|0"_s);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(flooded.Boxes, 3);
+  EXPECT_EQ(flooded.Pair.Client.Finished, AfterWindow::Selection);
+}
+
+TEST(BoxesOfAPeer, TheyGoOnOnceTheWindowHasBeenFree) {
+  BarePair pair(kFormEST, 1ms);
+  pair.Connect();
+  int boxes = 0;
+  pair.Client.Flow.OnMessage = [&](const QString&) {
+    for (int box = 0; box < 5; ++box) pair.Client.Flow.ShowBox(u"open"_s, u"box"_s);
+  };
+  pair.Client.Dialogs.AnswerBox = [&](const QString&) {
+    ++boxes;
+    return Button::Ok;
+  };
+  pair.Client.Connection.Receive(u"Haganado|0"_s);
+  EXPECT_TRUE(Eventually([&] { return boxes == 5; }));
+}
+
+TEST(BoxesOfAPeer, RequestsCountLikeReads) {
+  BarePair pair(kFormEST, 1h);
+  int asked = 0;
+  pair.Server.Dialogs.AnswerBox = [&](const QString&) {
+    ++asked;
+    return Button::Cancel;
+  };
+  for (int request = 0; request < 3; ++request) {
+    pair.Client.Flow.CBConLocalClicked();
+    pair.Settle();
+  }
+  EXPECT_EQ(asked, 3);
+  QTimer::singleShot(0, &pair.Server.Flow, [&] { pair.Server.Flow.CloseRequested(); });
+  pair.Client.Flow.CBConLocalClicked();
+  pair.Settle();
+  EXPECT_EQ(asked, 3) << "the fourth waited, and the window could be closed";
+  EXPECT_EQ(pair.Server.Finished, AfterWindow::Selection);
+}
+
+TEST(BoxesOfAPeer, TheBoxAboutARequesterWhoHasGoneIsPartOfAsking) {
+  BarePair pair;
+  int asked = 0;
+  const QString kGone = u"El otro jugador ya ha cancelado su solicitud de conexión."_s;
+  pair.Server.Dialogs.Expect(box::kRequestTitle, box::kRequest, Button::Ok, [&] { pair.Client.Connection.Close(); });
+  pair.Server.Dialogs.Expect(box::kRequestTitle, kGone, [&] {
+    pair.Client.Flow.CBConLocalClicked();
+    for (int round = 0; round < 5; ++round) QCoreApplication::processEvents();
+    EXPECT_EQ(pair.Server.Flow.Sessions, 0) << "the next request waits until the box is closed";
+    ++asked;
+  });
+  pair.Server.Dialogs.Expect(box::kRequestTitle, box::kRequest, Button::Ok);
+  pair.Client.Flow.CBConLocalClicked();
+  pair.Settle();
+  if (pair.Server.Flow.Sessions == 0) {
+    pair.Client.Flow.CBConLocalClicked();
+    pair.Settle();
+  }
+  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(pair.Server.Flow.Sessions, 1);
 }
 
 TEST(ConnectionFlow, TextsBeforeAndAfterABoxAreTwoReads) {

@@ -13,6 +13,7 @@ const std::array<ShipEnds, kShipsPerFleet> kTestFleet{{{u"A1"_s, u"E1"_s},
                                                        {u"A9"_s, u"B9"_s}}};
 
 void BarCopy::Click(Coordinate cell) {
+  if (Flow.Ended()) return;  // the window has gone
   const CellIndex index{.Row = cell.Row, .Column = cell.Column};
   Flow.FG1().SetCurrentCell(index);
   Flow.BoardClicked(index);

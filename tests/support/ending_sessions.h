@@ -29,7 +29,7 @@ class EndingSession {
 
  public:
   EndingSession(unsigned seed, EndingGame<CopyOfGame> game, const auto&... variant)
-      : game_(std::move(game)), random_(seed), pair_(seed, variant...), victim_(pair_.Copy(AnyPlayer())) {}
+      : game_(std::move(game)), random_(seed), pair_(variant..., seed), victim_(pair_.Copy(AnyPlayer())) {}
 
   // Returns whether the window ended inside something.
   bool Run() {
