@@ -50,6 +50,12 @@ void BoardModel::SetCurrentCell(CellIndex cell) {
   emit CurrentCellChanged(previous, current_);
 }
 
+void BoardModel::SetWaitsForClick(bool waits) {
+  if (waits == waits_for_click_) return;
+  waits_for_click_ = waits;
+  emit WaitsForClickChanged();
+}
+
 bool BoardModel::Holds(CellIndex cell) const {
   return cell.Row >= 0 && cell.Row < shape_.Rows && cell.Column >= 0 && cell.Column < shape_.Columns;
 }

@@ -32,7 +32,16 @@ struct BoardShape {
 };
 
 // What a game marks on a board besides what stands there.
-enum class Mark { Selected = 1, LastMove = 2, Reachable = 4 };
+enum class Mark {
+  Selected = 1,   // picked up
+  LastMove = 2,   // what the opponent did last, or the last shot
+  Reachable = 4,  // the piece picked up may go there
+  FirstEnd = 8,   // where a ship begins that is being placed
+  Lifted = 16,    // a piece has been lifted from there in this move
+  ToFill = 32,    // of the own zone, nothing placed there yet
+  Fight = 64,     // where a fight has just taken place
+  WinningLine = 128
+};
 Q_DECLARE_FLAGS(Marks, Mark)
 Q_DECLARE_OPERATORS_FOR_FLAGS(Marks)
 
@@ -41,6 +50,8 @@ struct CellContent {
   ColourValue ForeColour = kDefaultColour;
   ColourValue BackColour = kDefaultColour;
   brontavia::Marks Marks;
+  // What is drawn there for a person who sees it: a value of the game's own, which its painter knows. 0 for nothing.
+  int Drawing = 0;
   friend bool operator==(const CellContent&, const CellContent&) = default;
 };
 
@@ -71,6 +82,10 @@ class BoardModel : public QAbstractTableModel {
   void SetCurrentCell(CellIndex cell);
 
   // Whether the cell lies on the board, headers included.
+  // Whether the game is over and a click on the board goes on.
+  void SetWaitsForClick(bool waits);
+  [[nodiscard]] bool WaitsForClick() const { return waits_for_click_; }
+
   [[nodiscard]] bool Holds(CellIndex cell) const;
   [[nodiscard]] bool IsHeader(CellIndex cell) const;
   [[nodiscard]] QString Description(CellIndex cell) const { return describe_(cell); }
@@ -78,6 +93,7 @@ class BoardModel : public QAbstractTableModel {
 
  signals:
   void CurrentCellChanged(brontavia::CellIndex previous, brontavia::CellIndex current);
+  void WaitsForClickChanged();
 
  private:
   [[nodiscard]] std::size_t Position(CellIndex cell) const;
@@ -86,6 +102,7 @@ class BoardModel : public QAbstractTableModel {
   Describer describe_;
   std::vector<CellContent> cells_;
   CellIndex current_;
+  bool waits_for_click_ = false;
 };
 
 }  // namespace brontavia

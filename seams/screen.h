@@ -3,6 +3,9 @@
 
 #include <QString>
 
+#include "seams/key_hint.h"
+#include "seams/scoreboard.h"
+
 namespace brontavia {
 
 enum class Frame { FrServidor, FrCliente, FrJuego };
@@ -29,6 +32,12 @@ class Screen {
 
   // TBMensajes: appends a line break and `line`, and selects the line so that the box scrolls to it.
   virtual void AddMessage(const QString& line) = 0;
+
+  // The strip above the board, the line of keys below it, and whose sea the big board of the naval battle shows (the
+  // word and the sign before it; no other game has such a caption).
+  virtual void ShowScoreboard(const Scoreboard& scoreboard) = 0;
+  virtual void ShowKeys(const KeyHints& keys) = 0;
+  virtual void ShowBoardCaption(const QString& caption, PlayerSign owner) = 0;
 
   virtual void Beep() = 0;
 

@@ -111,6 +111,7 @@ void BoardView::paintEvent(QPaintEvent* /*event*/) {
                       .ForeColour = ColourOf(model_.Cell(cell).ForeColour),
                       .BackColour = ColourOf(model_.Cell(cell).BackColour),
                       .Marks = model_.Cell(cell).Marks,
+                      .Drawing = model_.Cell(cell).Drawing,
                       .Current = cell == model_.CurrentCell() && (hasFocus() || !cursor_needs_focus_),
                       .Header = model_.IsHeader(cell),
                       .Palette = palette(),

@@ -16,6 +16,7 @@ struct CellLook {
   QColor ForeColour;  // invalid: the board's default
   QColor BackColour;  // invalid: the board's default
   brontavia::Marks Marks;
+  int Drawing = 0;  // see CellContent
   bool Current = false;
   bool Header = false;
   QPalette Palette;

@@ -59,6 +59,9 @@ class GameWindow : public QWidget, protected Screen {
   void SetText(Box box, const QString& text) override;
   void AppendText(Box box, const QString& text) override;
   void AddMessage(const QString& line) override;
+  void ShowScoreboard(const Scoreboard& /*scoreboard*/) override {}
+  void ShowKeys(const KeyHints& /*keys*/) override {}
+  void ShowBoardCaption(const QString& /*caption*/, PlayerSign /*owner*/) override {}
   void Beep() override;
   void PlaySound(MediaPlayer player, const QString& file) override;
 

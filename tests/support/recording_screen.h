@@ -3,6 +3,7 @@
 
 #include <QMap>
 #include <QStringList>
+#include <optional>
 
 #include "seams/screen.h"
 
@@ -31,6 +32,19 @@ class RecordingScreen : public Screen {
     Messages += u"\r\n" + line;
     Lines << line;
   }
+  void ShowScoreboard(const brontavia::Scoreboard& scoreboard) override {
+    ++Writes;
+    Scoreboard = scoreboard;
+  }
+  void ShowKeys(const KeyHints& keys) override {
+    ++Writes;
+    Keys = keys;
+  }
+  void ShowBoardCaption(const QString& caption, PlayerSign owner) override {
+    ++Writes;
+    BoardCaption = caption;
+    BoardOwner = owner;
+  }
   void Beep() override { ++Beeps; }
   void PlaySound(MediaPlayer player, const QString& file) override {
     ++Writes;
@@ -39,13 +53,17 @@ class RecordingScreen : public Screen {
 
   QString Caption;
   QMap<Frame, bool> Visible;
-  QString Status;      // TBEstado
-  QString Messages;    // TBMensajes
-  QStringList Lines;   // every line ever added
-  QString Ships;       // TBBarcos
-  QString Moves;       // TBJugadas
-  QString Position;    // TBEntorno
-  QString Clocks;      // TBReloj
+  QString Status;     // TBEstado
+  QString Messages;   // TBMensajes
+  QStringList Lines;  // every line ever added
+  QString Ships;      // TBBarcos
+  QString Moves;      // TBJugadas
+  QString Position;   // TBEntorno
+  QString Clocks;     // TBReloj
+  brontavia::Scoreboard Scoreboard;
+  KeyHints Keys;
+  QString BoardCaption;
+  std::optional<PlayerSign> BoardOwner;
   QStringList Sounds;  // player and file of every sound
   int Beeps = 0;
   int Writes = 0;  // everything above but beeps
