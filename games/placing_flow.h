@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string_view>
+#include <utility>
 
 #include "net/game_flow.h"
 #include "text/qt_text.h"
@@ -28,9 +29,31 @@ class PlacingFlow : public GameFlow {
   }
   [[nodiscard]] bool BothReady() const { return ready_flags_ == PerPlayer<bool>{true, true}; }
 
+  // Asks the player to wait for the other; closes itself once both are ready.
+  void ShowWaitingBox(const QString& text) {
+    waiting_box_ = text;
+    ShowBox(text, {});
+  }
+  void CloseWaitingBox() {
+    if (!waiting_box_.isEmpty()) Dismiss(std::exchange(waiting_box_, {}));
+  }
+
+  // Of the strip, while one of the players is still placing: who is ready, and who does what `placing` says.
+  void DescribePlacing(Player player, QStringView placing, ScoreboardSide& side) const {
+    if (session_.GameOver || !session_.TurnSettled || (OwnPlaced() && opponent_placed_)) return;
+    const bool placed = player == OwnPlayer() ? OwnPlaced() : opponent_placed_;
+    side.State = placed ? PlayerState::Ready : PlayerState::Placing;
+    side.StateWord = placed ? QStringLiteral("Listo") : placing.toString();
+  }
+  [[nodiscard]] virtual bool OwnPlaced() const { return !placement_mode_; }
+
+  bool opponent_placed_ = false;  // in this game; unlike the flags below, which a game may never clear
   bool placement_mode_ = true;
   bool waiting_for_opponent_ = false;
   PerPlayer<bool> ready_flags_;
+
+ private:
+  QString waiting_box_;  // its text; empty when there is none
 };
 
 }  // namespace brontavia

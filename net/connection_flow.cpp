@@ -46,7 +46,7 @@ ConnectionFlow::ConnectionFlow(const WindowTraits& window, const Seams& seams)
 }
 
 void ConnectionFlow::Load() {
-  guard_.Run([this] {
+  RunHandler([this] {
     const bool server = seams_.Values.PlayerRole == Role::Server;
     seams_.Values.RemoteAddress.clear();
     own_player_ = server ? Player::Server : Player::Client;
@@ -108,7 +108,7 @@ void ConnectionFlow::CheckAcceptance(const QString& text) {
 // ---- The server accepts ----
 
 void ConnectionFlow::AnswerRequest(int request) {
-  guard_.Run([this, request] {
+  RunHandler([this, request] {
     const QScopedValueRollback by_peer(handling_peers_event_, true);
     const Button answer = ShowBox(u"Se ha recibido una solicitud de conexión. ¿Desea aceptarla?"_s,
                                   u"Solicitud de conexión"_s, Buttons::OkCancel);
@@ -136,7 +136,7 @@ void ConnectionFlow::DataArrived() {
     read_waiting_ = true;
     return;
   }
-  guard_.Run([this] {
+  RunHandler([this] {
     const Counted reading(reads_on_stack_);
     const QScopedValueRollback by_peer(handling_peers_event_, true);
     HandleRead();
@@ -175,6 +175,7 @@ bool ConnectionFlow::SendAndWait(const QString& text) {
   send_complete_ = false;
   const Counted waiting(open_boxes_and_waits_);
   if (!Send(text)) return false;
+  ShowState();
   guard_.WaitUntil([this] { return send_complete_ || ConnectionLost(); });
   if (!send_complete_) TellFailedSend();
   return send_complete_;
@@ -195,6 +196,7 @@ bool ConnectionFlow::SendUntilComplete(const QString& text) {
 template <typename Question>
 auto ConnectionFlow::Nested(const Question& ask) {
   guard_.LeaveIfEnded();
+  ShowState();
   seams_.Connection.Flush();
   const Counted open(open_boxes_and_waits_);
   WaitUntilBoxMayOpen();
@@ -239,10 +241,15 @@ std::optional<int> ConnectionFlow::PopUp(const QString& menu, const QString& tit
   return Nested([&] { return seams_.Dialogs.PopUpMenu(menu, title, items); });
 }
 
+void ConnectionFlow::RunHandler(const std::function<void()>& handler) {
+  guard_.Run(handler);
+  guard_.Run([this] { ShowState(); });
+}
+
 void ConnectionFlow::RunUserAction(const std::function<void()>& handler) {
   if (open_boxes_and_waits_ > 0) return;
   pacing_.UserActed();
-  guard_.Run([&] {
+  RunHandler([&] {
     const QScopedValueRollback by_user(handling_peers_event_, false);
     handler();
   });

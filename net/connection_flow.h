@@ -64,12 +64,21 @@ class ConnectionFlow : public QObject {
   // that has ended; so do the sends below, whose failure opens a box. ----
 
   Button ShowBox(const QString& text, const QString& title, Buttons buttons = Buttons::Ok);
+  // The reason of an open box with `text` has ended: it closes itself, so that what is read last is true.
+  void Dismiss(const QString& text) { seams_.Dialogs.Dismiss(text); }
   QString Ask(const QString& prompt, const QString& title, const QString& proposal = {});
   // The path of the file; empty when cancelled.
   QString AskFileToOpen(const FileQuestion& question);
   QString AskFileToSave(const FileQuestion& question);
   // The index of the chosen item; nothing when the menu was dismissed.
   std::optional<int> PopUp(const QString& menu, const QString& title, const QList<MenuItem>& items);
+
+  // What stands beside texts and boards is to show how things are now: called before anything nests, and after each
+  // handler.
+  virtual void ShowState() {}
+
+  // Runs the handler of an event that is neither the user's nor the connection's.
+  void RunHandler(const std::function<void()>& handler);
 
   // Runs the handler of something that the user did, unless a box or a wait of this window is open: what is under way
   // is finished first. (Boxes are modal, but assistive technology reaches the window behind them.)
@@ -91,7 +100,6 @@ class ConnectionFlow : public QObject {
   // What arrives from now on is not handled although the window still shows a box.
   void StopReading() { reading_ = false; }
 
-  EventGuard& Guard() { return guard_; }
   brontavia::Screen& Screen() { return seams_.Screen; }
 
  private:

@@ -154,6 +154,42 @@ void GameFlow::StartNewGame() {
           u"Nueva partida"_s);
 }
 
+// ---- What stands beside the board ----
+
+ScoreboardSide GameFlow::SideOf(Player player) const {
+  ScoreboardSide side{.Name = session_.PlayerNames.Trimmed(player), .Score = session_.Scores[player]};
+  if (session_.GameOver && !session_.Winner) {
+    side.State = PlayerState::Drew;
+    side.StateWord = u"Tablas"_s;
+  } else if (session_.GameOver && session_.Winner == player) {
+    side.State = PlayerState::Won;
+    side.StateWord = u"Ha ganado"_s;
+  } else if (!session_.GameOver && session_.TurnSettled && session_.CurrentTurn == player) {
+    side.State = PlayerState::ToMove;
+    side.StateWord = MoveWord();
+  }
+  DescribeSide(player, side);
+  return side;
+}
+
+void GameFlow::ShowState() {
+  const Scoreboard scoreboard{.Own = SideOf(OwnPlayer()), .Other = SideOf(OtherPlayer())};
+  if (scoreboard_ != scoreboard) {
+    scoreboard_ = scoreboard;
+    Screen().ShowScoreboard(scoreboard);
+  }
+  KeyHints keys;
+  if (session_.GameOver) {
+    keys = {{.Key = u"Intro"_s, .Use = u"o clic sobre el tablero: continuar"_s}};
+  } else if (session_.TurnSettled) {
+    keys = Keys();
+  }
+  if (keys_ != keys) {
+    keys_ = keys;
+    Screen().ShowKeys(keys);
+  }
+}
+
 void GameFlow::EmptyTexts() {
   Screen().SetText(Box::TBMensajes, {});
   SetStatus({});
@@ -165,6 +201,7 @@ void GameFlow::SetStatus(const QString& text) {
 }
 
 void GameFlow::AddPoint(Player player) {
+  session_.Winner = player;
   std::int16_t& score = session_.Scores[player];
   if (score < std::numeric_limits<std::int16_t>::max()) ++score;
 }

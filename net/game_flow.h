@@ -5,6 +5,7 @@
 #include <QString>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <unordered_map>
 
@@ -27,6 +28,7 @@ struct Session {
   bool TurnSettled = false;  // the session's first turn has been decided; no move before
   PerPlayer<std::int16_t> Scores;
   bool GameOver = false;
+  std::optional<Player> Winner;  // of the last game; nothing after a draw
   PerPlayer<bool> RematchWanted;
 };
 
@@ -56,6 +58,13 @@ class GameFlow : public ConnectionFlow {
   virtual void ResetForNewGame() = 0;
   // The first turn has been decided, reported and, on the server, sent.
   virtual void FirstTurnSettled() {}
+  // The sign of `player`, and what else the strip tells of him than name, score, whose turn it is and who has won.
+  // Nothing that the own player may not know.
+  virtual void DescribeSide(Player player, ScoreboardSide& side) const = 0;
+  // What the player to move does: "Mueve".
+  [[nodiscard]] virtual QString MoveWord() const { return QStringLiteral("Mueve"); }
+  // The keys of the phase that the game is in, while it goes on.
+  [[nodiscard]] virtual KeyHints Keys() const = 0;
 
   // ---- What a game uses ----
 
@@ -68,9 +77,12 @@ class GameFlow : public ConnectionFlow {
   // TBEstado is replaced by `text`, or gains it at its end.
   void SetStatus(const QString& text);
   void AddToStatus(const QString& text) { SetStatus(status_ + text); }
+  // `player` has won.
   void AddPoint(Player player);
   // The board was clicked after the end of a game.
   void AskForRematch();
+
+  void ShowState() override;
 
   // The generator of this window, seeded once.
   RandomDraw& Random() { return random_; }
@@ -78,6 +90,7 @@ class GameFlow : public ConnectionFlow {
   Session session_;
 
  private:
+  [[nodiscard]] ScoreboardSide SideOf(Player player) const;
   void AskName();
   void AskFirstTurn();
   void NameReceived(const QString& name);
@@ -92,6 +105,8 @@ class GameFlow : public ConnectionFlow {
 
   RandomDraw random_;
   QString status_;
+  std::optional<Scoreboard> scoreboard_;  // as it was shown last
+  std::optional<KeyHints> keys_;          // as they were shown last
   std::unordered_map<const Message*, Handler> handlers_;
 };
 

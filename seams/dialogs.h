@@ -47,6 +47,9 @@ class Dialogs : public QObject {
   // other events are handled. Returns the index of the item, or nothing.
   virtual std::optional<int> PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) = 0;
 
+  // Closes the message boxes with `text` that are open, as if by their button.
+  virtual void Dismiss(const QString& text) = 0;
+
   // Closes every box and menu that is open, as if it had been cancelled.
   virtual void CloseAll() = 0;
 

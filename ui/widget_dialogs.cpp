@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -196,6 +197,13 @@ int WidgetDialogs::Run(QDialog& dialog) {
 bool WidgetDialogs::IsShowing() const {
   if (menu_ && menu_->isVisible()) return true;
   return std::any_of(open_.begin(), open_.end(), [](const auto& dialog) { return dialog && dialog->isVisible(); });
+}
+
+void WidgetDialogs::Dismiss(const QString& text) {
+  for (const auto& dialog : QList(open_)) {
+    const auto* box = qobject_cast<QMessageBox*>(dialog);
+    if (box != nullptr && box->text() == ForLabel(text)) box->defaultButton()->click();
+  }
 }
 
 void WidgetDialogs::CloseAll() {

@@ -21,6 +21,7 @@ class WidgetDialogs : public Dialogs {
   QString SaveFile(const FileQuestion& question) override;
   // At the cursor of the widget that has the focus.
   std::optional<int> PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) override;
+  void Dismiss(const QString& text) override;
   void CloseAll() override;
   [[nodiscard]] bool IsShowing() const override;
 

@@ -59,7 +59,7 @@ ChessFlow::ChessFlow(const Seams& seams, const RandomSeed& seed, SecondTimer::No
     RunUserAction([this, current] { SetStatus(DescribeCell(current)); });
   });
   connect(&timer1_, &SecondTimer::Passed, this, [this](int seconds) {
-    Guard().Run([this, seconds] {
+    RunHandler([this, seconds] {
       clocks_.Tick(game_.Position().SideToMove, seconds);
       ShowClocks();
     });
@@ -97,6 +97,14 @@ void ChessFlow::ResetForSession() {
 void ChessFlow::ResetForNewGame() {
   ResetBoard();
   EmptyTexts();
+}
+
+void ChessFlow::DescribeSide(Player player, ScoreboardSide& side) const {
+  side.Sign = player == WhitePlayer() ? PlayerSign::WhiteKing : PlayerSign::BlackKing;
+}
+
+KeyHints ChessFlow::Keys() const {
+  return {{.Key = u"Intro"_s, .Use = u"elige y mueve"_s}, {.Key = u"Esc"_s, .Use = u"suelta la pieza"_s}};
 }
 
 // ---- The own move ----

@@ -54,6 +54,8 @@ class ChessFlow : public GameFlow {
   void LoadGame() override;
   void ResetForSession() override;
   void ResetForNewGame() override;
+  void DescribeSide(Player player, ScoreboardSide& side) const override;
+  [[nodiscard]] KeyHints Keys() const override;
 
  private:
   void ResetBoard();

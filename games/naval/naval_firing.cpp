@@ -26,7 +26,7 @@ QChar StateLetter(ShipState state) {
 
 void NavalFlow::FireShot(Coordinate cell) {
   if (!BothReady() && waiting_for_opponent_) {
-    ShowBox(u"Por favor, Espere a que el otro jugador coloque sus barcos"_s, {});
+    ShowWaitingBox(u"Por favor, Espere a que el otro jugador coloque sus barcos"_s);
     return;
   }
   const NavalBoard before = board_;

@@ -53,7 +53,7 @@ NavalFlow::NavalFlow(const Seams& seams, const RandomSeed& seed)
   On(message::kWon, [this](const QString&) { Lost(); });
   connect(&fg1_, &BoardModel::CurrentCellChanged, this, [this](CellIndex /*previous*/, CellIndex current) {
     // A reset moves it too, and one under an open box tells the same as any other.
-    Guard().Run([this, current] { SetStatus(DescribeCell(current)); });
+    RunHandler([this, current] { SetStatus(DescribeCell(current)); });
   });
 }
 
@@ -73,10 +73,24 @@ void NavalFlow::InitFleet() {
   fg1_.SetCurrentCell({.Row = 1, .Column = 1});
   session_.GameOver = false;
   ready_flags_ = {};
+  opponent_placed_ = false;
   session_.RematchWanted = {};
 }
 
 void NavalFlow::FirstTurnSettled() { ShowBox(u"Coloque sus barcos"_s, {}); }
+
+void NavalFlow::DescribeSide(Player player, ScoreboardSide& side) const {
+  side.Sign = player == Player::Server ? PlayerSign::Pennant : PlayerSign::SwallowTail;
+  DescribePlacing(player, u"Coloca sus barcos", side);
+}
+
+KeyHints NavalFlow::Keys() const {
+  if (!placement_mode_)
+    return {{.Key = u"Intro"_s, .Use = u"dispara"_s}, {.Key = u"Flechas"_s, .Use = u"elegir casilla"_s}};
+  return {{.Key = u"Intro"_s, .Use = u"fija el inicio y el final de un barco"_s},
+          {.Key = u"Esc"_s, .Use = u"borra el inicio"_s},
+          {.Key = u"T"_s, .Use = u"termina"_s}};
+}
 
 // ---- What the user does ----
 
@@ -209,13 +223,14 @@ void NavalFlow::SendFleet() {
   if (BothReady()) {
     BeginFiring();
   } else {
-    ShowBox(u"Espere a que el otro jugador termine de colocar sus barcos "_s, {});
+    ShowWaitingBox(u"Espere a que el otro jugador termine de colocar sus barcos "_s);
     waiting_for_opponent_ = true;
   }
   placement_mode_ = false;
 }
 
 void NavalFlow::BeginFiring() {
+  CloseWaitingBox();
   EmptyTexts();
   ShowBox(u"Ambos jugadores están listos para empezar a disparar, "_s +
               (session_.CurrentTurn == OwnPlayer() ? u" es su turno."_s : u" le toca al otro jugador."_s),
@@ -225,6 +240,7 @@ void NavalFlow::BeginFiring() {
 }
 
 void NavalFlow::OpponentReady() {
+  opponent_placed_ = true;
   ready_flags_[OtherPlayer()] = true;
   if (BothReady()) {
     BeginFiring();

@@ -33,6 +33,10 @@ class NavalFlow : public PlacingFlow {
   void ResetForSession() override { InitFleet(); }
   void ResetForNewGame() override { InitFleet(); }
   void FirstTurnSettled() override;
+  void DescribeSide(Player player, ScoreboardSide& side) const override;
+  [[nodiscard]] QString MoveWord() const override { return QStringLiteral("Dispara"); }
+  [[nodiscard]] KeyHints Keys() const override;
+  [[nodiscard]] bool OwnPlaced() const override { return ready_flags_[OwnPlayer()]; }
 
  private:
   enum class Sound { Water, Hit, Sunk };

@@ -65,6 +65,23 @@ void StrategyFlow::BeginPlacement() {
   SetStatus(u"Coloque su ejército "_s);
 }
 
+void StrategyFlow::DescribeSide(Player player, ScoreboardSide& side) const {
+  side.Sign = player == Player::Server ? PlayerSign::Sun : PlayerSign::Moon;
+  DescribePlacing(player, u"Coloca su ejército", side);
+}
+
+KeyHints StrategyFlow::Keys() const {
+  const KeyHint ranks{.Key = u"F2"_s, .Use = u"rangos"_s};
+  if (!placement_mode_) {
+    return {{.Key = u"Intro"_s, .Use = u"elige y mueve"_s},
+            ranks,
+            {.Key = u"Esc"_s, .Use = u"pasa si nada puede moverse"_s}};
+  }
+  KeyHints keys{{.Key = u"Intro"_s, .Use = u"elige la ficha"_s}, {.Key = u"F3"_s, .Use = u"coloca al azar"_s}, ranks};
+  if (army_.PiecesToPlace() < 1) keys << KeyHint{.Key = u"Esc"_s, .Use = u"termina"_s};
+  return keys;
+}
+
 // ---- What the user does ----
 
 void StrategyFlow::BoardClicked(CellIndex cell) {
@@ -170,10 +187,11 @@ void StrategyFlow::SendArmy() {
   }
   // Before the box: the opponent's army may arrive while it is open.
   waiting_for_opponent_ = true;
-  ShowBox(u"Espere a que el otro jugador termine de colocar su ejército"_s, {});
+  ShowWaitingBox(u"Espere a que el otro jugador termine de colocar su ejército"_s);
 }
 
 void StrategyFlow::BeginFight() {
+  CloseWaitingBox();
   waiting_for_opponent_ = false;
   EmptyTexts();
   ShowBox(u"Ambos jugadores están listos para empezar el combate, "_s +
@@ -182,6 +200,7 @@ void StrategyFlow::BeginFight() {
 }
 
 void StrategyFlow::ReceiveArmy(const QString& data) {
+  opponent_placed_ = true;
   ready_flags_[OtherPlayer()] = true;
   board_.TakeArmy(Characters(data), OtherPlayer());
   DrawBoard();
@@ -194,11 +213,13 @@ void StrategyFlow::ReceiveArmy(const QString& data) {
 }
 
 void StrategyFlow::OpponentReady() {
+  opponent_placed_ = true;
   ready_flags_[OtherPlayer()] = true;
   if (!BothReady()) {
     AddMessage(u"El otro jugador ha terminado de colocar su ejército y está esperando."_s);
     return;
   }
+  CloseWaitingBox();
   EmptyTexts();
   waiting_for_opponent_ = false;
   DrawBoard();

@@ -42,6 +42,8 @@ class StrategyFlow : public PlacingFlow {
   void ResetForSession() override { ResetArmy(); }
   void ResetForNewGame() override;
   void FirstTurnSettled() override;
+  void DescribeSide(Player player, ScoreboardSide& side) const override;
+  [[nodiscard]] KeyHints Keys() const override;
 
  private:
   // The opponent's pieces show as "*" all through the game.

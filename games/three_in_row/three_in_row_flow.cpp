@@ -50,6 +50,14 @@ void ThreeInRowFlow::ResetForNewGame() {
   EmptyTexts();
 }
 
+void ThreeInRowFlow::DescribeSide(Player player, ScoreboardSide& side) const {
+  side.Sign = player == Player::Server ? PlayerSign::X : PlayerSign::O;
+}
+
+KeyHints ThreeInRowFlow::Keys() const {
+  return {{.Key = u"Intro"_s, .Use = board_.PlacingPhase() ? u"coloca la ficha"_s : u"quita la ficha"_s}};
+}
+
 // ---- The own move ----
 
 void ThreeInRowFlow::BoardClicked(CellIndex cell) {

@@ -24,6 +24,8 @@ class ThreeInRowFlow : public GameFlow {
   void LoadGame() override { ShowBoard(); }
   void ResetForSession() override;
   void ResetForNewGame() override;
+  void DescribeSide(Player player, ScoreboardSide& side) const override;
+  [[nodiscard]] KeyHints Keys() const override;
 
  private:
   void ResetBoard();

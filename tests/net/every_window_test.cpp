@@ -25,6 +25,8 @@ class PlainGame : public GameFlow {
  protected:
   void ResetForSession() override {}
   void ResetForNewGame() override { session_.GameOver = false; }
+  void DescribeSide(Player /*player*/, ScoreboardSide& /*side*/) const override {}
+  [[nodiscard]] KeyHints Keys() const override { return {}; }
 };
 
 struct PlainCopy {

@@ -38,13 +38,15 @@ class ScriptedDialogs : public Dialogs {
   // The window is ending.
   std::function<void()> WhenAllClose;
 
-  QStringList Shown;  // titles and texts of all boxes, in order
+  QStringList Dismissed;  // texts of boxes that the window has closed itself
+  QStringList Shown;      // titles and texts of all boxes, in order
 
   Button MessageBox(const QString& text, const QString& title, Buttons buttons) override;
   QString InputBox(const QString& prompt, const QString& title, const QString& proposal) override;
   QString OpenFile(const FileQuestion& question) override { return ChooseFile(question); }
   QString SaveFile(const FileQuestion& question) override { return ChooseFile(question); }
   std::optional<int> PopUpMenu(const QString& name, const QString& title, const QList<MenuItem>& items) override;
+  void Dismiss(const QString& text) override { Dismissed << text; }
   void CloseAll() override;
   [[nodiscard]] bool IsShowing() const override { return open_ > closed_; }
 
