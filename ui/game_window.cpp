@@ -62,6 +62,8 @@ Seams GameWindow::MakeSeams(ProcessValues& values) {
 void GameWindow::Attach(ConnectionFlow& flow, BoardView& board) {
   flow_ = &flow;
   board_ = &board;
+  board_->setObjectName(u"FG1"_s);
+  board_->setAccessibleName(u"Tablero"_s);
   board_column_->insertWidget(0, board_, 1);
   connect(findChild<QPushButton*>(u"CbConectar"_s), &QPushButton::clicked, flow_, &ConnectionFlow::CbConectarClicked);
   connect(findChild<QPushButton*>(u"CBConLocal"_s), &QPushButton::clicked, flow_, &ConnectionFlow::CBConLocalClicked);

@@ -42,7 +42,7 @@ class GameWindow : public QWidget, protected Screen {
   // What the flow of a game stands on.
   Seams MakeSeams(ProcessValues& values);
 
-  // For the constructor of a game, once its flow and board exist. Both are members of the game.
+  // For the constructor of a game, once its flow and board exist. Both are members of the game. The board becomes FG1.
   void Attach(ConnectionFlow& flow, BoardView& board);
 
   // For the constructor of a game with more than the common controls: below the messages.

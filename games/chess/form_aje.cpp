@@ -19,8 +19,6 @@ FormAje::FormAje(ProcessValues& values, std::unique_ptr<Connection> connection)
     : GameWindow(kFormAje, std::move(connection)),
       flow_(MakeSeams(values), SeedOfWindow()),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
-  board_->setObjectName(u"FG1"_s);
-  board_->setAccessibleName(u"Tablero"_s);
   AddTextBox(Box::TBJugadas, u"TBJugadas"_s, u"Jugadas"_s, 1)->SetMinimumLines(kMovesLines);
   TextBox* position = AddTextBox(Box::TBEntorno, u"TBEntorno"_s, u"Posición"_s, 0);
   position->SetMinimumLines(kPositionLines);

@@ -72,8 +72,6 @@ FormBAR::FormBAR(ProcessValues& values, std::unique_ptr<Connection> connection)
       flow_(MakeSeams(values), SeedOfWindow()),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)),
       own_fleet_(std::make_unique<BoardView>(flow_.FG2(), painter_)) {
-  board_->setObjectName(u"FG1"_s);
-  board_->setAccessibleName(u"Tablero"_s);
   own_fleet_->setObjectName(u"FG2"_s);
   own_fleet_->setAccessibleName(u"Flota propia"_s);
   own_fleet_->ShowCursorOnlyWithFocus();  // nothing is chosen there, and it would look like a shot

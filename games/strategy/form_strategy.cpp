@@ -75,8 +75,6 @@ FormStrategy::FormStrategy(const StrategyGame& game, ProcessValues& values, std:
     : GameWindow(game.Window, std::move(connection), TextsAt::Below),
       flow_(game, MakeSeams(values), SeedOfWindow()),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
-  board_->setObjectName(u"FG1"_s);
-  board_->setAccessibleName(u"Tablero"_s);
   connect(board_.get(), &BoardView::CellClicked, &flow_, &StrategyFlow::BoardClicked);
   connect(board_.get(), &BoardView::PointerMoved, &flow_, &StrategyFlow::PointerMoved);
   Attach(flow_, *board_);

@@ -68,8 +68,6 @@ FormTER::FormTER(ProcessValues& values, std::unique_ptr<Connection> connection)
     : GameWindow(kFormTER, std::move(connection)),
       flow_(MakeSeams(values), SeedOfWindow()),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
-  board_->setObjectName(u"FG1"_s);
-  board_->setAccessibleName(u"Tablero"_s);
   connect(board_.get(), &BoardView::CellClicked, &flow_, &ThreeInRowFlow::BoardClicked);
   Attach(flow_, *board_);
   qApp->installEventFilter(this);
