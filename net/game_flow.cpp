@@ -1,5 +1,6 @@
 #include "net/game_flow.h"
 
+#include <algorithm>
 #include <exception>
 #include <limits>
 #include <utility>
@@ -38,9 +39,16 @@ void GameFlow::HandleMessage(const QString& text) {
   }
 }
 
+void GameFlow::CheckHandlers() const {
+  const auto answered = [this](const Message* message) { return handlers_.contains(message); };
+  if (handlers_.size() == Window().Messages.size() && std::ranges::all_of(Window().Messages, answered)) return;
+  throw std::logic_error("the handlers are not those of the window's messages");
+}
+
 // ---- Handshake ----
 
 void GameFlow::StartSession() {
+  CheckHandlers();
   Screen().ShowFrame(Frame::FrJuego, true);
   session_.TurnSettled = false;
   ResetForSession();

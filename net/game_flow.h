@@ -48,7 +48,8 @@ class GameFlow : public ConnectionFlow {
     using std::runtime_error::runtime_error;
   };
 
-  // For the constructor of a game: which handler answers `message`, which the window's traits list.
+  // For the constructor of a game: which handler answers `message`. No session starts unless every message that the
+  // window's traits list has one, and no other message.
   void On(const Message& message, Handler handler);
 
   // ---- What a game adds ----
@@ -91,6 +92,8 @@ class GameFlow : public ConnectionFlow {
 
  private:
   [[nodiscard]] ScoreboardSide SideOf(Player player) const;
+  // Throws std::logic_error when they are not those of the messages that the window lists.
+  void CheckHandlers() const;
   void AskName();
   void AskFirstTurn();
   void NameReceived(const QString& name);

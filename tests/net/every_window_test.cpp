@@ -1,6 +1,10 @@
 // The handshake and the rematch as each of the five windows words them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
 #include "net/game_flow.h"
 #include "tests/support/ter_pair.h"
 
@@ -9,12 +13,23 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// A game without a board.
+using Messages = std::vector<const Message*>;
+
+// What the window understands besides the handshake and the rematch.
+Messages OwnMessagesOf(const WindowTraits& window) {
+  const Messages shared{&message::kName, &message::kTurnChoice, &message::kTurnDecided, &message::kRematchYes,
+                        &message::kRematchNo};
+  Messages own;
+  std::ranges::copy_if(window.Messages, std::back_inserter(own),
+                       [&](const Message* message) { return std::ranges::count(shared, message) == 0; });
+  return own;
+}
+
+// A game without a board, which answers `own` besides the handshake and the rematch.
 class PlainGame : public GameFlow {
  public:
-  PlainGame(const WindowTraits& window, const Seams& seams) : GameFlow(window, seams, 1) {
-    On(message::kWon, [](const QString&) {});
-    On(message::kMove, [](const QString&) {});
+  PlainGame(const WindowTraits& window, const Seams& seams, const Messages& own) : GameFlow(window, seams, 1) {
+    for (const Message* message : own) On(*message, [](const QString&) {});
   }
 
   void ClickAfterTheEnd() {
@@ -30,13 +45,16 @@ class PlainGame : public GameFlow {
 };
 
 struct PlainCopy {
-  PlainCopy(Role role, const WindowTraits& window)
+  PlainCopy(Role role, const WindowTraits& window) : PlainCopy(role, window, OwnMessagesOf(window)) {}
+  PlainCopy(Role role, const WindowTraits& window, const Messages& own)
       : Values{.PlayerRole = role},
-        Flow(window, {.Connection = Connection,
-                      .Dialogs = Dialogs,
-                      .Screen = Screen,
-                      .Values = Values,
-                      .FreeBetweenBoxes = std::chrono::milliseconds(0)}) {}
+        Flow(window,
+             {.Connection = Connection,
+              .Dialogs = Dialogs,
+              .Screen = Screen,
+              .Values = Values,
+              .FreeBetweenBoxes = std::chrono::milliseconds(0)},
+             own) {}
 
   TestConnection Connection;
   ScriptedDialogs Dialogs{u"copy"_s};
@@ -116,6 +134,26 @@ TEST_P(EveryWindow, AsksForAnotherGameAndTellsTheScore) {
   Settle();
   Client.Flow.ClickAfterTheEnd();
   Settle();
+}
+
+TEST_P(EveryWindow, StartsNoSessionUnlessItsHandlersAreThoseOfItsMessages) {
+  const Messages right = OwnMessagesOf(*GetParam().Window);
+  Messages missing = right;
+  missing.pop_back();
+  Messages strange = right;
+  strange.push_back(&message::kAccepted);
+  Messages exchanged = missing;
+  exchanged.push_back(&message::kAccepted);
+  for (const Messages& own : {right, missing, strange, exchanged}) {
+    PlainCopy copy(Role::Client, *GetParam().Window, own);
+    copy.Dialogs.AnswerInput = [](const QString&) { return u"3"_s; };
+    copy.Dialogs.AnswerBox = [](const QString&) { return Button::Ok; };  // nobody is connected
+    copy.Flow.Load();
+    copy.Connection.Receive(QString(u"Solicitud aceptada|" + GetParam().Window->GameCode));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(copy.Screen.Visible[Frame::FrJuego], own == right);
+    EXPECT_EQ(copy.Dialogs.Shown.isEmpty(), own != right);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
