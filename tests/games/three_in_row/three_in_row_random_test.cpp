@@ -26,6 +26,8 @@ void ExpectInStep(const TerPair& pair) {
   ASSERT_EQ(server.Scores, client.Scores);
   ASSERT_EQ(server.GameOver, client.GameOver);
   ASSERT_EQ(server.RematchWanted, client.RematchWanted);
+  ASSERT_EQ(pair.Server.Screen.Scoreboard.Own, pair.Client.Screen.Scoreboard.Other);
+  ASSERT_EQ(pair.Server.Screen.Scoreboard.Other, pair.Client.Screen.Scoreboard.Own);
 }
 
 void AnswerEverything(TerPair& pair) {
