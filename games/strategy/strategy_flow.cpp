@@ -46,6 +46,7 @@ void StrategyFlow::LoadGame() {
 
 void StrategyFlow::ResetForNewGame() {
   ResetArmy();  // the ready flags stay, so that later games begin sooner
+  opponent_placed_ = false;
   session_.GameOver = false;
 }
 
