@@ -224,7 +224,7 @@ TEST_F(Chess, AnEndThatCannotBeSentIsNoEnd) {
     White.Flow.Run(command);
   }
   EXPECT_FALSE(White.Flow.State().GameOver);
-  EXPECT_EQ(White.Flow.State().Scores, (std::array<std::int16_t, 2>{0, 0}));
+  EXPECT_EQ(White.Flow.State().Scores, (PerPlayer<std::int16_t>{0, 0}));
 }
 
 // ---- The end of a game ----
@@ -239,8 +239,8 @@ TEST_F(Chess, MateIsDeclaredByThePlayerWhoseKingIsAttacked) {
   EXPECT_EQ(White.Connection.Sent.last(), u"JMate|"_s);
   for (const AjeCopy* copy : {&White, &Black}) {
     EXPECT_TRUE(copy->Flow.State().GameOver);
-    EXPECT_EQ(copy->Flow.Winner(), 1);
-    EXPECT_EQ(copy->Flow.State().Scores, (std::array<std::int16_t, 2>{0, 1}));
+    EXPECT_EQ(copy->Flow.Winner(), Player::Client);
+    EXPECT_EQ(copy->Flow.State().Scores, (PerPlayer<std::int16_t>{0, 1}));
   }
 }
 
@@ -267,7 +267,7 @@ TEST_F(Chess, AResignationEndsTheGameOnce) {
   Pair.Settle();
   EXPECT_EQ(White.Screen.Moves, u"1. e2-e4 y las negras abandonan.  "_s);
   EXPECT_EQ(Black.Screen.Moves, u"1. e2-e4"_s);
-  EXPECT_EQ(White.Flow.State().Scores, (std::array<std::int16_t, 2>{1, 0}));
+  EXPECT_EQ(White.Flow.State().Scores, (PerPlayer<std::int16_t>{1, 0}));
   EXPECT_EQ(White.Flow.State().Scores, Black.Flow.State().Scores);
   Black.Flow.Run(ChessCommand::MnuOpcAba);
   EXPECT_EQ(Black.Connection.Sent.filter(u"Abandona|"_s).size(), 1);
@@ -291,34 +291,37 @@ TEST_F(Chess, ADrawIsRefused) {
 
 TEST_F(Chess, ADrawAddsHalfAPointRoundedToTheEvenNeighbour) {
   struct Game {
-    int Loser;  // by resignation; -1: a draw
-    std::array<std::int16_t, 2> Scores;
+    std::optional<Player> Loser;  // by resignation; nothing: a draw
+    PerPlayer<std::int16_t> Scores;
   };
   // A game and a draw, in turns: 0 : 0 stays, 1 : 0 becomes 2 : 0, 2 : 1 becomes 2 : 2, 3 : 2 becomes 4 : 2.
-  const std::vector<Game> games{{-1, {0, 0}}, {1, {1, 0}}, {-1, {2, 0}}, {0, {2, 1}},
-                                {-1, {2, 2}}, {1, {3, 2}}, {-1, {4, 2}}};
+  const std::vector<Game> games{{std::nullopt, {0, 0}},   {Player::Client, {1, 0}}, {std::nullopt, {2, 0}},
+                                {Player::Server, {2, 1}}, {std::nullopt, {2, 2}},   {Player::Client, {3, 2}},
+                                {std::nullopt, {4, 2}}};
   for (const Game& game : games) {
-    const int turn = White.Flow.State().CurrentTurn;
-    if (game.Loser == -1) {
-      Pair.Copy(1 - turn).Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::Yes);
-      Pair.Copy(1 - turn).Dialogs.Expect({}, u"La partida termina en tablas, pulse en el tablero para continuar."_s);
+    const Player turn = White.Flow.State().CurrentTurn;
+    if (!game.Loser) {
+      Pair.Copy(OpponentOf(turn)).Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::Yes);
+      Pair.Copy(OpponentOf(turn))
+          .Dialogs.Expect({}, u"La partida termina en tablas, pulse en el tablero para continuar."_s);
       Pair.Copy(turn).Dialogs.Expect({},
                                      u"El otro jugador ha aceptado su propuesta. La partida termina en tablas, "
                                      u"pulse en el tablero para continuar."_s);
       Pair.Copy(turn).Flow.Run(ChessCommand::MnuOpcSol);
     } else {
       if (turn != game.Loser) Pair.Play(u"e2e4"_s);
-      Pair.Copy(game.Loser).Dialogs.Expect({}, box::kGameLost);
-      Pair.Copy(1 - game.Loser)
-          .Dialogs.Expect({}, QString((game.Loser == 0 ? u"Ana"_s : u"Luis"_s) + u" abandona la partida."));
-      Pair.Copy(1 - game.Loser).Dialogs.Expect({}, box::kGameWon);
-      Pair.Copy(game.Loser).Flow.Run(ChessCommand::MnuOpcAba);
+      Pair.Copy(*game.Loser).Dialogs.Expect({}, box::kGameLost);
+      Pair.Copy(OpponentOf(*game.Loser))
+          .Dialogs.Expect({},
+                          QString((game.Loser == Player::Server ? u"Ana"_s : u"Luis"_s) + u" abandona la partida."));
+      Pair.Copy(OpponentOf(*game.Loser)).Dialogs.Expect({}, box::kGameWon);
+      Pair.Copy(*game.Loser).Flow.Run(ChessCommand::MnuOpcAba);
     }
     Pair.Settle();
     for (AjeCopy* copy : {&White, &Black}) {
       EXPECT_EQ(copy->Flow.State().Scores, game.Scores);
-      EXPECT_EQ(copy->Flow.Winner().has_value(), game.Loser != -1);
-      EXPECT_EQ(copy->Screen.Moves.endsWith(u" y los jugadores acuerdan tablas."_s), game.Loser == -1);
+      EXPECT_EQ(copy->Flow.Winner().has_value(), game.Loser.has_value());
+      EXPECT_EQ(copy->Screen.Moves.endsWith(u" y los jugadores acuerdan tablas."_s), !game.Loser);
     }
     for (AjeCopy* copy : {&White, &Black}) {
       copy->Dialogs.AnswerBox = [](const QString&) { return Button::Yes; };

@@ -80,9 +80,9 @@ class RandomChess {
   // Clicks at random, on targets when a piece has some, until a move stands.
   void TakeTurn() {
     AjeCopy& mover = Mover();
-    const int player = mover.Flow.OwnPlayer();
+    const Player player = mover.Flow.OwnPlayer();
     promotion_ = Below(4);
-    if (Below(30) == 0) Pair.Copy(1 - player).Click(AnySquare());  // not his turn
+    if (Below(30) == 0) Pair.Copy(OpponentOf(player)).Click(AnySquare());  // not his turn
     while (mover.Flow.State().CurrentTurn == player) {
       const TargetList& targets = mover.Flow.Game().Targets();
       if (!mover.Flow.Game().HasSelection() || targets.size() == 0 || Below(20) == 0) {

@@ -22,6 +22,12 @@ INSTANTIATE_TEST_SUITE_P(At, WhileAnAnswerIsAwaited, testing::ValuesIn(BusyMomen
 
 enum class Ending { None, Won, Drawn };
 
+struct Turns {
+  Player White;
+  int SideToMove;
+  Player ToMove;
+};
+
 struct Told {
   QString Text;
   std::vector<std::pair<QString, QString>> Boxes;  // title and text
@@ -30,8 +36,8 @@ struct Told {
   QString Line = {};
   Ending End = Ending::None;
   QString ToMoves = {};
-  QString Position = {};                         // that is set up
-  std::optional<std::array<int, 3>> Turns = {};  // player of White, side to move, player to move
+  QString Position = {};  // that is set up
+  std::optional<Turns> Turned = {};
 };
 
 const std::vector<Told> kMessages{
@@ -83,7 +89,7 @@ const std::vector<Told> kMessages{
      .Boxes = {{u"Abrir partida "_s, u"El texto no contiene una posición de ajedrez."_s}}},
     {.Text = u"cargpturnos|1 1 0"_s,
      .Line = u"Posición cargada. Usted juega con  negras. Mueven  negras."_s,
-     .Turns = std::array{1, 1, 0}},
+     .Turned = Turns{Player::Client, kBlack, Player::Server}},
     {.Text = u"cargpturnos|0 7 0"_s},
     {.Text = u"cargpturnos|0 0"_s},
     {.Text = u"modolibre|modolibre|"_s, .Boxes = {{{}, u"Luis ha activado el modo libre."_s}}},
@@ -99,7 +105,7 @@ std::int16_t WithHalfPoint(std::int16_t score) { return static_cast<std::int16_t
 void ExpectDone(Ana& ana, const Told& told) {
   AjeCopy& copy = ana.Copy;
   const Session before = copy.Flow.State();
-  const std::optional<int> winner = copy.Flow.Winner();
+  const std::optional<Player> winner = copy.Flow.Winner();
   ChessPosition position = copy.Flow.Game().Position();
   const QString moves = copy.Screen.Moves;
   const qsizetype sent = copy.Connection.Sent.size();
@@ -122,17 +128,17 @@ void ExpectDone(Ana& ana, const Told& told) {
   EXPECT_TRUE(copy.Screen.Lines.last() == told.Line || told.Line.isEmpty()) << qPrintable(copy.Screen.Lines.last());
   const Session& after = copy.Flow.State();
   auto scores = before.Scores;
-  if (told.End == Ending::Won) ++scores[0];
-  if (told.End == Ending::Drawn) scores = {WithHalfPoint(scores[0]), WithHalfPoint(scores[1])};
+  if (told.End == Ending::Won) ++scores.Server;
+  if (told.End == Ending::Drawn) scores = {WithHalfPoint(scores.Server), WithHalfPoint(scores.Client)};
   EXPECT_EQ(after.Scores, scores);
   EXPECT_EQ(after.GameOver, before.GameOver || told.End != Ending::None);
   if (told.End == Ending::None) {
     EXPECT_EQ(copy.Flow.Winner(), winner);
   } else {
-    EXPECT_EQ(copy.Flow.Winner(), told.End == Ending::Won ? std::optional(0) : std::nullopt);
+    EXPECT_EQ(copy.Flow.Winner(), told.End == Ending::Won ? std::optional(Player::Server) : std::nullopt);
   }
   const auto [white, side, turn] =
-      told.Turns.value_or(std::array{before.StartingPlayer, position.SideToMove, before.CurrentTurn});
+      told.Turned.value_or(Turns{before.StartingPlayer, position.SideToMove, before.CurrentTurn});
   EXPECT_EQ(after.StartingPlayer, white);
   EXPECT_EQ(after.CurrentTurn, turn);
   position.SideToMove = side;
