@@ -8,19 +8,19 @@
 namespace brontavia {
 
 enum class ChessCommand {
-  MnuArcAbr,
-  MnuArcGua,
-  MnuArcGuc,
-  MnuOpcJaq,
-  MnuOpcAba,
-  MnuOpcSol,
-  MnuOpcLib,
-  MnuOpcPar,
-  MnuOpcEti,
-  MnuOpcVac,
-  MnuOpcEst,
-  MnuOpcApr,
-  MnuOpcGir
+  OpenGame,
+  Save,
+  SaveAs,
+  DeclareMate,
+  Resign,
+  OfferDraw,
+  LearningMode,
+  TurnBoard,
+  FreeMode,
+  ToggleClocks,
+  SetClocks,
+  EmptyBoard,
+  SetData
 };
 
 struct ChessMenuEntry {
@@ -37,26 +37,28 @@ struct ChessMenu {
   std::span<const ChessMenuEntry> Entries;
 };
 
-inline constexpr std::array<ChessMenuEntry, 3> kFileMenu{{
-    {ChessCommand::MnuArcAbr, u"MnuArcAbr", u"&Abrir Partida..."},
-    {ChessCommand::MnuArcGua, u"MnuArcGua", u"&Guardar partida"},
-    {ChessCommand::MnuArcGuc, u"MnuArcGuc", u"Guardar partida como... "},
-}};
+inline constexpr std::array kFileMenu{
+    ChessMenuEntry{ChessCommand::OpenGame, u"MnuArcAbr", u"&Abrir Partida..."},
+    ChessMenuEntry{ChessCommand::Save, u"MnuArcGua", u"&Guardar partida"},
+    ChessMenuEntry{ChessCommand::SaveAs, u"MnuArcGuc", u"Guardar partida como... "},
+};
 
-inline constexpr std::array<ChessMenuEntry, 10> kOptionsMenu{{
-    {ChessCommand::MnuOpcJaq, u"MnuOpcJaq", u"&Jaque mate"},
-    {ChessCommand::MnuOpcAba, u"MnuOpcAba", u"&Abandonar"},
-    {ChessCommand::MnuOpcSol, u"MnuOpcSol", u"&Solicitar tablas"},
-    {ChessCommand::MnuOpcApr, u"MnuOpcApr", u"&Modo aprendizaje", false, true},
-    {ChessCommand::MnuOpcGir, u"MnuOpcGir", u"&Girar tablero", false, true},
-    {ChessCommand::MnuOpcLib, u"MnuOpcLib", u"&Modo Libre", false, true},
-    {ChessCommand::MnuOpcPar, u"MnuOpcPar", u"&Parar / encender relojes", true},
-    {ChessCommand::MnuOpcEti, u"MnuOpcEti", u"&Establecer tiempos", true},
-    {ChessCommand::MnuOpcVac, u"MnuOpcVac", u"&Vaciar tablero", true},
-    {ChessCommand::MnuOpcEst, u"MnuOpcEst", u"&Establecer datos", true},
-}};
+inline constexpr std::array kOptionsMenu{
+    ChessMenuEntry{ChessCommand::DeclareMate, u"MnuOpcJaq", u"&Jaque mate"},
+    ChessMenuEntry{ChessCommand::Resign, u"MnuOpcAba", u"&Abandonar"},
+    ChessMenuEntry{ChessCommand::OfferDraw, u"MnuOpcSol", u"&Solicitar tablas"},
+    ChessMenuEntry{ChessCommand::LearningMode, u"MnuOpcApr", u"&Modo aprendizaje", false, true},
+    ChessMenuEntry{ChessCommand::TurnBoard, u"MnuOpcGir", u"&Girar tablero", false, true},
+    ChessMenuEntry{ChessCommand::FreeMode, u"MnuOpcLib", u"&Modo Libre", false, true},
+    ChessMenuEntry{ChessCommand::ToggleClocks, u"MnuOpcPar", u"&Parar / encender relojes", true},
+    ChessMenuEntry{ChessCommand::SetClocks, u"MnuOpcEti", u"&Establecer tiempos", true},
+    ChessMenuEntry{ChessCommand::EmptyBoard, u"MnuOpcVac", u"&Vaciar tablero", true},
+    ChessMenuEntry{ChessCommand::SetData, u"MnuOpcEst", u"&Establecer datos", true},
+};
 
-inline constexpr std::array<ChessMenu, 2> kChessMenus{
-    {{u"MnuArc", u"&Archivo", kFileMenu}, {u"MnuOpc", u"&Opciones", kOptionsMenu}}};
+inline constexpr std::array kChessMenus{
+    ChessMenu{u"MnuArc", u"&Archivo", kFileMenu},
+    ChessMenu{u"MnuOpc", u"&Opciones", kOptionsMenu},
+};
 
 }  // namespace brontavia

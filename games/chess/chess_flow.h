@@ -47,7 +47,7 @@ class ChessFlow : public GameFlow {
   [[nodiscard]] CellIndex IndexOf(Coordinate square) const;
 
  signals:
-  // IsAvailable or IsChecked of some entry may have changed.
+  // IsAvailable or IsChecked of some entry has changed.
   void CommandsChanged();
 
  protected:

@@ -10,41 +10,40 @@ using namespace Qt::StringLiterals;
 void ChessFlow::Run(ChessCommand command) {
   RunUserAction([this, command] {
     switch (command) {
-      case ChessCommand::MnuArcAbr:
+      case ChessCommand::OpenGame:
         return OpenGame();
-      case ChessCommand::MnuArcGua:
+      case ChessCommand::Save:
         return Save();
-      case ChessCommand::MnuArcGuc:
+      case ChessCommand::SaveAs:
         return SaveAs();
-      case ChessCommand::MnuOpcJaq:
+      case ChessCommand::DeclareMate:
         return DeclareMate();
-      case ChessCommand::MnuOpcAba:
+      case ChessCommand::Resign:
         return Resign();
-      case ChessCommand::MnuOpcSol:
+      case ChessCommand::OfferDraw:
         return OfferDraw();
-      case ChessCommand::MnuOpcLib:
+      case ChessCommand::FreeMode:
         return ToggleFreeMode();
-      case ChessCommand::MnuOpcPar:
+      case ChessCommand::ToggleClocks:
         return ToggleClocks();
-      case ChessCommand::MnuOpcEti:
+      case ChessCommand::SetClocks:
         return SetClocks();
-      case ChessCommand::MnuOpcVac:
+      case ChessCommand::EmptyBoard:
         return EmptyBoard();
-      case ChessCommand::MnuOpcEst:
+      case ChessCommand::SetData:
         return SetData();
-      case ChessCommand::MnuOpcApr:
+      case ChessCommand::LearningMode:
         return ToggleLearningMode();
-      case ChessCommand::MnuOpcGir:
+      case ChessCommand::TurnBoard:
         return TurnBoard();
     }
   });
-  // The menu may have shown a choice that has been taken back.
-  emit CommandsChanged();
 }
 
 bool ChessFlow::IsChecked(ChessCommand command) const {
-  return (command == ChessCommand::MnuOpcLib && free_mode_) || (command == ChessCommand::MnuOpcApr && learning_mode_) ||
-         (command == ChessCommand::MnuOpcGir && board_flipped_);
+  return (command == ChessCommand::FreeMode && free_mode_) ||
+         (command == ChessCommand::LearningMode && learning_mode_) ||
+         (command == ChessCommand::TurnBoard && board_flipped_);
 }
 
 // ---- Clocks ----
@@ -97,11 +96,13 @@ void ChessFlow::ToggleFreeMode() {
 
 void ChessFlow::ToggleLearningMode() {
   learning_mode_ = !learning_mode_;
+  emit CommandsChanged();
   DrawBoard();
 }
 
 void ChessFlow::TurnBoard() {
   board_flipped_ = !board_flipped_;
+  emit CommandsChanged();
   ShowHeaders();
   DrawBoard();
 }

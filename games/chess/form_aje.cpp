@@ -47,7 +47,10 @@ void FormAje::AddCommand(QMenu& menu, const ChessMenuEntry& entry) {
   };
   show();
   connect(&flow_, &ChessFlow::CommandsChanged, action, show);
-  connect(action, &QAction::triggered, &flow_, [this, &entry] { flow_.Run(entry.Command); });
+  connect(action, &QAction::triggered, &flow_, [this, show, &entry] {
+    show();  // a checkable action has switched itself; only the flow's state counts
+    flow_.Run(entry.Command);
+  });
 }
 
 }  // namespace brontavia

@@ -83,28 +83,28 @@ TEST_F(ChessFiles, TheFirstSaveAsksForAFileLaterOnesDoNot) {
   const QString proposed = InFolder(Proposal(u"Ana-Luis"_s));
   const QString chosen = InFolder(u"mía.fen"_s);
   White.Dialogs.ExpectFile(ToSave(proposed), chosen);
-  White.Flow.Run(ChessCommand::MnuArcGua);
+  White.Flow.Run(ChessCommand::Save);
   EXPECT_EQ(Written(chosen), kStartLine.toLatin1() + "\r\n");
   Pair.Play(u"e2e4"_s);
-  White.Flow.Run(ChessCommand::MnuArcGua);
+  White.Flow.Run(ChessCommand::Save);
   EXPECT_EQ(Written(chosen), "tcadract/pppppppp/8/8/4P3/8/PPPP1PPP/TCADRACT/N RDrd e6 0 1\r\n");
   White.Dialogs.ExpectFile(ToSave(chosen), QString());
-  White.Flow.Run(ChessCommand::MnuArcGuc);
+  White.Flow.Run(ChessCommand::SaveAs);
   Black.Dialogs.ExpectFile(ToSave(proposed), QString());
-  Black.Flow.Run(ChessCommand::MnuArcGua);
+  Black.Flow.Run(ChessCommand::Save);
   EXPECT_FALSE(QFile::exists(proposed)) << "cancelled";
 }
 
 TEST_F(ChessFiles, AFolderThatIsMissingGivesWayToTheDocuments) {
   qputenv("userProfile", "/nowhere");
   White.Dialogs.ExpectFile(ToOpen(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)), QString());
-  White.Flow.Run(ChessCommand::MnuArcAbr);
+  White.Flow.Run(ChessCommand::OpenGame);
   EXPECT_TRUE(White.Connection.Sent.filter(u"cargpartida|"_s).isEmpty());
 }
 
 TEST_F(ChessFiles, AFailedSaveLeavesTheOldFileAndSaysNothing) {
   White.Dialogs.ExpectFile(ToSave(InFolder(Proposal(u"Ana-Luis"_s))), u"/nowhere/at all.fen"_s);
-  White.Flow.Run(ChessCommand::MnuArcGuc);
+  White.Flow.Run(ChessCommand::SaveAs);
   EXPECT_FALSE(QFile::exists(u"/nowhere/at all.fen"_s));
 }
 
@@ -120,7 +120,7 @@ TEST(ChessFileNames, HoldNoCharacterThatAFileNameCannot) {
        .Filter = kFilter,
        .Path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + u'/' + name},
       QString());
-  pair.Server.Flow.Run(ChessCommand::MnuArcGuc);
+  pair.Server.Flow.Run(ChessCommand::SaveAs);
 }
 
 // ---- Going on together. Nobody thinks here, so the answer comes while the offer is still on its way. ----
@@ -133,7 +133,7 @@ TEST_F(ChessFiles, ASavedPositionIsResumedByBoth) {
   for (const QString& nonsense : {QString(), u"0"_s, u"3"_s}) ExpectColours(nonsense);
   ExpectColours(u"2"_s);
   ExpectOffer(u"alt.fen"_s);
-  White.Flow.Run(ChessCommand::MnuArcAbr);
+  White.Flow.Run(ChessCommand::OpenGame);
   Pair.Settle();
   EXPECT_EQ(Black.Connection.Sent.last(), u"cargpsi|"_s);
   const QStringList& sent = White.Connection.Sent;
@@ -161,7 +161,7 @@ TEST_F(ChessFiles, TheRequesterWhoTakesWhiteMovesFirst) {
   ExpectQuestion(u"w.fen"_s, Button::Yes);
   ExpectColours(u"1"_s);
   ExpectOffer(u"w.fen"_s);
-  White.Flow.Run(ChessCommand::MnuArcAbr);
+  White.Flow.Run(ChessCommand::OpenGame);
   Pair.Settle();
   EXPECT_EQ(White.Connection.Sent.last(), u"cargpturnos|0 0 0"_s);
   EXPECT_EQ(Black.Screen.Lines.last(), u"Posición cargada. Usted juega con  negras. Mueven  blancas."_s);
@@ -175,7 +175,7 @@ TEST_F(ChessFiles, ARefusalKeepsTheGame) {
   White.Dialogs.Expect(
       {}, u"Luis rechazó la solicitud de jugar la partida guardada en el disco. Continúa la partida actual."_s);
   ExpectOffer(u"w.fen"_s);
-  White.Flow.Run(ChessCommand::MnuArcAbr);
+  White.Flow.Run(ChessCommand::OpenGame);
   Pair.Settle();
   EXPECT_EQ(Black.Connection.Sent.last(), u"cargpno|"_s);
   EXPECT_EQ(White.Flow.Game().Position(), StartPosition());
@@ -194,7 +194,7 @@ TEST_F(ChessFiles, AFileWithoutAPositionIsRefusedBeforeAnythingIsSent) {
     White.Dialogs.ExpectFile(ToOpen(proposed), InFolder(u"bad.fen"_s));
     proposed = InFolder(u"bad.fen"_s);
     White.Dialogs.Expect(u"Abrir partida "_s, kNoPosition);
-    White.Flow.Run(ChessCommand::MnuArcAbr);
+    White.Flow.Run(ChessCommand::OpenGame);
   }
   EXPECT_EQ(White.Flow.Game().Position(), StartPosition());
   EXPECT_TRUE(White.Connection.Sent.filter(u"cargpartida|"_s).isEmpty());
@@ -206,13 +206,13 @@ TEST_F(ChessFiles, AFileNeedsNoLineBreakAtItsEnd) {
   White.Dialogs.Expect(
       {}, u"Luis rechazó la solicitud de jugar la partida guardada en el disco. Continúa la partida actual."_s);
   ExpectOffer(u"open.fen"_s);
-  White.Flow.Run(ChessCommand::MnuArcAbr);
+  White.Flow.Run(ChessCommand::OpenGame);
   Pair.Settle();
 }
 
 TEST_F(ChessFiles, AFileThatCannotBeOpenedStopsTheCommand) {
   White.Dialogs.ExpectFile(ToOpen(Folder()), InFolder(u"missing.fen"_s));
-  White.Flow.Run(ChessCommand::MnuArcAbr);
+  White.Flow.Run(ChessCommand::OpenGame);
   EXPECT_TRUE(White.Connection.Sent.filter(u"cargpartida|"_s).isEmpty());
 }
 
@@ -221,7 +221,7 @@ TEST_F(ChessFiles, FilesOfOtherProgramsAreUnderstood) {
   ExpectQuestion(u"std.fen"_s, Button::Yes);
   ExpectColours(u"1"_s);
   ExpectOffer(u"std.fen"_s);
-  White.Flow.Run(ChessCommand::MnuArcAbr);
+  White.Flow.Run(ChessCommand::OpenGame);
   Pair.Settle();
   for (const AjeCopy* copy : {&White, &Black}) {
     EXPECT_EQ(copy->Flow.Game().Position().SideToMove, kBlack);

@@ -124,7 +124,7 @@ TEST_F(Chess, APromotionAsksOnBothSides) {
     EXPECT_EQ(White.Screen.Status, u"Indique por qué ficha desea sustituir el peón promocionado"_s);
     EXPECT_EQ(White.Shown(u"b8"_s).Text, u"P"_s);
     White.Click(u"h2"_s);
-    White.Flow.Run(ChessCommand::MnuOpcAba);
+    White.Flow.Run(ChessCommand::Resign);
     EXPECT_FALSE(White.Flow.Game().HasSelection()) << "the choice comes first";
   });
   Black.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Dama"_s);
@@ -219,7 +219,7 @@ TEST_F(Chess, AnEndThatCannotBeSentIsNoEnd) {
   Pair.Play(u"f2f3 e7e5 g2g4 d8h4"_s);
   White.Connection.Break();
   Pair.Settle();
-  for (const ChessCommand command : {ChessCommand::MnuOpcJaq, ChessCommand::MnuOpcAba, ChessCommand::MnuOpcSol}) {
+  for (const ChessCommand command : {ChessCommand::DeclareMate, ChessCommand::Resign, ChessCommand::OfferDraw}) {
     White.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
     White.Flow.Run(command);
   }
@@ -234,7 +234,7 @@ TEST_F(Chess, MateIsDeclaredByThePlayerWhoseKingIsAttacked) {
   White.Dialogs.Expect({}, box::kGameLost);
   Black.Dialogs.Expect({}, u"Ana se ha declarado en jaque mate."_s);
   Black.Dialogs.Expect({}, box::kGameWon);
-  White.Flow.Run(ChessCommand::MnuOpcJaq);
+  White.Flow.Run(ChessCommand::DeclareMate);
   Pair.Settle();
   EXPECT_EQ(White.Connection.Sent.last(), u"JMate|"_s);
   for (const AjeCopy* copy : {&White, &Black}) {
@@ -246,8 +246,8 @@ TEST_F(Chess, MateIsDeclaredByThePlayerWhoseKingIsAttacked) {
 
 TEST_F(Chess, MateIsRefusedWithoutCheckAndOutOfTurn) {
   White.Dialogs.Expect({}, u"Su rey no está en jaque, por lo que no puede ser jaque mate. "_s);
-  White.Flow.Run(ChessCommand::MnuOpcJaq);
-  for (const ChessCommand command : {ChessCommand::MnuOpcJaq, ChessCommand::MnuOpcAba, ChessCommand::MnuOpcSol}) {
+  White.Flow.Run(ChessCommand::DeclareMate);
+  for (const ChessCommand command : {ChessCommand::DeclareMate, ChessCommand::Resign, ChessCommand::OfferDraw}) {
     Black.Dialogs.Expect({}, box::kNotYourTurn);
     Black.Flow.Run(command);
   }
@@ -263,13 +263,13 @@ TEST_F(Chess, AResignationEndsTheGameOnce) {
   Black.Dialogs.Expect({}, box::kGameLost);
   White.Dialogs.Expect({}, u"Luis abandona la partida."_s);
   White.Dialogs.Expect({}, box::kGameWon);
-  Black.Flow.Run(ChessCommand::MnuOpcAba);
+  Black.Flow.Run(ChessCommand::Resign);
   Pair.Settle();
   EXPECT_EQ(White.Screen.Moves, u"1. e2-e4 y las negras abandonan.  "_s);
   EXPECT_EQ(Black.Screen.Moves, u"1. e2-e4"_s);
   EXPECT_EQ(White.Flow.State().Scores, (PerPlayer<std::int16_t>{1, 0}));
   EXPECT_EQ(White.Flow.State().Scores, Black.Flow.State().Scores);
-  Black.Flow.Run(ChessCommand::MnuOpcAba);
+  Black.Flow.Run(ChessCommand::Resign);
   EXPECT_EQ(Black.Connection.Sent.filter(u"Abandona|"_s).size(), 1);
 }
 
@@ -279,7 +279,7 @@ const QString kDrawTitle = u"Brontavia - ajedrez"_s;
 TEST_F(Chess, ADrawIsRefused) {
   Black.Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::No);
   White.Dialogs.Expect({}, u"El otro jugador no ha aceptado su propuesta. Realice su siguiente movimiento."_s);
-  White.Flow.Run(ChessCommand::MnuOpcSol);
+  White.Flow.Run(ChessCommand::OfferDraw);
   EXPECT_EQ(White.Screen.Lines.last(),
             u"Ha solicitado al otro jugador que la partida termine en tablas. Por favor, espere a que él responda "
             u"antes de realizar cualquier otra acción."_s);
@@ -307,7 +307,7 @@ TEST_F(Chess, ADrawAddsHalfAPointRoundedToTheEvenNeighbour) {
       Pair.Copy(turn).Dialogs.Expect({},
                                      u"El otro jugador ha aceptado su propuesta. La partida termina en tablas, "
                                      u"pulse en el tablero para continuar."_s);
-      Pair.Copy(turn).Flow.Run(ChessCommand::MnuOpcSol);
+      Pair.Copy(turn).Flow.Run(ChessCommand::OfferDraw);
     } else {
       if (turn != game.Loser) Pair.Play(u"e2e4"_s);
       Pair.Copy(*game.Loser).Dialogs.Expect({}, box::kGameLost);
@@ -315,7 +315,7 @@ TEST_F(Chess, ADrawAddsHalfAPointRoundedToTheEvenNeighbour) {
           .Dialogs.Expect({},
                           QString((game.Loser == Player::Server ? u"Ana"_s : u"Luis"_s) + u" abandona la partida."));
       Pair.Copy(OpponentOf(*game.Loser)).Dialogs.Expect({}, box::kGameWon);
-      Pair.Copy(*game.Loser).Flow.Run(ChessCommand::MnuOpcAba);
+      Pair.Copy(*game.Loser).Flow.Run(ChessCommand::Resign);
     }
     Pair.Settle();
     for (AjeCopy* copy : {&White, &Black}) {
@@ -337,7 +337,7 @@ TEST_F(Chess, ARematchChangesColoursAndClearsAllTexts) {
   Black.Dialogs.Expect({}, box::kGameLost);
   White.Dialogs.Expect({}, u"Luis abandona la partida."_s);
   White.Dialogs.Expect({}, box::kGameWon);
-  Black.Flow.Run(ChessCommand::MnuOpcAba);
+  Black.Flow.Run(ChessCommand::Resign);
   Pair.Settle();
   const QString score = u"Marcador actual: \r\nAna  1 : Luis 0\r\nComienza jugando Luis."_s;
   for (AjeCopy* copy : {&White, &Black}) {

@@ -99,9 +99,9 @@ class RandomChess {
     AjeCopy& mover = Mover();
     const ChessPosition& position = mover.Flow.Game().Position();
     if (IsKingAttacked(position, position.SideToMove)) {
-      mover.Flow.Run(ChessCommand::MnuOpcJaq);
+      mover.Flow.Run(ChessCommand::DeclareMate);
     } else {
-      mover.Flow.Run(Below(2) == 0 ? ChessCommand::MnuOpcAba : ChessCommand::MnuOpcSol);
+      mover.Flow.Run(Below(2) == 0 ? ChessCommand::Resign : ChessCommand::OfferDraw);
     }
     Pair.Settle();
   }

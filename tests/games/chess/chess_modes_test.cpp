@@ -17,7 +17,7 @@ class ChessModes : public testing::Test {
   void FreeMode() {
     White.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::Yes);
     Black.Dialogs.Expect({}, u"Ana ha activado el modo libre."_s);
-    White.Flow.Run(ChessCommand::MnuOpcLib);
+    White.Flow.Run(ChessCommand::FreeMode);
     Pair.Settle();
   }
   [[nodiscard]] static bool Available(const AjeCopy& copy, ChessCommand command) {
@@ -76,7 +76,7 @@ TEST_F(ChessModes, ABusyWindowLosesNoSecondAndGivesItToTheMover) {
 TEST_F(ChessModes, AStopLastsUntilWhitesNextMove) {
   FreeMode();
   Pair.Play(u"e2e4"_s);
-  White.Flow.Run(ChessCommand::MnuOpcPar);
+  White.Flow.Run(ChessCommand::ToggleClocks);
   EXPECT_EQ(White.Screen.Status, u"Relojes  parados."_s);
   Pair.Play(u"e7e5"_s);
   White.Flow.Pass(seconds(9));
@@ -84,50 +84,60 @@ TEST_F(ChessModes, AStopLastsUntilWhitesNextMove) {
   Pair.Play(u"d2d4"_s);
   White.Flow.Pass(seconds(2));
   EXPECT_EQ(White.Screen.Clocks, u"00:00 / 00:02"_s);
-  White.Flow.Run(ChessCommand::MnuOpcPar);
-  White.Flow.Run(ChessCommand::MnuOpcPar);
+  White.Flow.Run(ChessCommand::ToggleClocks);
+  White.Flow.Run(ChessCommand::ToggleClocks);
   EXPECT_EQ(White.Screen.Status, u"Relojes  activados."_s);
 }
 
 TEST_F(ChessModes, TimesAreSetWhenBothAnswersAreValid) {
   FreeMode();
   SetTimes(u"1:05"_s, u"0:0"_s, u"60:00"_s, u"0:0"_s);
-  White.Flow.Run(ChessCommand::MnuOpcEti);
+  White.Flow.Run(ChessCommand::SetClocks);
   EXPECT_EQ(White.Screen.Clocks, u"01:05 / 60:00"_s);
   EXPECT_EQ(White.Screen.Lines.last(), u"Establecido 01:05 / 60:00"_s);
   for (const QString& answer : {u"5:75"_s, u"5"_s, QString()}) {
     SetTimes(answer, u"1:5"_s);
-    White.Flow.Run(ChessCommand::MnuOpcEti);
+    White.Flow.Run(ChessCommand::SetClocks);
   }
   SetTimes(u"2:00"_s, u"1:5"_s, u"3:60"_s, u"60:0"_s);
-  White.Flow.Run(ChessCommand::MnuOpcEti);
+  White.Flow.Run(ChessCommand::SetClocks);
   EXPECT_EQ(White.Screen.Clocks, u"01:05 / 60:00"_s);
   SetTimes(u"546:8"_s, u"1:5"_s, u"0:0"_s, u"60:0"_s);
   White.Dialogs.Expect(u"Establecer tiempos"_s,
                        u"El tiempo es demasiado largo: un reloj no puede pasar de 32767 segundos."_s);
-  White.Flow.Run(ChessCommand::MnuOpcEti);
+  White.Flow.Run(ChessCommand::SetClocks);
   EXPECT_EQ(White.Screen.Clocks, u"01:05 / 60:00"_s);
 }
 
 // ---- Free mode ----
 
 TEST_F(ChessModes, FreeModeIsAskedForToldAndOpensItsCommands) {
-  const std::array commands{ChessCommand::MnuOpcPar, ChessCommand::MnuOpcEti, ChessCommand::MnuOpcVac,
-                            ChessCommand::MnuOpcEst};
+  const std::array commands{ChessCommand::ToggleClocks, ChessCommand::SetClocks, ChessCommand::EmptyBoard,
+                            ChessCommand::SetData};
   for (const ChessCommand command : commands) EXPECT_FALSE(Available(White, command));
   White.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::No);
-  White.Flow.Run(ChessCommand::MnuOpcLib);
+  White.Flow.Run(ChessCommand::FreeMode);
   EXPECT_FALSE(White.Flow.FreeMode());
   FreeMode();
   EXPECT_TRUE(White.Flow.FreeMode());
-  EXPECT_TRUE(White.Checked(ChessCommand::MnuOpcLib));
+  EXPECT_TRUE(White.Checked(ChessCommand::FreeMode));
   EXPECT_FALSE(Black.Flow.FreeMode());
   for (const ChessCommand command : commands) EXPECT_TRUE(Available(White, command));
   EXPECT_EQ(White.Connection.Sent.last(), u"modolibre|"_s);
   const qsizetype sent = White.Connection.Sent.size();
-  White.Flow.Run(ChessCommand::MnuOpcLib);
+  White.Flow.Run(ChessCommand::FreeMode);
   EXPECT_FALSE(White.Flow.FreeMode());
   EXPECT_EQ(White.Connection.Sent.size(), sent) << "switching off tells nobody";
+}
+
+TEST_F(ChessModes, AWindowThatHasEndedShowsItsCommandsNoMore) {
+  int shown = 0;
+  QObject::connect(&White.Flow, &ChessFlow::CommandsChanged, [&shown] { ++shown; });
+  White.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::Yes,
+                       [this] { White.Flow.CloseRequested(); });
+  White.Flow.Run(ChessCommand::FreeMode);
+  EXPECT_TRUE(White.Finished);
+  EXPECT_EQ(shown, 0);
 }
 
 TEST_F(ChessModes, PiecesOfBothSidesCanBePickedUpInFreeMode) {
@@ -177,7 +187,7 @@ TEST_F(ChessModes, TheBoardIsEmptiedAndNothingElse) {
   FreeMode();
   const ChessPosition before = White.Flow.Game().Position();
   White.Click(u"e2"_s);
-  White.Flow.Run(ChessCommand::MnuOpcVac);
+  White.Flow.Run(ChessCommand::EmptyBoard);
   EXPECT_EQ(White.Flow.Game().Position().Board, ChessBoard());
   EXPECT_EQ(White.Flow.Game().Position().Castling, before.Castling);
   EXPECT_EQ(White.Flow.Game().Position().KingSquares, before.KingSquares);
@@ -191,7 +201,7 @@ TEST_F(ChessModes, DataAreSetOneAfterTheOther) {
   const QString number = u"Número de jugada actual: "_s;
   const QString side = u"Color que mueve ficha (0 blancas, 1 negras):"_s;
   const QString half_moves = u"Número de medios movimientos:"_s;
-  const auto run = [&] { White.Flow.Run(ChessCommand::MnuOpcEst); };
+  const auto run = [&] { White.Flow.Run(ChessCommand::SetData); };
   const ChessPosition& position = White.Flow.Game().Position();
   for (const QString& refused : {u"0"_s, QString(), u"-3"_s}) {
     White.Dialogs.ExpectInput(title, number, u"1"_s, refused);
@@ -247,40 +257,40 @@ TEST_F(ChessModes, SquaresAreDescribed) {
 }
 
 TEST_F(ChessModes, LearningModeMarksWhereThePieceCanGo) {
-  White.Flow.Run(ChessCommand::MnuOpcApr);
+  White.Flow.Run(ChessCommand::LearningMode);
   EXPECT_TRUE(White.Flow.LearningMode());
-  EXPECT_TRUE(White.Checked(ChessCommand::MnuOpcApr));
+  EXPECT_TRUE(White.Checked(ChessCommand::LearningMode));
   White.Click(u"e2"_s);
   EXPECT_EQ(White.Description(u"e4"_s), u"Disponible  E4"_s);
   EXPECT_EQ(White.Description(u"e5"_s), u" E5"_s);
   EXPECT_EQ(White.Shown(u"e3"_s).Marks, Marks(Mark::Reachable));
   EXPECT_EQ(White.Shown(u"e5"_s).Marks, Marks());
-  White.Flow.Run(ChessCommand::MnuOpcApr);
+  White.Flow.Run(ChessCommand::LearningMode);
   EXPECT_EQ(White.Shown(u"e3"_s).Marks, Marks());
   EXPECT_EQ(White.Description(u"e4"_s), u" E4"_s);
 }
 
 TEST_F(ChessModes, ATurnedBoardShowsAndTakesSquaresWhereTheyAre) {
-  Black.Flow.Run(ChessCommand::MnuOpcGir);
-  EXPECT_TRUE(Black.Checked(ChessCommand::MnuOpcGir));
+  Black.Flow.Run(ChessCommand::TurnBoard);
+  EXPECT_TRUE(Black.Checked(ChessCommand::TurnBoard));
   EXPECT_EQ(Black.Flow.FG1().Cell({0, 1}).Text, u"h"_s);
   EXPECT_EQ(Black.Flow.FG1().Cell({1, 0}).Text, u"1"_s);
   EXPECT_EQ(Black.Flow.FG1().Cell({1, 4}).Text, u"R"_s) << "White's king, seen from Black's side";
   Pair.Play(u"e2e4 e7e5"_s);
   EXPECT_EQ(Black.At(u"e5"_s), PieceOf(kPawn, kBlack));
   EXPECT_EQ(Black.Flow.FG1().Cell({4, 4}).Text, u"P"_s);
-  Black.Flow.Run(ChessCommand::MnuOpcGir);
+  Black.Flow.Run(ChessCommand::TurnBoard);
   EXPECT_EQ(Black.Flow.FG1().Cell({5, 5}).Text, u"P"_s);
 }
 
 TEST_F(ChessModes, ModesOutliveARematch) {
   FreeMode();
-  White.Flow.Run(ChessCommand::MnuOpcApr);
-  White.Flow.Run(ChessCommand::MnuOpcGir);
+  White.Flow.Run(ChessCommand::LearningMode);
+  White.Flow.Run(ChessCommand::TurnBoard);
   White.Dialogs.Expect({}, box::kGameLost);
   Black.Dialogs.Expect({}, u"Ana abandona la partida."_s);
   Black.Dialogs.Expect({}, box::kGameWon);
-  White.Flow.Run(ChessCommand::MnuOpcAba);
+  White.Flow.Run(ChessCommand::Resign);
   Pair.Settle();
   for (AjeCopy* copy : {&White, &Black}) {
     copy->Dialogs.AnswerBox = [](const QString&) { return Button::Yes; };

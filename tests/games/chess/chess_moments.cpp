@@ -53,7 +53,7 @@ void Ana::WinBy(const QString& message, const QString& told, const Meanwhile& me
 
 void Ana::BeFree() {
   Copy.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::Yes);
-  Run(ChessCommand::MnuOpcLib);
+  Run(ChessCommand::FreeMode);
 }
 
 void Ana::ExpectFile(const Meanwhile& meanwhile) {
@@ -107,13 +107,13 @@ void ResumeOfferTravels(Ana& ana, const Meanwhile& meanwhile) {
     meanwhile();
     if (!ana.Copy.Flow.Ended()) ana.ExpectOffer();
   });
-  ana.Run(ChessCommand::MnuArcAbr);
+  ana.Run(ChessCommand::OpenGame);
 }
 
 void PositionTravels(Ana& ana, const Meanwhile& meanwhile) {
   ana.ExpectFile();
   ana.ExpectOffer();
-  ana.Run(ChessCommand::MnuArcAbr);
+  ana.Run(ChessCommand::OpenGame);
   ana.Copy.Dialogs.AnswerInput = [](const QString&) { return u"1"_s; };
   ana.Copy.Connection.Receive(u"cargpsi|"_s);
   ana.WhileWaiting(meanwhile);
@@ -123,7 +123,7 @@ void PositionTravels(Ana& ana, const Meanwhile& meanwhile) {
 void ColoursAreAsked(Ana& ana, const Meanwhile& meanwhile) {
   ana.ExpectFile();
   ana.ExpectOffer();
-  ana.Run(ChessCommand::MnuArcAbr);
+  ana.Run(ChessCommand::OpenGame);
   ana.Copy.Dialogs.ExpectInput(u"Asignación de bandos"_s, u"¿Quién juega con blancas?: 1=Yo, 2=El otro jugador"_s, {},
                                u"1"_s, meanwhile);
   ana.Receive(u"cargpsi|"_s);
@@ -143,7 +143,7 @@ const std::vector<Moment> kMoments{
      }},
     {"DrawOffered",
      [](Ana& ana, const Meanwhile& meanwhile) {
-       ana.Run(ChessCommand::MnuOpcSol);
+       ana.Run(ChessCommand::OfferDraw);
        meanwhile();
      }},
     {"GameOver",
@@ -164,7 +164,7 @@ const std::vector<Moment> kMoments{
      [](Ana& ana, const Meanwhile& meanwhile) {
        ana.ExpectFile();
        ana.ExpectOffer(meanwhile);
-       ana.Run(ChessCommand::MnuArcAbr);
+       ana.Run(ChessCommand::OpenGame);
      },
      true},
     {"PositionTravels", PositionTravels, true},
@@ -184,20 +184,20 @@ const std::vector<Moment> kMoments{
          meanwhile();
          if (!ana.Copy.Flow.Ended()) ana.ExpectOffer();
        });
-       ana.Run(ChessCommand::MnuArcAbr);
+       ana.Run(ChessCommand::OpenGame);
      },
      true},
     {"FreeModeAsked",
      [](Ana& ana, const Meanwhile& meanwhile) {
        ana.Copy.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::No, meanwhile);
-       ana.Run(ChessCommand::MnuOpcLib);
+       ana.Run(ChessCommand::FreeMode);
      },
      true},
     {"FreeModeTravels",
      [](Ana& ana, const Meanwhile& meanwhile) {
        ana.Copy.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::Yes);
        ana.WhileWaiting(meanwhile);
-       ana.Run(ChessCommand::MnuOpcLib);
+       ana.Run(ChessCommand::FreeMode);
      },
      true},
     {"TimesAsked",
@@ -205,7 +205,7 @@ const std::vector<Moment> kMoments{
        ana.BeFree();
        ana.Copy.Dialogs.ExpectInput(u"Establecer tiempos"_s, u"Establezca el tiempo de las blancas(minutos:segundos)"_s,
                                     u"0:0"_s, QString(), meanwhile);
-       ana.Run(ChessCommand::MnuOpcEti);
+       ana.Run(ChessCommand::SetClocks);
      },
      true},
     {"DataAsked",
@@ -213,19 +213,19 @@ const std::vector<Moment> kMoments{
        ana.BeFree();
        ana.Copy.Dialogs.ExpectInput(u"Establecer datos"_s, u"Número de jugada actual: "_s, u"1"_s, QString(),
                                     meanwhile);
-       ana.Run(ChessCommand::MnuOpcEst);
+       ana.Run(ChessCommand::SetData);
      },
      true},
     {"MateRefused",
      [](Ana& ana, const Meanwhile& meanwhile) {
        ana.Copy.Dialogs.Expect({}, u"Su rey no está en jaque, por lo que no puede ser jaque mate. "_s, meanwhile);
-       ana.Run(ChessCommand::MnuOpcJaq);
+       ana.Run(ChessCommand::DeclareMate);
      },
      true},
     {"OwnEndTold",
      [](Ana& ana, const Meanwhile& meanwhile) {
        ana.Copy.Dialogs.Expect({}, box::kGameLost, meanwhile);
-       ana.Run(ChessCommand::MnuOpcAba);
+       ana.Run(ChessCommand::Resign);
      },
      true},
     {"OpponentsMateTold",

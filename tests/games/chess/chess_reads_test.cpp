@@ -148,7 +148,7 @@ TEST_F(ChessReads, AMoveAfterAnOfferIsPlayedWhileTheOfferIsAnswered) {
   });
   Black.Dialogs.Expect({}, kDrawn);
   White.Dialogs.Expect({}, kDrawAccepted);
-  White.Flow.Run(ChessCommand::MnuOpcSol);
+  White.Flow.Run(ChessCommand::OfferDraw);
   Pair.Settle();
   for (const AjeCopy* copy : {&White, &Black}) {
     EXPECT_TRUE(copy->Flow.State().GameOver);
@@ -258,7 +258,7 @@ void Offer(AjePair& pair, const std::function<void(QFile& file)>& meanwhile) {
     meanwhile(file);
     return Button::Yes;
   };
-  pair.Server.Flow.Run(ChessCommand::MnuArcAbr);
+  pair.Server.Flow.Run(ChessCommand::OpenGame);
   pair.Settle();
 }
 
@@ -300,7 +300,7 @@ TEST_F(ChessReads, AFreeModeThatCannotBeToldStaysOff) {
   Pair.Settle();
   White.Dialogs.Expect(box::kFreeModeTitle, box::kFreeModeQuestion, Button::Yes);
   White.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
-  White.Flow.Run(ChessCommand::MnuOpcLib);
+  White.Flow.Run(ChessCommand::FreeMode);
   EXPECT_FALSE(White.Flow.FreeMode());
 }
 
@@ -309,7 +309,7 @@ TEST_F(ChessReads, AnOfferThatCannotBeSentIsNotTold) {
   Pair.Settle();
   const qsizetype lines = White.Screen.Lines.size();
   White.Dialogs.Expect(box::kErrorTitle, box::kNoConnection);
-  White.Flow.Run(ChessCommand::MnuOpcSol);
+  White.Flow.Run(ChessCommand::OfferDraw);
   EXPECT_EQ(White.Screen.Lines.size(), lines);
 }
 

@@ -112,6 +112,8 @@ TEST_F(FormAjePair, FreeModeOpensItsCommandsAndShowsItsState) {
     const QStringList free{u"MnuOpcPar"_s, u"MnuOpcEti"_s, u"MnuOpcVac"_s, u"MnuOpcEst"_s};
     for (const QString& name : free) EXPECT_FALSE(OnGui([&] { return Command(name)->isEnabled(); }));
     Trigger(u"MnuOpcLib"_s);
+    EXPECT_TRUE(Eventually([] { return TopDialog() != nullptr; }));
+    EXPECT_FALSE(OnGui([this] { return Command(u"MnuOpcLib"_s)->isChecked(); })) << "not before the answer";
     Answer(u"Activar modo libre"_s, u"No"_s);
     EXPECT_TRUE(Eventually([this] { return !Command(u"MnuOpcLib"_s)->isChecked(); }));
     Trigger(u"MnuOpcLib"_s);
