@@ -5,8 +5,8 @@
 namespace brontavia {
 namespace {
 
-constexpr int kWhitePawn = PieceOf(kPawn, kWhite);
-constexpr int kBlackPawn = PieceOf(kPawn, kBlack);
+constexpr int kWhitePawn = PieceOf(kPawn, Colour::White);
+constexpr int kBlackPawn = PieceOf(kPawn, Colour::Black);
 
 bool AnswersAttacked(const ChessSelection& attacker, Coordinate square) {
   if (attacker.Piece == kWhitePawn) return false;
@@ -15,19 +15,22 @@ bool AnswersAttacked(const ChessSelection& attacker, Coordinate square) {
 
 }  // namespace
 
-bool IsSquareAttacked(const ChessPosition& position, Coordinate square, int colour, std::optional<Coordinate> lifted) {
+bool IsSquareAttacked(const ChessPosition& position, Coordinate square, std::optional<Colour> colour,
+                      std::optional<Coordinate> lifted) {
   if (lifted) {
     ChessPosition without = position;
     without.Board.Put(*lifted, kNoPiece);
     return IsSquareAttacked(without, square, colour);
   }
   const ChessBoard& board = position.Board;
-  if (colour == kNoColour) colour = board.ColourAt(square);
+  if (!colour) colour = board.ColourAt(square);
+  if (!colour) return false;
+  const Colour attackers = OpponentOf(*colour);
   bool attacked = false;
   for (int column = 1; column <= kBoardSide; ++column) {
     for (int row = 1; row <= kBoardSide; ++row) {
       const Coordinate source{.Column = column, .Row = row};
-      if (board.ColourAt(source) != OtherColour(colour)) continue;
+      if (board.ColourAt(source) != attackers) continue;
       const ChessSelection attacker{.Source = source, .Piece = board.At(source)};
       if (PieceSteps(position, attacker).Holds(square)) attacked = AnswersAttacked(attacker, square);
     }

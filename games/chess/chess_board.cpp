@@ -8,10 +8,10 @@ void ChessBoard::Put(Coordinate square, int piece) {
 }
 
 ChessBoard StartBoard() {
-  constexpr std::array<int, kBoardSide> kPieces{kRook, kKnight, kBishop, kQueen, kKing, kBishop, kKnight, kRook};
+  constexpr std::array kPieces{kRook, kKnight, kBishop, kQueen, kKing, kBishop, kKnight, kRook};
   ChessBoard board;
   for (int column = 1; column <= kBoardSide; ++column) {
-    for (const int colour : {kWhite, kBlack}) {
+    for (const Colour colour : kBothColours) {
       const int back = BackRow(colour);
       const int front = back + ForwardStep(colour);
       const int kind = kPieces.at(static_cast<std::size_t>(column) - 1);

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 
 #include "games/chess/chess_piece.h"
@@ -13,17 +14,20 @@ namespace brontavia {
 
 inline constexpr int kBoardSide = 8;
 // The row on which the pieces of each colour begin.
-inline constexpr int BackRow(int colour) { return colour == kWhite ? 1 : kBoardSide; }
+constexpr int BackRow(Colour colour) { return colour == Colour::White ? 1 : kBoardSide; }
 // The rows that a pawn of `colour` advances in a step.
-inline constexpr int ForwardStep(int colour) { return colour == kWhite ? 1 : -1; }
+constexpr int ForwardStep(Colour colour) { return colour == Colour::White ? 1 : -1; }
 
 // Squares are columns 1..8 (files a to h) and rows 1..8 (from White's side); 0 and 9 are the ring.
 class ChessBoard {
  public:
   // Throws std::out_of_range beyond the ring. The ring holds kNoPiece.
   [[nodiscard]] int At(Coordinate square) const { return pieces_[IndexOf(square)]; }
-  // kNoColour on the ring and where no piece stands; throws like At.
-  [[nodiscard]] int ColourAt(Coordinate square) const { return ColourOf(At(square)); }
+  // Nothing on the ring and where no piece stands; throws like At.
+  [[nodiscard]] std::optional<Colour> ColourAt(Coordinate square) const {
+    const int piece = At(square);
+    return piece == kNoPiece ? std::nullopt : std::optional(ColourOf(piece));
+  }
   // Puts `piece` (kNoPiece empties the square). Throws std::out_of_range off the board; nothing changes then.
   void Put(Coordinate square, int piece);
 

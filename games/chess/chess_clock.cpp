@@ -60,7 +60,7 @@ std::u16string ChessClock::Text() const {
   return MinutesAndSeconds(clock_seconds_.White) + u" / " + MinutesAndSeconds(clock_seconds_.Black);
 }
 
-std::u16string ChessClock::Proposal(int colour) const {
+std::u16string ChessClock::Proposal(Colour colour) const {
   const std::int32_t seconds = clock_seconds_[colour];
   return Decimal(seconds / kMinute) + kColon + Decimal(seconds % kMinute);
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "games/chess/chess_position.h"
+#include "games/chess/chess_piece.h"
 
 namespace brontavia {
 
@@ -22,18 +22,18 @@ std::optional<ClockTime> ReadClockTime(std::u16string_view answer);
 class ChessClock {
  public:
   // `seconds` have passed in the turn of `side_to_move`.
-  void Tick(int side_to_move, int seconds) { clock_seconds_[side_to_move] += seconds; }
+  void Tick(Colour side_to_move, int seconds) { clock_seconds_[side_to_move] += seconds; }
   // Both back to zero.
   void Reset() { *this = {}; }
 
   // Sets both; false, and nothing changes, when one of them is not a 16-bit number of seconds.
   bool Set(ClockTime white, ClockTime black);
 
-  [[nodiscard]] std::int32_t ClockSeconds(int colour) const { return clock_seconds_[colour]; }
+  [[nodiscard]] std::int32_t ClockSeconds(Colour colour) const { return clock_seconds_[colour]; }
   // White's time and Black's, "01:05 / 60:00".
   [[nodiscard]] std::u16string Text() const;
   // The time of `colour` as it is proposed for editing, "5:7".
-  [[nodiscard]] std::u16string Proposal(int colour) const;
+  [[nodiscard]] std::u16string Proposal(Colour colour) const;
 
  private:
   PerColour<std::int32_t> clock_seconds_;

@@ -7,6 +7,7 @@
 #include <QStandardPaths>
 
 #include "games/chess/chess_flow.h"
+#include "games/chess/chess_messages.h"
 #include "games/chess/move_record.h"
 #include "games/chess/position_line.h"
 #include "text/qt_text.h"
@@ -140,29 +141,22 @@ void ChessFlow::ChooseColours() {
     choice = Val(Ask(u"¿Quién juega con blancas?: 1=Yo, 2=El otro jugador"_s, u"Asignación de bandos"_s));
   }
   session_.StartingPlayer = choice == 1 ? OwnPlayer() : OtherPlayer();
-  const int side = game_.Position().SideToMove;
-  session_.CurrentTurn = side == kWhite && WhitePlayer() == OwnPlayer() ? OwnPlayer() : OtherPlayer();
-  SendAndWait(message::kResumedTurns.Token + QString::number(NumberOf(WhitePlayer())) + u' ' + QString::number(side) +
-              u' ' + QString::number(NumberOf(session_.CurrentTurn)));
+  const Colour side = game_.Position().SideToMove;
+  session_.CurrentTurn = side == Colour::White && WhitePlayer() == OwnPlayer() ? OwnPlayer() : OtherPlayer();
+  SendAndWait(message::kResumedTurns.Token +
+              ToQString(TurnsText({.White = WhitePlayer(), .SideToMove = side, .ToMove = session_.CurrentTurn})));
 }
 
 void ChessFlow::TurnsReceived(const QString& payload) {
-  const QStringList fields = payload.split(u' ');
-  if (fields.size() < 3) throw MalformedMessage("three fields are expected");
-  std::array<int, 3> values{};
-  for (qsizetype i = 0; i < 3; ++i) {
-    const int value = RoundHalfEven<std::int16_t>(Val(fields[i]));
-    if (value != 0 && value != 1) throw MalformedMessage("neither 0 nor 1");
-    values.at(static_cast<std::size_t>(i)) = value;
-  }
-  const auto [white_player, side, turn] = values;
-  session_.StartingPlayer = white_player == 0 ? Player::Server : Player::Client;
+  const auto turns = ReadTurns(Characters(payload));
+  if (!turns) throw MalformedMessage("no turns of two players");
+  session_.StartingPlayer = turns->White;
   timer1_.CatchUp();
-  game_.SetSideToMove(side);
-  session_.CurrentTurn = turn == 0 ? Player::Server : Player::Client;
+  game_.SetSideToMove(turns->SideToMove);
+  session_.CurrentTurn = turns->ToMove;
   ShowPositionBox();
-  AddMessage(u"Posición cargada. Usted juega con "_s + (WhitePlayer() == OwnPlayer() ? u" blancas"_s : u" negras"_s) +
-             u". Mueven " + (side == kWhite ? u" blancas"_s : u" negras"_s) + u'.');
+  AddMessage(u"Posición cargada. Usted juega con "_s + (turns->White == OwnPlayer() ? u" blancas"_s : u" negras"_s) +
+             u". Mueven " + (turns->SideToMove == Colour::White ? u" blancas"_s : u" negras"_s) + u'.');
 }
 
 bool ChessFlow::LoadPosition(const QString& line) {

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "games/chess/attack.h"
-#include "games/chess/move_message.h"
+#include "games/chess/chess_messages.h"
 #include "games/chess/move_record.h"
 #include "games/chess/piece_letters.h"
 #include "games/chess/position_box.h"
@@ -20,7 +20,7 @@ namespace {
 constexpr int kSquareSize = 600;  // twips
 constexpr int kHeaderSize = 300;
 
-QString ColourOfSide(int colour) { return colour == kWhite ? u"blancas"_s : u"negras"_s; }
+QString ColourOfSide(Colour colour) { return colour == Colour::White ? u"blancas"_s : u"negras"_s; }
 
 }  // namespace
 
@@ -127,7 +127,9 @@ void ChessFlow::BoardKeyPressed(int key) {
         InsertPiece();
         break;
       case Qt::Key_F5:
-        ShowBox(IsSquareAttacked(game_.Position(), clicked_square_, kWhite) ? u"True"_s : u"False"_s, {});
+        ShowBox(clicked_square_ && IsSquareAttacked(game_.Position(), *clicked_square_, Colour::White) ? u"True"_s
+                                                                                                       : u"False"_s,
+                {});
         break;
       default:
         break;
@@ -199,7 +201,7 @@ void ChessFlow::MoveStands(ChessMove move, const ChessGame& before) {
   Screen().AppendText(Box::TBJugadas, ToQString(record.ListText));
   ShowPositionBox();
   timer1_.CatchUp();  // what has passed is the mover's
-  if (game_.Position().SideToMove == kWhite && !timer1_.IsRunning()) timer1_.Start();
+  if (game_.Position().SideToMove == Colour::White && !timer1_.IsRunning()) timer1_.Start();
   game_.PassTurn();
   session_.CurrentTurn = OpponentOf(session_.CurrentTurn);
 }

@@ -125,7 +125,7 @@ class ChessFlow : public GameFlow {
   BoardModel fg1_;
   ChessClock clocks_;
   SecondTimer timer1_;
-  Coordinate clicked_square_;
+  std::optional<Coordinate> clicked_square_;
   std::optional<ChessMove> last_move_;
   std::optional<Player> winner_;
   bool replaying_ = false;  // a received move is being played

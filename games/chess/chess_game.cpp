@@ -71,12 +71,6 @@ bool ChessGame::SetMoveNumber(std::int16_t number) {
   return true;
 }
 
-bool ChessGame::SetSideToMove(int colour) {
-  if (colour != kWhite && colour != kBlack) return false;
-  position_.SideToMove = colour;
-  return true;
-}
-
 bool ChessGame::SetHalfMoveClock(std::int16_t half_moves) {
   if (half_moves < 0) return false;
   position_.HalfMoveClock = half_moves;

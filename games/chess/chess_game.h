@@ -50,9 +50,9 @@ class ChessGame {
   void Put(Coordinate square, int piece);
   // Nothing is picked up any more. KingSquares stay as they are, castling rights, counters and turn too.
   void EmptyBoard();
-  // Each returns false, and changes nothing, for a value out of range: at least 1; 0 or 1; at least 0.
+  void SetSideToMove(Colour colour) { position_.SideToMove = colour; }
+  // Each returns false, and changes nothing, for a value below 1 or 0.
   bool SetMoveNumber(std::int16_t number);
-  bool SetSideToMove(int colour);
   bool SetHalfMoveClock(std::int16_t half_moves);
 
   // ---- State ----

@@ -58,15 +58,15 @@ void ChessFlow::ToggleClocks() {
 
 void ChessFlow::SetClocks() {
   const QString title = u"Establecer tiempos"_s;
-  std::array<ClockTime, 2> times;
-  for (const int colour : {kWhite, kBlack}) {
-    const QString side = colour == kWhite ? u"blancas"_s : u"negras"_s;
+  PerColour<ClockTime> times;
+  for (const Colour colour : kBothColours) {
+    const QString side = colour == Colour::White ? u"blancas"_s : u"negras"_s;
     const auto time = ReadClockTime(Characters(Ask(u"Establezca el tiempo de las "_s + side + u"(minutos:segundos)",
                                                    title, ToQString(clocks_.Proposal(colour)))));
     if (!time) return;
-    times.at(static_cast<std::size_t>(colour)) = *time;
+    times[colour] = *time;
   }
-  if (!clocks_.Set(times[0], times[1])) {
+  if (!clocks_.Set(times.White, times.Black)) {
     ShowBox(u"El tiempo es demasiado largo: un reloj no puede pasar de 32767 segundos."_s, title);
     return;
   }
@@ -122,9 +122,11 @@ void ChessFlow::SetData() {
   const std::int16_t number = ask(u"Número de jugada actual: "_s, game_.Position().MoveNumber);
   if (!game_.SetMoveNumber(number)) return;
   ShowPositionBox();
-  const std::int16_t side = ask(u"Color que mueve ficha (0 blancas, 1 negras):"_s, game_.Position().SideToMove);
+  const auto side =
+      ColourOfNumber(ask(u"Color que mueve ficha (0 blancas, 1 negras):"_s, NumberOf(game_.Position().SideToMove)));
+  if (!side) return;
   timer1_.CatchUp();
-  if (!game_.SetSideToMove(side)) return;
+  game_.SetSideToMove(*side);
   ShowPositionBox();
   const std::int16_t half_moves = ask(u"Número de medios movimientos:"_s, game_.Position().HalfMoveClock);
   if (!game_.SetHalfMoveClock(half_moves)) return;
@@ -142,7 +144,7 @@ void ChessFlow::DeletePiece() {
 void ChessFlow::InsertPiece() {
   if (!free_mode_) return;
   // An entry for each code; 7 to 10 are no pieces.
-  static const std::array<int, 12> kPieces{1, 2, 3, 4, 5, 6, 11, 12, 13, 14, 15, 16};
+  static const std::array kPieces{1, 2, 3, 4, 5, 6, 11, 12, 13, 14, 15, 16};
   QList<MenuItem> items;
   for (const int piece : kPieces) {
     items << MenuItem{.Caption = u'&' + ToQString(PieceName(piece)), .Name = u"MnuInsLis(%1)"_s.arg(piece)};
@@ -153,8 +155,8 @@ void ChessFlow::InsertPiece() {
 }
 
 void ChessFlow::PutOnClickedSquare(int piece) {
-  if (!ChessBoard::IsOnBoard(clicked_square_)) return;  // nothing has been clicked yet
-  game_.Put(clicked_square_, piece);
+  if (!clicked_square_) return;
+  game_.Put(*clicked_square_, piece);
   PositionEdited();
 }
 

@@ -15,14 +15,14 @@ void CountUp(std::int16_t& counter) {
 }
 
 bool IsDoubleStep(const ChessMove& move) {
-  const int colour = ColourOf(move.Moved.Piece);
+  const Colour colour = ColourOf(move.Moved.Piece);
   const int second_row = BackRow(colour) + ForwardStep(colour);
   return KindOf(move.Moved.Piece) == kPawn && move.Moved.Source.Row == second_row &&
          move.Target.Row == second_row + 2 * ForwardStep(colour);
 }
 
 // The square behind `square` as a pawn of `colour` sees it.
-Coordinate Behind(Coordinate square, int colour) {
+Coordinate Behind(Coordinate square, Colour colour) {
   return {.Column = square.Column, .Row = square.Row - ForwardStep(colour)};
 }
 
@@ -31,7 +31,7 @@ bool StandsBeside(const ChessBoard& board, Coordinate square, int piece) {
 }
 
 // Moves the rook of a castling to the square that the king has jumped over.
-RookMove MoveCastlingRook(ChessBoard& board, Coordinate king_target, int colour) {
+RookMove MoveCastlingRook(ChessBoard& board, Coordinate king_target, Colour colour) {
   const bool is_short = king_target.Column > kBoardSide / 2;
   const RookMove rook{.Source = {is_short ? kRookColumnShort : kRookColumnLong, king_target.Row},
                       .Target = {king_target.Column + (is_short ? -1 : 1), king_target.Row}};
@@ -40,7 +40,7 @@ RookMove MoveCastlingRook(ChessBoard& board, Coordinate king_target, int colour)
   return rook;
 }
 
-void ClearCastlingOfRook(CastleRights& rights, Coordinate source, int colour) {
+void ClearCastlingOfRook(CastleRights& rights, Coordinate source, Colour colour) {
   if (source.Row != BackRow(colour)) return;
   if (source.Column == kRookColumnLong) rights.Long = false;
   if (source.Column == kRookColumnShort) rights.Short = false;
@@ -48,9 +48,9 @@ void ClearCastlingOfRook(CastleRights& rights, Coordinate source, int colour) {
 
 // The move stands: what follows from the kind of piece.
 void Follow(ChessPosition& position, ChessMove& move, const CastleTargets& castles) {
-  const int colour = ColourOf(move.Moved.Piece);
-  Coordinate& offered = position.EnPassantSquares[OtherColour(colour)];
-  offered = {};
+  const Colour colour = ColourOf(move.Moved.Piece);
+  std::optional<Coordinate>& offered = position.EnPassantSquares[OpponentOf(colour)];
+  offered.reset();
   switch (KindOf(move.Moved.Piece)) {
     case kKing:
       position.Castling[colour] = {.Short = false, .Long = false};
@@ -64,9 +64,9 @@ void Follow(ChessPosition& position, ChessMove& move, const CastleTargets& castl
       break;
     case kPawn:
       move.EnPassantOffered =
-          IsDoubleStep(move) && StandsBeside(position.Board, move.Target, PieceOf(kPawn, OtherColour(colour)));
+          IsDoubleStep(move) && StandsBeside(position.Board, move.Target, PieceOf(kPawn, OpponentOf(colour)));
       if (move.EnPassantOffered) offered = Behind(move.Target, colour);
-      move.PromotionPending = move.Target.Row == BackRow(OtherColour(colour));
+      move.PromotionPending = move.Target.Row == BackRow(OpponentOf(colour));
       break;
     default:
       break;
@@ -78,7 +78,7 @@ void Follow(ChessPosition& position, ChessMove& move, const CastleTargets& castl
 std::optional<ChessMove> ApplyMove(ChessPosition& position, const ChessSelection& selection, Coordinate target,
                                    const CastleTargets& castles) {
   const ChessBoard before = position.Board;
-  const int colour = ColourOf(selection.Piece);
+  const Colour colour = ColourOf(selection.Piece);
   ChessMove move{.Moved = selection, .Target = target, .Captured = before.At(target)};
   position.Board.Put(target, selection.Piece);
   position.Board.Put(selection.Source, kNoPiece);
@@ -93,7 +93,7 @@ std::optional<ChessMove> ApplyMove(ChessPosition& position, const ChessSelection
 }
 
 void CompleteMove(ChessPosition& position, ChessMove& move, int promotion_choice) {
-  const int colour = ColourOf(move.Moved.Piece);
+  const Colour colour = ColourOf(move.Moved.Piece);
   if (move.PromotionPending) {
     move.PromotionPending = false;
     move.PromotionChoice = promotion_choice;
@@ -104,17 +104,17 @@ void CompleteMove(ChessPosition& position, ChessMove& move, int promotion_choice
   } else {
     CountUp(position.HalfMoveClock);
   }
-  position.FenEnPassant = {};
+  position.FenEnPassant.reset();
   if (IsDoubleStep(move)) {
     const int column = move.Moved.Source.Column;
     // Saved positions tell the double step of White by a row counted from the column.
-    position.FenEnPassant = {column, colour == kWhite ? column + 1 : move.Moved.Source.Row - 1};
+    position.FenEnPassant = Coordinate{column, colour == Colour::White ? column + 1 : move.Moved.Source.Row - 1};
   }
 }
 
 void PassTurn(ChessPosition& position) {
-  if (position.SideToMove == kBlack) CountUp(position.MoveNumber);
-  position.SideToMove = OtherColour(position.SideToMove);
+  if (position.SideToMove == Colour::Black) CountUp(position.MoveNumber);
+  position.SideToMove = OpponentOf(position.SideToMove);
 }
 
 }  // namespace brontavia

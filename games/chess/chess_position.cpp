@@ -8,14 +8,15 @@ ChessPosition StartPosition() {
   return position;
 }
 
-PerColour<Coordinate> FindKings(const ChessBoard& board) {
-  PerColour<Coordinate> kings;
+PerColour<std::optional<Coordinate>> FindKings(const ChessBoard& board) {
+  PerColour<std::optional<Coordinate>> kings;
   for (int column = 1; column <= kBoardSide; ++column) {
     for (int row = 1; row <= kBoardSide; ++row) {
       const Coordinate square{.Column = column, .Row = row};
-      if (KindOf(board.At(square)) != kKing) continue;
-      Coordinate& king = kings[board.ColourAt(square)];
-      if (king == Coordinate{}) king = square;
+      const int piece = board.At(square);
+      if (KindOf(piece) != kKing) continue;
+      std::optional<Coordinate>& king = kings[ColourOf(piece)];
+      if (!king) king = square;
     }
   }
   return kings;

@@ -2,21 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "games/chess/chess_board.h"
 
 namespace brontavia {
-
-// One entry for each side.
-template <typename Entry>
-struct PerColour {
-  Entry White{};
-  Entry Black{};
-
-  Entry& operator[](int colour) { return colour == kBlack ? Black : White; }
-  const Entry& operator[](int colour) const { return colour == kBlack ? Black : White; }
-  friend bool operator==(const PerColour&, const PerColour&) = default;
-};
 
 // Castling that is still allowed to a side: its king and that rook have not moved.
 struct CastleRights {
@@ -27,12 +17,12 @@ struct CastleRights {
 
 struct ChessPosition {
   ChessBoard Board;
-  int SideToMove = kWhite;
+  Colour SideToMove = Colour::White;
   PerColour<CastleRights> Castling;
-  PerColour<Coordinate> KingSquares;       // (0, 0) when there is none
-  PerColour<Coordinate> EnPassantSquares;  // onto which a pawn of that colour may capture; (0, 0) when none
-  // What a saved position tells of a double step, written and read by rules of its own; (0, 0) when nothing.
-  Coordinate FenEnPassant;
+  PerColour<std::optional<Coordinate>> KingSquares;
+  PerColour<std::optional<Coordinate>> EnPassantSquares;  // onto which a pawn of that colour may capture
+  // What a saved position tells of a double step, written and read by rules of its own.
+  std::optional<Coordinate> FenEnPassant;
   std::int16_t HalfMoveClock = 0;  // half moves since the last pawn move or capture; stays at its highest value
   std::int16_t MoveNumber = 1;     // full moves; stays at its highest value
 
@@ -44,6 +34,6 @@ ChessPosition StartPosition();
 
 // The kings as they stand on `board`. Of several kings of one colour the first one counts, column by column from a,
 // each from row 1 up.
-PerColour<Coordinate> FindKings(const ChessBoard& board);
+PerColour<std::optional<Coordinate>> FindKings(const ChessBoard& board);
 
 }  // namespace brontavia

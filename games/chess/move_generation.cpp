@@ -15,14 +15,14 @@ struct CastleWay {
   int Target;
 };
 
-constexpr std::array<int, 2> kShortEmpty{6, 7};
-constexpr std::array<int, 3> kShortUnattacked{5, 6, 7};
-constexpr std::array<int, 3> kLongEmpty{2, 3, 4};
-constexpr std::array<int, 3> kLongUnattacked{5, 4, 3};
+constexpr std::array kShortEmpty{6, 7};
+constexpr std::array kShortUnattacked{5, 6, 7};
+constexpr std::array kLongEmpty{2, 3, 4};
+constexpr std::array kLongUnattacked{5, 4, 3};
 constexpr CastleWay kShort{.Empty = kShortEmpty, .Unattacked = kShortUnattacked, .Target = 7};
 constexpr CastleWay kLong{.Empty = kLongEmpty, .Unattacked = kLongUnattacked, .Target = 3};
 
-bool IsOpen(const ChessPosition& position, const CastleWay& way, int colour) {
+bool IsOpen(const ChessPosition& position, const CastleWay& way, Colour colour) {
   const auto square = [colour](int column) { return Coordinate{.Column = column, .Row = BackRow(colour)}; };
   const auto is_empty = [&](int column) { return position.Board.At(square(column)) == kNoPiece; };
   const auto is_attacked = [&](int column) { return IsSquareAttacked(position, square(column), colour); };
@@ -30,11 +30,11 @@ bool IsOpen(const ChessPosition& position, const CastleWay& way, int colour) {
          std::none_of(way.Unattacked.begin(), way.Unattacked.end(), is_attacked);
 }
 
-CastleTargets CastlesOf(const ChessPosition& position, int colour) {
+CastleTargets CastlesOf(const ChessPosition& position, Colour colour) {
   const CastleRights& rights = position.Castling[colour];
   CastleTargets targets;
-  if (rights.Short && IsOpen(position, kShort, colour)) targets.Short = {kShort.Target, BackRow(colour)};
-  if (rights.Long && IsOpen(position, kLong, colour)) targets.Long = {kLong.Target, BackRow(colour)};
+  if (rights.Short && IsOpen(position, kShort, colour)) targets.Short = Coordinate{kShort.Target, BackRow(colour)};
+  if (rights.Long && IsOpen(position, kLong, colour)) targets.Long = Coordinate{kLong.Target, BackRow(colour)};
   return targets;
 }
 
@@ -44,8 +44,8 @@ GeneratedTargets GenerateTargets(const ChessPosition& position, const ChessSelec
   GeneratedTargets targets{.Squares = PieceSteps(position, selection)};
   if (KindOf(selection.Piece) != kKing) return targets;
   targets.Castles = CastlesOf(position, ColourOf(selection.Piece));
-  for (const Coordinate target : {targets.Castles.Short, targets.Castles.Long}) {
-    if (target != Coordinate{}) targets.Squares.Add(target);
+  for (const std::optional<Coordinate>& target : {targets.Castles.Short, targets.Castles.Long}) {
+    if (target) targets.Squares.Add(*target);
   }
   return targets;
 }

@@ -5,10 +5,10 @@
 
 namespace brontavia {
 
-// Where a king may castle to; (0, 0) where it may not.
+// Where a king may castle to.
 struct CastleTargets {
-  Coordinate Short;
-  Coordinate Long;
+  std::optional<Coordinate> Short;
+  std::optional<Coordinate> Long;
   friend bool operator==(const CastleTargets&, const CastleTargets&) = default;
 };
 

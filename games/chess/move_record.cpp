@@ -21,7 +21,7 @@ void Add(MoveRecord& record, std::u16string_view to_list, std::u16string_view to
 void AddSquare(MoveRecord& record, Coordinate square) { Add(record, SquareName(square), SquareName(square)); }
 
 std::u16string ListPrefix(const ChessPosition& position, int piece) {
-  return ColourOf(piece) == kWhite ? Decimal(position.MoveNumber) + u". " : u", ";
+  return ColourOf(piece) == Colour::White ? Decimal(position.MoveNumber) + u". " : u", ";
 }
 
 // A move as such, without the prefix of the list.
@@ -49,13 +49,14 @@ MoveRecord RecordSteps(const ChessMove& move) {
 }
 
 // Asked for the colour of the piece that stands there, should the king have been captured.
-bool IsInCheck(const ChessPosition& position, int colour) {
-  return IsSquareAttacked(position, position.KingSquares[colour], kNoColour);
+bool IsInCheck(const ChessPosition& position, Colour colour) {
+  const std::optional<Coordinate>& king = position.KingSquares[colour];
+  return king && IsSquareAttacked(position, *king, std::nullopt);
 }
 
 void AddCheck(MoveRecord& record, const ChessPosition& position) {
-  if (!IsInCheck(position, OtherColour(position.SideToMove))) return;
-  Add(record, u"+", position.SideToMove == kWhite ? u" Jaque" : u", Jaque");
+  if (!IsInCheck(position, OpponentOf(position.SideToMove))) return;
+  Add(record, u"+", position.SideToMove == Colour::White ? u" Jaque" : u", Jaque");
 }
 
 }  // namespace
@@ -73,12 +74,12 @@ MoveRecord RecordMove(const ChessPosition& position, const ChessMove& move) {
     AddCheck(record, position);
   }
   record.ListText.insert(0, ListPrefix(position, piece));
-  if (ColourOf(piece) == kBlack) record.ListText += u"\r\n";
+  if (ColourOf(piece) == Colour::Black) record.ListText += u"\r\n";
   return record;
 }
 
 std::u16string MoveListStart(const ChessPosition& position) {
-  return position.SideToMove == kBlack ? Decimal(position.MoveNumber) + u". (...)" : std::u16string();
+  return position.SideToMove == Colour::Black ? Decimal(position.MoveNumber) + u". (...)" : std::u16string();
 }
 
 }  // namespace brontavia

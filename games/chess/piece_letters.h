@@ -16,6 +16,7 @@ inline constexpr std::u16string_view kEnglishLetters = u"PRNBQK    prnbqk";
 inline constexpr std::u16string_view kSpanishCastling = u"RDrd";
 inline constexpr std::u16string_view kEnglishCastling = u"KQkq";
 
+// The code of the piece that has `letter` in one of the tables above; nothing for a blank and for any other character.
 inline std::optional<int> PieceOfLetter(char16_t letter, std::u16string_view letters) {
   const std::size_t index = letters.find(letter);
   if (letter == u' ' || index == std::u16string_view::npos) return std::nullopt;

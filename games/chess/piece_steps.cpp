@@ -60,7 +60,7 @@ class StepFinder {
   // On the ring nothing stands.
   [[nodiscard]] bool IsEmpty(Coordinate square) const { return position_.Board.At(square) == kNoPiece; }
   [[nodiscard]] bool HoldsOpponent(Coordinate square) const {
-    return position_.Board.ColourAt(square) == OtherColour(colour_);
+    return position_.Board.ColourAt(square) == OpponentOf(colour_);
   }
 
   void Add(Coordinate square) {
@@ -69,7 +69,7 @@ class StepFinder {
 
   const ChessPosition& position_;
   Coordinate source_;
-  int colour_;
+  Colour colour_;
   TargetList& found_;
 };
 

@@ -16,15 +16,15 @@ std::u16string CastlingText(const CastleRights& rights) {
   return text + u"\r\n";
 }
 
-std::u16string EnPassantText(Coordinate square) {
-  return square == Coordinate{} ? std::u16string(u"No.") : UpperSquareName(square);
+std::u16string EnPassantText(std::optional<Coordinate> square) {
+  return square ? UpperSquareName(*square) : std::u16string(u"No.");
 }
 
 }  // namespace
 
 std::u16string PositionBoxText(const ChessPosition& position) {
   std::u16string text = u"Jug. Nº " + Decimal(position.MoveNumber) + u". Mueven ";
-  text += position.SideToMove == kWhite ? u"Blancas. " : u"Negras. ";
+  text += position.SideToMove == Colour::White ? u"Blancas. " : u"Negras. ";
   text += u"\r\n Enroques disponibles:\r\nBlancas. " + CastlingText(position.Castling.White);
   text += u"Negras. " + CastlingText(position.Castling.Black);
   text += u" Opción de comer al paso\r\nBlancas : " + EnPassantText(position.EnPassantSquares.White);

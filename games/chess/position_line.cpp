@@ -116,8 +116,8 @@ bool ReadBoard(LineReader& line, std::u16string_view letters, ChessBoard& board)
   return true;
 }
 
-int ReadSide(char16_t side, bool english) {
-  return side == kBlackToMove || (side == kWhiteToMove && english) ? kBlack : kWhite;
+Colour ReadSide(char16_t side, bool english) {
+  return side == kBlackToMove || (side == kWhiteToMove && english) ? Colour::Black : Colour::White;
 }
 
 PerColour<CastleRights> ReadCastling(std::u16string_view field, std::u16string_view letters) {
@@ -129,7 +129,7 @@ PerColour<CastleRights> ReadCastling(std::u16string_view field, std::u16string_v
 bool BlackPawnBeside(const ChessBoard& board, int column, int row) {
   const auto stands_in = [&](int beside) {
     const Coordinate square{.Column = beside, .Row = row};
-    return ChessBoard::IsOnBoard(square) && board.At(square) == PieceOf(kPawn, kBlack);
+    return ChessBoard::IsOnBoard(square) && board.At(square) == PieceOf(kPawn, Colour::Black);
   };
   return stands_in(column - 1) || stands_in(column + 1);
 }
@@ -138,7 +138,7 @@ bool BlackPawnBeside(const ChessBoard& board, int column, int row) {
 // side capture. Both copies of a resumed game count on each other to read it so.
 void ReadEnPassant(std::u16string_view field, ChessPosition& position) {
   if (field.size() < 2) {
-    position.FenEnPassant = {};
+    position.FenEnPassant.reset();
     position.EnPassantSquares = {};
     return;
   }
@@ -159,9 +159,10 @@ void ReadEnPassant(std::u16string_view field, ChessPosition& position) {
 std::u16string PositionLine(const ChessPosition& position) {
   std::u16string line;
   for (int row = kBoardSide; row >= 1; --row) line += RowText(position.Board, row);
-  line += position.SideToMove == kWhite ? kWhiteToMove : kBlackToMove;
+  line += position.SideToMove == Colour::White ? kWhiteToMove : kBlackToMove;
   line += kBlank + CastlingText(position.Castling) + kBlank;
-  line += position.FenEnPassant.Column == 0 ? std::u16string(1, kNothing) : SquareName(position.FenEnPassant);
+  const auto& told = position.FenEnPassant;
+  line += told && told->Column != 0 ? SquareName(*told) : std::u16string(1, kNothing);
   return line + kBlank + Decimal(position.HalfMoveClock) + kBlank + Decimal(position.MoveNumber);
 }
 

@@ -49,9 +49,9 @@ std::optional<ChessBoard> ReadBoard(std::u16string_view text) {
   return board;
 }
 
-std::optional<int> ReadSide(std::u16string_view text) {
-  if (text == u"w") return kWhite;
-  if (text == u"b") return kBlack;
+std::optional<Colour> ReadSide(std::u16string_view text) {
+  if (text == u"w") return Colour::White;
+  if (text == u"b") return Colour::Black;
   return std::nullopt;
 }
 
@@ -69,20 +69,19 @@ std::optional<PerColour<CastleRights>> ReadCastling(std::u16string_view text) {
   return text.empty() ? std::optional(castling) : std::nullopt;
 }
 
-// (0, 0) for "-".
-std::optional<Coordinate> ReadEnPassant(std::u16string_view text, int side_to_move) {
-  if (text == u"-") return Coordinate{};
+// Nothing when `text` is no square that a pawn of the other side has passed.
+std::optional<Coordinate> ReadEnPassant(std::u16string_view text, Colour side_to_move) {
   if (text.size() != 2) return std::nullopt;
   const Coordinate square{.Column = text[0] - u'a' + 1, .Row = text[1] - u'0'};
-  // The pawn that has passed it belongs to the other side and stands one step before it.
-  const int passed_row = BackRow(OtherColour(side_to_move)) + 2 * ForwardStep(OtherColour(side_to_move));
+  const Colour passer = OpponentOf(side_to_move);
+  const int passed_row = BackRow(passer) + 2 * ForwardStep(passer);
   return ChessBoard::IsOnBoard(square) && square.Row == passed_row ? std::optional(square) : std::nullopt;
 }
 
-bool MayCaptureOnto(const ChessBoard& board, Coordinate square, int side) {
+bool MayCaptureOnto(const ChessBoard& board, Coordinate square, Colour side) {
   const int pawn_row = square.Row - ForwardStep(side);
   const int own_pawn = PieceOf(kPawn, side);
-  return board.At({square.Column, pawn_row}) == PieceOf(kPawn, OtherColour(side)) &&
+  return board.At({square.Column, pawn_row}) == PieceOf(kPawn, OpponentOf(side)) &&
          (board.At({square.Column - 1, pawn_row}) == own_pawn || board.At({square.Column + 1, pawn_row}) == own_pawn);
 }
 
@@ -109,17 +108,15 @@ std::optional<ChessPosition> ReadStandardFen(std::u16string_view text) {
   const auto move_number = ReadCounter(fields[5]);
   if (!board || !side || !castling || !half_moves || !move_number) return std::nullopt;
   const auto en_passant = ReadEnPassant(fields[3], *side);
-  if (!en_passant) return std::nullopt;
+  if (!en_passant && fields[3] != u"-") return std::nullopt;
   ChessPosition position{.Board = *board,
                          .SideToMove = *side,
                          .Castling = *castling,
                          .KingSquares = FindKings(*board),
-                         .FenEnPassant = *en_passant,
+                         .FenEnPassant = en_passant,
                          .HalfMoveClock = *half_moves,
                          .MoveNumber = *move_number};
-  if (*en_passant != Coordinate{} && MayCaptureOnto(*board, *en_passant, *side)) {
-    position.EnPassantSquares[*side] = *en_passant;
-  }
+  if (en_passant && MayCaptureOnto(*board, *en_passant, *side)) position.EnPassantSquares[*side] = en_passant;
   return position;
 }
 

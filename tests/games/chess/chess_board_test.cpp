@@ -27,7 +27,7 @@ TEST(ChessBoard, ReadsTheRingAsEmpty) {
   for (int n = 0; n <= 9; ++n) {
     for (const Coordinate square : {Coordinate{0, n}, Coordinate{9, n}, Coordinate{n, 0}, Coordinate{n, 9}}) {
       EXPECT_EQ(board.At(square), kNoPiece) << square.Column << ", " << square.Row;
-      EXPECT_EQ(board.ColourAt(square), kNoColour) << square.Column << ", " << square.Row;
+      EXPECT_EQ(board.ColourAt(square), std::nullopt) << square.Column << ", " << square.Row;
     }
   }
 }
@@ -56,7 +56,7 @@ TEST(ChessBoard, KeepsEachPieceOnItsSquareAlone) {
   for (int column = 1; column <= kBoardSide; ++column) {
     for (int row = 1; row <= kBoardSide; ++row) {
       ChessBoard board;
-      board.Put({column, row}, PieceOf(kKnight, kBlack));
+      board.Put({column, row}, PieceOf(kKnight, Colour::Black));
       for (int x = 1; x <= kBoardSide; ++x) {
         for (int y = 1; y <= kBoardSide; ++y) {
           EXPECT_EQ(board.At({x, y}), x == column && y == row ? 13 : 0) << x << ", " << y;
@@ -68,11 +68,11 @@ TEST(ChessBoard, KeepsEachPieceOnItsSquareAlone) {
 
 TEST(ChessBoard, TellsTheColourOfAPiece) {
   ChessBoard board;
-  EXPECT_EQ(board.ColourAt({3, 3}), -1);
-  board.Put({3, 3}, PieceOf(kKing, kWhite));
-  EXPECT_EQ(board.ColourAt({3, 3}), 0);
-  board.Put({3, 3}, PieceOf(kPawn, kBlack));
-  EXPECT_EQ(board.ColourAt({3, 3}), 1);
+  EXPECT_EQ(board.ColourAt({3, 3}), std::nullopt);
+  board.Put({3, 3}, PieceOf(kKing, Colour::White));
+  EXPECT_EQ(board.ColourAt({3, 3}), Colour::White);
+  board.Put({3, 3}, PieceOf(kPawn, Colour::Black));
+  EXPECT_EQ(board.ColourAt({3, 3}), Colour::Black);
 }
 
 TEST(ChessBoard, BeginsWithWhiteOnTheFirstRows) {

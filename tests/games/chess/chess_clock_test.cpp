@@ -11,8 +11,8 @@ namespace {
 
 ChessClock At(int white, int black) {
   ChessClock clock;
-  clock.Tick(kWhite, white);
-  clock.Tick(kBlack, black);
+  clock.Tick(Colour::White, white);
+  clock.Tick(Colour::Black, black);
   return clock;
 }
 
@@ -23,10 +23,10 @@ TEST(ChessClock, BeginsAtZero) {
 
 TEST(ChessClock, CountsTheSecondsOfTheSideToMove) {
   ChessClock clock;
-  clock.Tick(kWhite, 1);
-  clock.Tick(kBlack, 2);
-  EXPECT_EQ(clock.ClockSeconds(kWhite), 1);
-  EXPECT_EQ(clock.ClockSeconds(kBlack), 2);
+  clock.Tick(Colour::White, 1);
+  clock.Tick(Colour::Black, 2);
+  EXPECT_EQ(clock.ClockSeconds(Colour::White), 1);
+  EXPECT_EQ(clock.ClockSeconds(Colour::Black), 2);
   EXPECT_EQ(clock.Text(), u"00:01 / 00:02");
 }
 
@@ -46,8 +46,8 @@ TEST(ChessClock, IsReset) {
 
 TEST(ChessClock, ProposesItsTimesWithoutPadding) {
   const ChessClock clock = At(307, 3600);
-  EXPECT_EQ(clock.Proposal(kWhite), u"5:7");
-  EXPECT_EQ(clock.Proposal(kBlack), u"60:0");
+  EXPECT_EQ(clock.Proposal(Colour::White), u"5:7");
+  EXPECT_EQ(clock.Proposal(Colour::Black), u"60:0");
 }
 
 TEST(ClockEntry, IsReadByTheLeadingNumberRule) {
@@ -85,8 +85,8 @@ TEST(ClockEntry, IsRefusedWithoutColonOrWithAFullMinute) {
 TEST(ChessClock, TakesBothTimes) {
   ChessClock clock = At(1, 2);
   EXPECT_TRUE(clock.Set({.Minutes = 5, .Seconds = 7}, {.Minutes = 60}));
-  EXPECT_EQ(clock.ClockSeconds(kWhite), 307);
-  EXPECT_EQ(clock.ClockSeconds(kBlack), 3600);
+  EXPECT_EQ(clock.ClockSeconds(Colour::White), 307);
+  EXPECT_EQ(clock.ClockSeconds(Colour::Black), 3600);
   EXPECT_EQ(clock.Text(), u"05:07 / 60:00");
 }
 
@@ -102,16 +102,16 @@ TEST(ChessClock, TakesNoTimeBeyondSixteenBits) {
   }
   EXPECT_EQ(clock.Text(), u"00:01 / 00:02");
   EXPECT_TRUE(clock.Set(kHighest, kHighest));
-  EXPECT_EQ(clock.ClockSeconds(kWhite), 32767);
+  EXPECT_EQ(clock.ClockSeconds(Colour::White), 32767);
 }
 
 TEST(ChessClock, ShowsNegativeTimesToo) {
   ChessClock clock;
   EXPECT_TRUE(clock.Set({.Minutes = -5, .Seconds = 10}, {.Seconds = -3}));
   EXPECT_EQ(clock.Text(), u"-04:-50 / 00:-03");
-  EXPECT_EQ(clock.Proposal(kWhite), u"-4:-50");
-  clock.Tick(kBlack, 1);
-  EXPECT_EQ(clock.ClockSeconds(kBlack), -2);
+  EXPECT_EQ(clock.Proposal(Colour::White), u"-4:-50");
+  clock.Tick(Colour::Black, 1);
+  EXPECT_EQ(clock.ClockSeconds(Colour::Black), -2);
 }
 
 }  // namespace

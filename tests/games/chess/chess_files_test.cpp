@@ -146,7 +146,7 @@ TEST_F(ChessFiles, ASavedPositionIsResumedByBoth) {
     EXPECT_EQ(copy->Flow.WhitePlayer(), Player::Client);
     EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Client)
         << "with Black to move the turn is handed over all the same";
-    EXPECT_EQ(copy->At(u"a1"_s), PieceOf(kKing, kWhite));
+    EXPECT_EQ(copy->At(u"a1"_s), PieceOf(kKing, Colour::White));
     EXPECT_EQ(copy->Flow.Game().Position().KingSquares.Black, (Coordinate{8, 1}));
     EXPECT_EQ(copy->Flow.Game().Position().MoveNumber, 9);
     EXPECT_EQ(copy->Screen.Moves, u"9. (...)"_s);
@@ -166,7 +166,7 @@ TEST_F(ChessFiles, TheRequesterWhoTakesWhiteMovesFirst) {
   EXPECT_EQ(White.Connection.Sent.last(), u"cargpturnos|0 0 0"_s);
   EXPECT_EQ(Black.Screen.Lines.last(), u"Posición cargada. Usted juega con  negras. Mueven  blancas."_s);
   Pair.Play(u"e2e4"_s);
-  EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite));
+  EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, Colour::White));
 }
 
 TEST_F(ChessFiles, ARefusalKeepsTheGame) {
@@ -224,7 +224,7 @@ TEST_F(ChessFiles, FilesOfOtherProgramsAreUnderstood) {
   White.Flow.Run(ChessCommand::OpenGame);
   Pair.Settle();
   for (const AjeCopy* copy : {&White, &Black}) {
-    EXPECT_EQ(copy->Flow.Game().Position().SideToMove, kBlack);
+    EXPECT_EQ(copy->Flow.Game().Position().SideToMove, Colour::Black);
     EXPECT_EQ(copy->Flow.Game().Position().HalfMoveClock, 12);
     EXPECT_EQ(copy->Flow.Game().Position().MoveNumber, 30);
   }

@@ -51,7 +51,7 @@ TEST_F(Chess, AMoveIsToldOnBothSides) {
     EXPECT_TRUE(copy->Screen.Position.startsWith(u"Jug. Nº 1. Mueven Blancas. "_s)) << "written before the turn passes";
     EXPECT_EQ(copy->Shown(u"e4"_s), (CellContent{.Text = u"P"_s, .Marks = Mark::LastMove}));
     EXPECT_EQ(copy->Shown(u"e2"_s), CellContent{.Marks = Mark::LastMove});
-    EXPECT_EQ(copy->Flow.Game().Position().SideToMove, kBlack);
+    EXPECT_EQ(copy->Flow.Game().Position().SideToMove, Colour::Black);
     EXPECT_EQ(copy->Flow.State().CurrentTurn, Player::Client);
   }
   Pair.Play(u"e7e5"_s);
@@ -87,7 +87,7 @@ TEST_F(Chess, AMoveThatWouldLeaveTheKingAttackedIsTakenBack) {
   Black.Click(u"f7"_s);
   Black.Click(u"f6"_s);
   EXPECT_EQ(Black.Screen.Status, u"Movimiento incorrecto. El rey quedaría en jaque."_s);
-  EXPECT_EQ(Black.At(u"f7"_s), PieceOf(kPawn, kBlack));
+  EXPECT_EQ(Black.At(u"f7"_s), PieceOf(kPawn, Colour::Black));
   EXPECT_FALSE(Black.Flow.Game().HasSelection());
   EXPECT_EQ(Black.Flow.State().CurrentTurn, Player::Client);
 }
@@ -106,8 +106,8 @@ TEST_F(Chess, AnEnPassantChanceIsToldAndTaken) {
 TEST_F(Chess, CastlingMovesTheRookOnBothSides) {
   Pair.Play(u"g1f3 g8f6 g2g3 g7g6 f1g2 f8g7 e1g1 e8g8"_s);
   for (const AjeCopy* copy : {&White, &Black}) {
-    EXPECT_EQ(copy->At(u"f1"_s), PieceOf(kRook, kWhite));
-    EXPECT_EQ(copy->At(u"f8"_s), PieceOf(kRook, kBlack));
+    EXPECT_EQ(copy->At(u"f1"_s), PieceOf(kRook, Colour::White));
+    EXPECT_EQ(copy->At(u"f8"_s), PieceOf(kRook, Colour::Black));
     EXPECT_TRUE(copy->Screen.Moves.endsWith(u"4. 0-0, 0-0\r\n"_s));
     EXPECT_EQ(copy->Screen.Lines.last(), u"Enroque corto"_s);
   }
@@ -132,8 +132,8 @@ TEST_F(Chess, APromotionAsksOnBothSides) {
   White.Click(u"b8"_s);
   Pair.Settle();
   EXPECT_EQ(White.Connection.Sent.last(), u"JUG|1 7 2 8 False 3"_s);
-  EXPECT_EQ(White.At(u"b8"_s), PieceOf(kKnight, kWhite));
-  EXPECT_EQ(Black.At(u"b8"_s), PieceOf(kQueen, kWhite)) << "each side's player chooses";
+  EXPECT_EQ(White.At(u"b8"_s), PieceOf(kKnight, Colour::White));
+  EXPECT_EQ(Black.At(u"b8"_s), PieceOf(kQueen, Colour::White)) << "each side's player chooses";
   EXPECT_EQ(White.Screen.Lines.last(), u"Peón blanco de a7 por Caballo negro de b8 Promociona a Caballo blanco"_s);
   EXPECT_TRUE(White.Screen.Moves.endsWith(u"5. a7xCb8=C"_s));
 }
@@ -156,7 +156,7 @@ TEST_F(Chess, APositionLoadedWhileAPromotionWaitsIsKept) {
   White.Click(u"a7"_s);
   White.Click(u"b8"_s);
   EXPECT_EQ(White.At(u"b8"_s), kNoPiece);
-  EXPECT_EQ(White.At(u"a1"_s), PieceOf(kKing, kWhite));
+  EXPECT_EQ(White.At(u"a1"_s), PieceOf(kKing, Colour::White));
   EXPECT_TRUE(White.Connection.Sent.filter(u"JUG|1 7"_s).isEmpty());
 }
 
@@ -193,7 +193,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(Chess, AReceivedMoveNeedsItsFirstFourFieldsAlone) {
   Black.Connection.Receive(u"JUG|5 2 5 4"_s);
   Pair.Settle();
-  EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite));
+  EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, Colour::White));
   EXPECT_EQ(Black.Flow.State().CurrentTurn, Player::Client);
 }
 
@@ -201,8 +201,8 @@ TEST_F(Chess, AReceivedMoveBeginsWithNothingPickedUpAndIsNotDescribed) {
   White.Click(u"d2"_s);
   White.Connection.Receive(u"JUG|5 2 5 4 False 0"_s);
   Pair.Settle();
-  EXPECT_EQ(White.At(u"d2"_s), PieceOf(kPawn, kWhite));
-  EXPECT_EQ(White.At(u"e4"_s), PieceOf(kPawn, kWhite));
+  EXPECT_EQ(White.At(u"d2"_s), PieceOf(kPawn, Colour::White));
+  EXPECT_EQ(White.At(u"e4"_s), PieceOf(kPawn, Colour::White));
   EXPECT_EQ(White.Screen.Status, u"Peón blanco seleccionado"_s);
   EXPECT_EQ(White.Flow.FG1().CurrentCell(), White.Flow.IndexOf(SquareNamed(u"e4"_s)));
 }
@@ -361,7 +361,7 @@ TEST_F(Chess, ARematchChangesColoursAndClearsAllTexts) {
     EXPECT_TRUE(copy->Screen.Position.startsWith(u"Jug. Nº 1. Mueven Blancas. "_s));
   }
   Pair.Play(u"e2e4"_s);
-  EXPECT_EQ(White.At(u"e4"_s), PieceOf(kPawn, kWhite)) << "Luis has moved";
+  EXPECT_EQ(White.At(u"e4"_s), PieceOf(kPawn, Colour::White)) << "Luis has moved";
 }
 
 TEST_F(Chess, AMoveThatArrivesAfterTheEndAsksForAnotherGameAsAClickDoes) {
@@ -408,7 +408,7 @@ INSTANTIATE_TEST_SUITE_P(Of, StrayMessages,
 
 TEST_F(Chess, TwoMessagesInOneReadBothCountInTheOrderOfTheTable) {
   Black.Dialogs.Expect({}, u"Ana se ha declarado en jaque mate."_s,
-                       [&] { EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite)) << "the move comes first"; });
+                       [&] { EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, Colour::White)) << "the move comes first"; });
   Black.Dialogs.Expect({}, box::kGameWon);
   Black.Connection.Receive(u"JUG|5 2 5 4 JMate|"_s);
   Pair.Settle();

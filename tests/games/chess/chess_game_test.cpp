@@ -125,12 +125,12 @@ TEST_F(Game, HandsTheMoveOutAndKeepsTheTurnUntilItIsPassed) {
   ASSERT_TRUE(outcome.Move);
   ExpectNothingPickedUp();
   EXPECT_EQ(outcome.Move->Target, Square("e4"));
-  EXPECT_EQ(Position().SideToMove, kWhite);
+  EXPECT_EQ(Position().SideToMove, Colour::White);
   game_.CompleteMove(*outcome.Move);
-  EXPECT_EQ(Position().SideToMove, kWhite);
+  EXPECT_EQ(Position().SideToMove, Colour::White);
   EXPECT_EQ(Position().FenEnPassant, (Coordinate{5, 6}));
   game_.PassTurn();
-  EXPECT_EQ(Position().SideToMove, kBlack);
+  EXPECT_EQ(Position().SideToMove, Colour::Black);
 }
 
 TEST_F(Game, CastlesWithTwoClicks) {
@@ -163,7 +163,7 @@ TEST_F(Game, KeepsTheTargetsOfThePickedUpPieceWhenAttacksAreAsked) {
   Click("e1");
   const CastleTargets castles = game_.CastleTargets();
   const std::size_t targets = game_.Targets().size();
-  EXPECT_FALSE(IsKingAttacked(Position(), kBlack));
+  EXPECT_FALSE(IsKingAttacked(Position(), Colour::Black));
   EXPECT_EQ(game_.CastleTargets(), castles);
   EXPECT_EQ(game_.Targets().size(), targets);
 }
@@ -184,7 +184,7 @@ TEST_F(Game, TakesAPositionFromALine) {
   EXPECT_EQ(Position().Board, Placed("Kb1 kd5").Board);
   EXPECT_EQ(Position().KingSquares.White, Square("b1"));
   EXPECT_EQ(Position().KingSquares.Black, Square("d5"));
-  EXPECT_EQ(Position().SideToMove, kBlack);
+  EXPECT_EQ(Position().SideToMove, Colour::Black);
   ExpectNothingPickedUp();
 }
 
@@ -203,7 +203,7 @@ TEST_F(Game, RefusesALineWithoutChangingAnything) {
 // ---- Editing ----
 
 TEST_F(Game, PutsAPieceInPlaceOfAnother) {
-  game_.Put(Square("d1"), PieceOf(kRook, kBlack));
+  game_.Put(Square("d1"), PieceOf(kRook, Colour::Black));
   EXPECT_EQ(Position().Board.At(Square("d1")), 12);
   game_.Put(Square("d1"), kNoPiece);
   EXPECT_EQ(Position().Board.At(Square("d1")), 0);
@@ -217,10 +217,10 @@ TEST_F(Game, PutsNothingOffTheBoard) {
 
 TEST_F(Game, FindsTheKingsAfterAnEdit) {
   game_.Put(Square("e1"), kNoPiece);
-  EXPECT_EQ(Position().KingSquares.White, Coordinate{});
-  game_.Put(Square("h4"), PieceOf(kKing, kWhite));
+  EXPECT_EQ(Position().KingSquares.White, std::nullopt);
+  game_.Put(Square("h4"), PieceOf(kKing, Colour::White));
   EXPECT_EQ(Position().KingSquares.White, Square("h4"));
-  game_.Put(Square("a4"), PieceOf(kKing, kBlack));
+  game_.Put(Square("a4"), PieceOf(kKing, Colour::Black));
   EXPECT_EQ(Position().KingSquares.Black, Square("a4"));
 }
 
@@ -235,7 +235,7 @@ TEST_F(Game, EmptiesTheBoardAndNothingElse) {
 
 TEST_F(Game, KeepsThePickedUpPieceAndItsTargetsWhenThePositionIsEdited) {
   Click("b1");
-  game_.Put(Square("c3"), PieceOf(kPawn, kWhite));
+  game_.Put(Square("c3"), PieceOf(kPawn, Colour::White));
   EXPECT_EQ(game_.Selection().Source, Square("b1"));
   EXPECT_TRUE(game_.Targets().Holds(Square("c3")));
 }
@@ -245,7 +245,7 @@ TEST_F(Game, SettlesCastlingAnewWhenThePositionIsEdited) {
   Click("e1");
   game_.Put(Square("g1"), kKnight);
   EXPECT_EQ(game_.CastleTargets(), (CastleTargets{.Short = {}, .Long = Square("c1")}));
-  game_.Put(Square("d8"), PieceOf(kRook, kBlack));
+  game_.Put(Square("d8"), PieceOf(kRook, Colour::Black));
   EXPECT_EQ(game_.CastleTargets(), CastleTargets{});
   game_.Put(Square("d8"), kNoPiece);
   game_.Put(Square("g1"), kNoPiece);
@@ -254,22 +254,21 @@ TEST_F(Game, SettlesCastlingAnewWhenThePositionIsEdited) {
 
 TEST_F(Game, TakesCountersAndTurnWithinTheirRanges) {
   EXPECT_TRUE(game_.SetMoveNumber(12));
-  EXPECT_TRUE(game_.SetSideToMove(kBlack));
+  game_.SetSideToMove(Colour::Black);
   EXPECT_TRUE(game_.SetHalfMoveClock(3));
   const auto expect_unchanged = [this] {
     EXPECT_EQ(Position().MoveNumber, 12);
-    EXPECT_EQ(Position().SideToMove, kBlack);
+    EXPECT_EQ(Position().SideToMove, Colour::Black);
     EXPECT_EQ(Position().HalfMoveClock, 3);
   };
   expect_unchanged();
   constexpr std::int16_t kBelowZero[] = {-1, -32768};
   EXPECT_FALSE(game_.SetMoveNumber(0));
   for (const std::int16_t number : kBelowZero) EXPECT_FALSE(game_.SetMoveNumber(number)) << number;
-  for (const int colour : {2, -1}) EXPECT_FALSE(game_.SetSideToMove(colour)) << colour;
   for (const std::int16_t half_moves : kBelowZero) EXPECT_FALSE(game_.SetHalfMoveClock(half_moves)) << half_moves;
   expect_unchanged();
   EXPECT_TRUE(game_.SetMoveNumber(1));
-  EXPECT_TRUE(game_.SetSideToMove(kWhite));
+  game_.SetSideToMove(Colour::White);
   EXPECT_TRUE(game_.SetHalfMoveClock(0));
   EXPECT_EQ(Position(), StartPosition());
 }

@@ -145,14 +145,14 @@ TEST_F(ChessModes, PiecesOfBothSidesCanBePickedUpInFreeMode) {
   White.Click(u"e7"_s);
   EXPECT_EQ(White.Screen.Status, u"Peón negro seleccionado"_s);
   White.Click(u"e5"_s);
-  EXPECT_EQ(White.At(u"e5"_s), PieceOf(kPawn, kBlack));
+  EXPECT_EQ(White.At(u"e5"_s), PieceOf(kPawn, Colour::Black));
 }
 
 TEST_F(ChessModes, DeleteEmptiesTheClickedSquareInFreeModeAndBeepsOtherwise) {
   White.Click(u"e2"_s);
   White.Flow.BoardKeyPressed(Qt::Key_Delete);
   EXPECT_EQ(White.Screen.Beeps, 1);
-  EXPECT_EQ(White.At(u"e2"_s), PieceOf(kPawn, kWhite));
+  EXPECT_EQ(White.At(u"e2"_s), PieceOf(kPawn, Colour::White));
   White.Flow.BoardKeyPressed(Qt::Key_Menu);
   FreeMode();
   White.Flow.BoardKeyPressed(Qt::Key_Delete);
@@ -213,19 +213,19 @@ TEST_F(ChessModes, DataAreSetOneAfterTheOther) {
   White.Dialogs.ExpectInput(title, half_moves, u"0"_s, u"3"_s);
   run();
   EXPECT_EQ(position.MoveNumber, 12);
-  EXPECT_EQ(position.SideToMove, kBlack);
+  EXPECT_EQ(position.SideToMove, Colour::Black);
   EXPECT_EQ(position.HalfMoveClock, 3);
   EXPECT_TRUE(White.Screen.Position.startsWith(u"Jug. Nº 12. Mueven Negras. "_s));
   White.Dialogs.ExpectInput(title, number, u"12"_s, u"13"_s);
   White.Dialogs.ExpectInput(title, side, u"1"_s, u"2"_s);
   run();
   EXPECT_EQ(position.MoveNumber, 13);
-  EXPECT_EQ(position.SideToMove, kBlack);
+  EXPECT_EQ(position.SideToMove, Colour::Black);
   White.Dialogs.ExpectInput(title, number, u"13"_s, u"13"_s);
   White.Dialogs.ExpectInput(title, side, u"1"_s, QString());
   White.Dialogs.ExpectInput(title, half_moves, u"3"_s, u"-1"_s);
   run();
-  EXPECT_EQ(position.SideToMove, kWhite) << "a cancelled box reads as 0";
+  EXPECT_EQ(position.SideToMove, Colour::White) << "a cancelled box reads as 0";
   EXPECT_EQ(position.HalfMoveClock, 3);
 }
 
@@ -277,7 +277,7 @@ TEST_F(ChessModes, ATurnedBoardShowsAndTakesSquaresWhereTheyAre) {
   EXPECT_EQ(Black.Flow.FG1().Cell({1, 0}).Text, u"1"_s);
   EXPECT_EQ(Black.Flow.FG1().Cell({1, 4}).Text, u"R"_s) << "White's king, seen from Black's side";
   Pair.Play(u"e2e4 e7e5"_s);
-  EXPECT_EQ(Black.At(u"e5"_s), PieceOf(kPawn, kBlack));
+  EXPECT_EQ(Black.At(u"e5"_s), PieceOf(kPawn, Colour::Black));
   EXPECT_EQ(Black.Flow.FG1().Cell({4, 4}).Text, u"P"_s);
   Black.Flow.Run(ChessCommand::TurnBoard);
   EXPECT_EQ(Black.Flow.FG1().Cell({5, 5}).Text, u"P"_s);

@@ -1,6 +1,7 @@
 // ChessFlow: each message of a game, and the closing of the window, at each moment at which they can come.
 #include <gtest/gtest.h>
 
+#include "games/chess/chess_messages.h"
 #include "games/chess/position_line.h"
 #include "tests/games/chess/chess_moments.h"
 #include "text/qt_text.h"
@@ -22,12 +23,6 @@ INSTANTIATE_TEST_SUITE_P(At, WhileAnAnswerIsAwaited, testing::ValuesIn(BusyMomen
 
 enum class Ending { None, Won, Drawn };
 
-struct Turns {
-  Player White;
-  int SideToMove;
-  Player ToMove;
-};
-
 struct Told {
   QString Text;
   std::vector<std::pair<QString, QString>> Boxes;  // title and text
@@ -37,7 +32,7 @@ struct Told {
   Ending End = Ending::None;
   QString ToMoves = {};
   QString Position = {};  // that is set up
-  std::optional<Turns> Turned = {};
+  std::optional<ResumedTurns> Turns = {};
 };
 
 const std::vector<Told> kMessages{
@@ -89,7 +84,7 @@ const std::vector<Told> kMessages{
      .Boxes = {{u"Abrir partida "_s, u"El texto no contiene una posición de ajedrez."_s}}},
     {.Text = u"cargpturnos|1 1 0"_s,
      .Line = u"Posición cargada. Usted juega con  negras. Mueven  negras."_s,
-     .Turned = Turns{Player::Client, kBlack, Player::Server}},
+     .Turns = ResumedTurns{Player::Client, Colour::Black, Player::Server}},
     {.Text = u"cargpturnos|0 7 0"_s},
     {.Text = u"cargpturnos|0 0"_s},
     {.Text = u"modolibre|modolibre|"_s, .Boxes = {{{}, u"Luis ha activado el modo libre."_s}}},
@@ -138,7 +133,7 @@ void ExpectDone(Ana& ana, const Told& told) {
     EXPECT_EQ(copy.Flow.Winner(), told.End == Ending::Won ? std::optional(Player::Server) : std::nullopt);
   }
   const auto [white, side, turn] =
-      told.Turned.value_or(Turns{before.StartingPlayer, position.SideToMove, before.CurrentTurn});
+      told.Turns.value_or(ResumedTurns{before.StartingPlayer, position.SideToMove, before.CurrentTurn});
   EXPECT_EQ(after.StartingPlayer, white);
   EXPECT_EQ(after.CurrentTurn, turn);
   position.SideToMove = side;

@@ -28,7 +28,7 @@ TEST(Move, TakesThePieceToItsTarget) {
 
 TEST(Move, Captures) {
   ChessPosition position = Placed("Ke1 Nb1 rc3");
-  EXPECT_EQ(Make(position, "b1c3").Captured, PieceOf(kRook, kBlack));
+  EXPECT_EQ(Make(position, "b1c3").Captured, PieceOf(kRook, Colour::Black));
   EXPECT_EQ(position.Board, Placed("Ke1 Nc3").Board);
 }
 
@@ -204,7 +204,7 @@ TEST(DoubleStep, LetsAPawnBesideItCaptureEnPassant) {
       {"Pe2", "e2e4", "", ""},       {"Pe2 pc4", "e2e4", "", ""},   {"Pe2 Pd4 rf4", "e2e4", "", ""},
       {"pe7 pd5", "e7e5", "", ""},   {"Pe3 pd4", "e3e4", "", ""},   {"Pe2 pd3", "e2e3", "", ""},
   };
-  const auto square = [](std::string_view name) { return name.empty() ? Coordinate{} : Square(name); };
+  const auto square = [](std::string_view name) { return name.empty() ? std::nullopt : std::optional(Square(name)); };
   for (const auto& tested : cases) {
     SCOPED_TRACE(tested.Pieces);
     ChessPosition position = Placed(tested.Pieces);
@@ -226,7 +226,7 @@ TEST(EnPassant, CapturesThePawnBehindTheSquare) {
 
 TEST(EnPassant, CapturesDownwardsToo) {
   ChessPosition position = Placed("Pe5 pd7 Ke1 ke8");
-  position.SideToMove = kBlack;
+  position.SideToMove = Colour::Black;
   Play(position, "d7d5");
   const ChessMove capture = Play(position, "e5d6");
   EXPECT_TRUE(capture.EnPassantCapture);
@@ -246,14 +246,14 @@ TEST(EnPassant, EndsWithTheNextMoveOfTheSideThatAllowedIt) {
   Play(position, "e8e7");
   EXPECT_EQ(position.EnPassantSquares.Black, Square("e3"));
   Play(position, "e1e2");
-  EXPECT_EQ(position.EnPassantSquares.Black, Coordinate{});
+  EXPECT_EQ(position.EnPassantSquares.Black, std::nullopt);
 }
 
 // ---- Promotion ----
 
 TEST(Promotion, WaitsForAChoice) {
   for (const auto& [pieces, move, pawn] :
-       {std::tuple("Pe7", "e7e8", kPawn), std::tuple("pe2", "e2e1", PieceOf(kPawn, kBlack))}) {
+       {std::tuple("Pe7", "e7e8", kPawn), std::tuple("pe2", "e2e1", PieceOf(kPawn, Colour::Black))}) {
     ChessPosition position = Placed(pieces);
     const std::optional<ChessMove> made = Try(position, move);
     ASSERT_TRUE(made);
@@ -265,12 +265,12 @@ TEST(Promotion, WaitsForAChoice) {
 
 TEST(Promotion, TurnsThePawnIntoWhatIsChosen) {
   for (const int choice : kPromotionChoices) {
-    for (const int colour : {kWhite, kBlack}) {
+    for (const Colour colour : kBothColours) {
       ChessPosition position = Placed("Pe7 pe2");
-      std::optional<ChessMove> move = Try(position, colour == kWhite ? "e7e8" : "e2e1");
+      std::optional<ChessMove> move = Try(position, colour == Colour::White ? "e7e8" : "e2e1");
       ASSERT_TRUE(move);
       CompleteMove(position, *move, choice);
-      EXPECT_EQ(position.Board.At(move->Target), choice + (10 * colour));
+      EXPECT_EQ(position.Board.At(move->Target), choice + (colour == Colour::White ? 0 : 10));
       EXPECT_EQ(move->PromotionChoice, choice);
       EXPECT_FALSE(move->PromotionPending);
     }
@@ -316,16 +316,16 @@ TEST(MoveNumber, GrowsAfterBlack) {
   ChessPosition position = StartPosition();
   Play(position, "e2e4");
   EXPECT_EQ(position.MoveNumber, 1);
-  EXPECT_EQ(position.SideToMove, kBlack);
+  EXPECT_EQ(position.SideToMove, Colour::Black);
   Play(position, "e7e5");
   EXPECT_EQ(position.MoveNumber, 2);
-  EXPECT_EQ(position.SideToMove, kWhite);
+  EXPECT_EQ(position.SideToMove, Colour::White);
 }
 
 TEST(Counters, StayAtTheirHighestValue) {
   constexpr std::int16_t kHighest = std::numeric_limits<std::int16_t>::max();
   ChessPosition position = Placed("ka8");
-  position.SideToMove = kBlack;
+  position.SideToMove = Colour::Black;
   position.HalfMoveClock = kHighest;
   position.MoveNumber = kHighest;
   Play(position, "a8b8");
@@ -337,15 +337,23 @@ TEST(FenEnPassant, TellsADoubleStep) {
   struct {
     const char* Pieces = nullptr;
     const char* Move = nullptr;
-    Coordinate Told;
+    std::optional<Coordinate> Told;
   } const cases[] = {
-      {"Pe2 pd4", "e2e4", {5, 6}}, {"Pe2", "e2e4", {5, 6}}, {"Pa2", "a2a4", {1, 2}}, {"Ph2", "h2h4", {8, 9}},
-      {"pe7", "e7e5", {5, 6}},     {"ph7", "h7h5", {8, 6}}, {"Pe2", "e2e3", {0, 0}}, {"pe7", "e7e6", {0, 0}},
-      {"Re2", "e2e4", {0, 0}},     {"Pe3", "e3e4", {0, 0}}, {"re7", "e7e5", {0, 0}},
+      {"Pe2 pd4", "e2e4", Coordinate{5, 6}},
+      {"Pe2", "e2e4", Coordinate{5, 6}},
+      {"Pa2", "a2a4", Coordinate{1, 2}},
+      {"Ph2", "h2h4", Coordinate{8, 9}},
+      {"pe7", "e7e5", Coordinate{5, 6}},
+      {"ph7", "h7h5", Coordinate{8, 6}},
+      {"Pe2", "e2e3", {}},
+      {"pe7", "e7e6", {}},
+      {"Re2", "e2e4", {}},
+      {"Pe3", "e3e4", {}},
+      {"re7", "e7e5", {}},
   };
   for (const auto& tested : cases) {
     ChessPosition position = Placed(tested.Pieces);
-    position.FenEnPassant = {3, 3};
+    position.FenEnPassant = Coordinate{3, 3};
     Make(position, tested.Move);
     EXPECT_EQ(position.FenEnPassant, tested.Told) << tested.Pieces << ' ' << tested.Move;
   }

@@ -10,19 +10,19 @@ namespace {
 
 struct Named {
   int Piece;
-  int Colour;
+  brontavia::Colour Colour;
   int Kind;
   std::u16string_view Name;
   char16_t Ending;
 };
 
 constexpr Named kPieces[] = {
-    {1, kWhite, kPawn, u"Peón blanco", u'o'},      {2, kWhite, kRook, u"Torre blanca", u'a'},
-    {3, kWhite, kKnight, u"Caballo blanco", u'o'}, {4, kWhite, kBishop, u"Alfil blanco", u'o'},
-    {5, kWhite, kQueen, u"Dama blanca", u'a'},     {6, kWhite, kKing, u"Rey blanco", u'o'},
-    {11, kBlack, kPawn, u"Peón negro", u'o'},      {12, kBlack, kRook, u"Torre negra", u'a'},
-    {13, kBlack, kKnight, u"Caballo negro", u'o'}, {14, kBlack, kBishop, u"Alfil negro", u'o'},
-    {15, kBlack, kQueen, u"Dama negra", u'a'},     {16, kBlack, kKing, u"Rey negro", u'o'},
+    {1, Colour::White, kPawn, u"Peón blanco", u'o'},      {2, Colour::White, kRook, u"Torre blanca", u'a'},
+    {3, Colour::White, kKnight, u"Caballo blanco", u'o'}, {4, Colour::White, kBishop, u"Alfil blanco", u'o'},
+    {5, Colour::White, kQueen, u"Dama blanca", u'a'},     {6, Colour::White, kKing, u"Rey blanco", u'o'},
+    {11, Colour::Black, kPawn, u"Peón negro", u'o'},      {12, Colour::Black, kRook, u"Torre negra", u'a'},
+    {13, Colour::Black, kKnight, u"Caballo negro", u'o'}, {14, Colour::Black, kBishop, u"Alfil negro", u'o'},
+    {15, Colour::Black, kQueen, u"Dama negra", u'a'},     {16, Colour::Black, kKing, u"Rey negro", u'o'},
 };
 
 TEST(ChessPiece, HasAColourAKindAndAName) {
@@ -36,9 +36,12 @@ TEST(ChessPiece, HasAColourAKindAndAName) {
   }
 }
 
-TEST(ChessPiece, IsNoneWithoutColour) {
-  EXPECT_EQ(ColourOf(kNoPiece), kNoColour);
-  EXPECT_EQ(KindOf(kNoPiece), kNoPiece);
+TEST(ChessPiece, IsOfNoKindWhereThereIsNone) { EXPECT_EQ(KindOf(kNoPiece), kNoPiece); }
+
+TEST(Colours, AreToldByTheirNumbersAlone) {
+  for (const Colour colour : kBothColours) EXPECT_EQ(ColourOfNumber(NumberOf(colour)), colour);
+  EXPECT_EQ(NumberOf(Colour::White), 0);
+  for (const int number : {-1, 2}) EXPECT_EQ(ColourOfNumber(number), std::nullopt) << number;
 }
 
 TEST(ChessPiece, HasNoNameForOtherCodes) {

@@ -12,6 +12,18 @@ namespace brontavia {
 
 void PrintTo(const Coordinate& square, std::ostream* out) { *out << '(' << square.Column << ", " << square.Row << ')'; }
 
+namespace {
+
+void PrintTo(const std::optional<Coordinate>& square, std::ostream* out) {
+  if (square) {
+    PrintTo(*square, out);
+  } else {
+    *out << "none";
+  }
+}
+
+}  // namespace
+
 void PrintTo(const ChessPosition& position, std::ostream* out) {
   *out << test::Narrow(PositionLine(position)) << "; kings ";
   PrintTo(position.KingSquares.White, out);
@@ -31,7 +43,7 @@ int PieceCalled(char letter) {
   const auto small = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
   const std::size_t kind = kKinds.find(small);
   if (kind == std::string_view::npos) throw std::invalid_argument("no such piece");
-  return PieceOf(static_cast<int>(kind) + 1, small == letter ? kBlack : kWhite);
+  return PieceOf(static_cast<int>(kind) + 1, small == letter ? Colour::Black : Colour::White);
 }
 
 }  // namespace

@@ -10,15 +10,15 @@ namespace {
 TEST(ChessPosition, BeginsWithEverythingAllowedAndNothingCounted) {
   const ChessPosition position = StartPosition();
   EXPECT_EQ(position.Board, StartBoard());
-  EXPECT_EQ(position.SideToMove, kWhite);
-  for (const int colour : {kWhite, kBlack}) {
+  EXPECT_EQ(position.SideToMove, Colour::White);
+  for (const Colour colour : kBothColours) {
     EXPECT_TRUE(position.Castling[colour].Short);
     EXPECT_TRUE(position.Castling[colour].Long);
-    EXPECT_EQ(position.EnPassantSquares[colour], Coordinate{});
+    EXPECT_EQ(position.EnPassantSquares[colour], std::nullopt);
   }
   EXPECT_EQ(position.KingSquares.White, Square("e1"));
   EXPECT_EQ(position.KingSquares.Black, Square("e8"));
-  EXPECT_EQ(position.FenEnPassant, Coordinate{});
+  EXPECT_EQ(position.FenEnPassant, std::nullopt);
   EXPECT_EQ(position.HalfMoveClock, 0);
   EXPECT_EQ(position.MoveNumber, 1);
 }
@@ -31,7 +31,7 @@ TEST(Kings, AreFoundWhereverTheyStand) {
 
 TEST(Kings, AreNowhereWithoutOne) {
   const auto kings = FindKings(Placed("Qe1 ke8").Board);
-  EXPECT_EQ(kings.White, Coordinate{});
+  EXPECT_EQ(kings.White, std::nullopt);
   EXPECT_EQ(kings.Black, Square("e8"));
 }
 

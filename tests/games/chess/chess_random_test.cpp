@@ -22,6 +22,7 @@ class Random {
 
   int Below(int bound) { return static_cast<int>(numbers_() % static_cast<unsigned>(bound)); }
   bool OneIn(int count) { return Below(count) == 0; }
+  Colour AnyColour() { return OneIn(2) ? Colour::White : Colour::Black; }
   Coordinate Square() { return {.Column = 1 + Below(8), .Row = 1 + Below(8)}; }
 
  private:
@@ -30,7 +31,7 @@ class Random {
 
 // Kings and rooks at home and little between them, so that castling is often near.
 void PutForCastling(Random& random, ChessBoard& board) {
-  for (const int colour : {kWhite, kBlack}) {
+  for (const Colour colour : kBothColours) {
     const int row = BackRow(colour);
     for (int column = 2; column <= 7; ++column) {
       if (!random.OneIn(8)) board.Put({column, row}, kNoPiece);
@@ -46,24 +47,27 @@ void PutForCastling(Random& random, ChessBoard& board) {
 ChessPosition RandomPosition(Random& random) {
   ChessPosition position;
   for (int pieces = 1 + random.Below(24); pieces > 0; --pieces) {
-    position.Board.Put(random.Square(), PieceOf(1 + random.Below(6), random.Below(2)));
+    position.Board.Put(random.Square(), PieceOf(1 + random.Below(6), random.AnyColour()));
   }
   if (random.OneIn(3)) PutForCastling(random, position.Board);
-  position.SideToMove = random.Below(2);
+  position.SideToMove = random.AnyColour();
   const int rights = random.Below(32);  // half of the time all
-  for (const int colour : {kWhite, kBlack}) {
-    const int own = rights >> (2 * colour);
+  for (const Colour colour : kBothColours) {
+    const int own = rights >> (2 * NumberOf(colour));
     position.Castling[colour] = {.Short = rights >= 16 || (own & 1) != 0, .Long = rights >= 16 || (own & 2) != 0};
   }
-  if (random.OneIn(2)) position.EnPassantSquares.White = {random.Below(10), 6};
-  if (random.OneIn(2)) position.EnPassantSquares.Black = {random.Below(10), 3};
+  if (random.OneIn(2)) position.EnPassantSquares.White = Coordinate{random.Below(10), 6};
+  if (random.OneIn(2)) position.EnPassantSquares.Black = Coordinate{random.Below(10), 3};
   position.KingSquares = FindKings(position.Board);
   position.HalfMoveClock = static_cast<std::int16_t>(random.Below(100));
   position.MoveNumber = static_cast<std::int16_t>(1 + random.Below(100));
   return position;
 }
 
-Coordinate At(Place place) { return {.Column = place.first, .Row = place.second}; }
+std::optional<Coordinate> SquareAt(Place place) {
+  if (place == Place{}) return std::nullopt;
+  return Coordinate{.Column = place.first, .Row = place.second};
+}
 
 PlainChess::Places PlacesOf(const TargetList& targets) {
   PlainChess::Places places;
@@ -76,20 +80,25 @@ void CompareTargets(const ChessPosition& position, PlainChess& plain, Coordinate
   ASSERT_EQ(PlacesOf(targets.Squares), plain.Targets(square.Column, square.Row))
       << testing::PrintToString(square) << " of " << testing::PrintToString(position);
   if (KindOf(position.Board.At(square)) != kKing) return;
-  ASSERT_EQ(targets.Castles.Short, At(plain.CastleShort)) << testing::PrintToString(position);
-  ASSERT_EQ(targets.Castles.Long, At(plain.CastleLong)) << testing::PrintToString(position);
+  ASSERT_EQ(targets.Castles.Short, SquareAt(plain.CastleShort)) << testing::PrintToString(position);
+  ASSERT_EQ(targets.Castles.Long, SquareAt(plain.CastleLong)) << testing::PrintToString(position);
 }
 
-void CompareAttack(const ChessPosition& position, const PlainChess& plain, Coordinate square, int colour) {
-  ASSERT_EQ(IsSquareAttacked(position, square, colour), plain.Attacked(square.Column, square.Row, colour))
-      << testing::PrintToString(square) << ", colour " << colour << " of " << testing::PrintToString(position);
+// How the second implementation tells a colour, or none.
+int PlainColour(std::optional<Colour> colour) { return colour ? NumberOf(*colour) : -1; }
+
+void CompareAttack(const ChessPosition& position, const PlainChess& plain, Coordinate square,
+                   std::optional<Colour> colour) {
+  ASSERT_EQ(IsSquareAttacked(position, square, colour), plain.Attacked(square.Column, square.Row, PlainColour(colour)))
+      << testing::PrintToString(square) << ", colour " << PlainColour(colour) << " of "
+      << testing::PrintToString(position);
 }
 
 void CompareLiftedAttack(const ChessPosition& position, const PlainChess& plain, Random& random) {
   const Coordinate square = random.Square();
   const Coordinate lifted = random.Square();
-  ASSERT_EQ(IsSquareAttacked(position, square, kNoColour, lifted),
-            plain.Attacked(square.Column, square.Row, kNoColour, {lifted.Column, lifted.Row}))
+  ASSERT_EQ(IsSquareAttacked(position, square, std::nullopt, lifted),
+            plain.Attacked(square.Column, square.Row, PlainColour(std::nullopt), {lifted.Column, lifted.Row}))
       << testing::PrintToString(square) << " without " << testing::PrintToString(lifted) << " of "
       << testing::PrintToString(position);
 }
@@ -101,13 +110,14 @@ void ComparePosition(const ChessPosition& position, Random& random) {
   if (position.Board.At(square) != kNoPiece) {
     ASSERT_NO_FATAL_FAILURE(CompareTargets(position, plain, square));
   }
-  for (const Coordinate king : {position.KingSquares.White, position.KingSquares.Black}) {
-    if (king == Coordinate{}) continue;
-    ASSERT_NO_FATAL_FAILURE(CompareTargets(position, plain, king));
+  for (const Colour colour : kBothColours) {
+    const std::optional<Coordinate> king = position.KingSquares[colour];
+    if (!king) continue;
+    ASSERT_NO_FATAL_FAILURE(CompareTargets(position, plain, *king));
+    ASSERT_NO_FATAL_FAILURE(CompareAttack(position, plain, *king, colour));
   }
-  ASSERT_NO_FATAL_FAILURE(CompareAttack(position, plain, random.Square(), random.Below(3) - 1));
-  ASSERT_NO_FATAL_FAILURE(CompareAttack(position, plain, position.KingSquares.White, kWhite));
-  ASSERT_NO_FATAL_FAILURE(CompareAttack(position, plain, position.KingSquares.Black, kBlack));
+  ASSERT_NO_FATAL_FAILURE(CompareAttack(position, plain, random.Square(),
+                                        random.OneIn(3) ? std::nullopt : std::optional(random.AnyColour())));
   if (random.OneIn(4)) CompareLiftedAttack(position, plain, random);
 }
 
@@ -165,11 +175,11 @@ class RandomGame {
 
   // Often where a pawn may capture en passant, should one stand there.
   Coordinate RandomSource() {
-    const int side = game_.Position().SideToMove;
-    const Coordinate onto = game_.Position().EnPassantSquares[side];
-    if (onto == Coordinate{} || random_.OneIn(2)) return random_.Square();
-    return {onto.Column == 1 || (onto.Column < 8 && random_.OneIn(2)) ? onto.Column + 1 : onto.Column - 1,
-            onto.Row - ForwardStep(side)};
+    const Colour side = game_.Position().SideToMove;
+    const std::optional<Coordinate> onto = game_.Position().EnPassantSquares[side];
+    if (!onto || random_.OneIn(2)) return random_.Square();
+    return {onto->Column == 1 || (onto->Column < 8 && random_.OneIn(2)) ? onto->Column + 1 : onto->Column - 1,
+            onto->Row - ForwardStep(side)};
   }
 
   // Mostly one that can be reached; often the last one, with which a king castles and a pawn captures.

@@ -51,7 +51,7 @@ TEST(ChessBeforeTheFirstTurn, NobodyMoves) {
   pair.Ask();
   pair.Settle();
   pair.Play(u"e2e4"_s);
-  EXPECT_EQ(pair.Client.At(u"e4"_s), PieceOf(kPawn, kWhite));
+  EXPECT_EQ(pair.Client.At(u"e4"_s), PieceOf(kPawn, Colour::White));
 }
 
 // ---- Several messages in one read ----
@@ -116,7 +116,7 @@ TEST_F(ChessReads, ADescriptionRunsToTheEndOfItsRead) {
 
 TEST_F(ChessReads, AMoveAndADrawOfferInOneReadAreBothAnswered) {
   Black.Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::No,
-                       [&] { EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite)); });
+                       [&] { EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, Colour::White)); });
   White.Dialogs.Expect({}, u"El otro jugador no ha aceptado su propuesta. Realice su siguiente movimiento."_s);
   Black.Connection.Receive(u"JUG|5 2 5 4 False 0SolTablas|"_s);
   Pair.Settle();
@@ -125,8 +125,8 @@ TEST_F(ChessReads, AMoveAndADrawOfferInOneReadAreBothAnswered) {
 TEST_F(ChessReads, TwoMovesInOneReadAreTheFirstOne) {
   Black.Connection.Receive(u"JUG|5 2 5 4 False 0JUG|5 7 5 5 False 0"_s);
   Pair.Settle();
-  EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite));
-  EXPECT_EQ(Black.At(u"e7"_s), PieceOf(kPawn, kBlack));
+  EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, Colour::White));
+  EXPECT_EQ(Black.At(u"e7"_s), PieceOf(kPawn, Colour::Black));
 }
 
 TEST_F(ChessReads, AMoveThatIsCutIsNoMove) {
@@ -143,7 +143,7 @@ TEST_F(ChessReads, AMoveThatIsCutIsNoMove) {
 TEST_F(ChessReads, AMoveAfterAnOfferIsPlayedWhileTheOfferIsAnswered) {
   Black.Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::Yes, [&] {
     Pair.Play(u"e2e4"_s);
-    EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, kWhite));
+    EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, Colour::White));
     EXPECT_EQ(Black.Flow.State().CurrentTurn, Player::Client);
   });
   Black.Dialogs.Expect({}, kDrawn);
@@ -168,7 +168,7 @@ TEST_F(ChessReads, ADrawAgreedWhileThePawnIsChosenLeavesTheChoice) {
   White.Click(u"a8"_s);
   Pair.Settle();
   EXPECT_TRUE(White.Flow.State().GameOver);
-  EXPECT_EQ(White.At(u"a8"_s), PieceOf(kQueen, kWhite));
+  EXPECT_EQ(White.At(u"a8"_s), PieceOf(kQueen, Colour::White));
   EXPECT_EQ(White.Connection.Sent.last(), u"JUG|1 7 1 8 False 5"_s);
 }
 
@@ -183,7 +183,7 @@ TEST_F(ChessReads, AMoveOfTheOtherSideIsRefusedWhileThePawnIsChosen) {
   White.Click(u"a7"_s);
   White.Click(u"a8"_s);
   Pair.Settle();
-  EXPECT_EQ(White.At(u"h8"_s), PieceOf(kKing, kBlack));
+  EXPECT_EQ(White.At(u"h8"_s), PieceOf(kKing, Colour::Black));
   EXPECT_EQ(White.Connection.Sent.last(), u"JUG|1 7 1 8 False 2"_s) << "the own move is sent all the same";
 }
 
@@ -195,8 +195,8 @@ TEST_F(ChessReads, BothSidesPromoteToTheirOwnColour) {
   }
   Pair.Play(u"a7a8 g2g1"_s);
   for (const AjeCopy* copy : {&White, &Black}) {
-    EXPECT_EQ(copy->At(u"a8"_s), PieceOf(kKnight, kWhite));
-    EXPECT_EQ(copy->At(u"g1"_s), PieceOf(kKnight, kBlack));
+    EXPECT_EQ(copy->At(u"a8"_s), PieceOf(kKnight, Colour::White));
+    EXPECT_EQ(copy->At(u"g1"_s), PieceOf(kKnight, Colour::Black));
     EXPECT_EQ(copy->Screen.Lines.last(), u"Peón negro de g2 a g1 Promociona a Caballo blanco"_s);
     EXPECT_TRUE(copy->Screen.Moves.endsWith(u", g2-g1=C\r\n"_s));
   }
@@ -213,7 +213,7 @@ TEST_F(ChessReads, AReceivedPromotionIsNotSentBackWhateverElseArrives) {
   });
   Black.Connection.Receive(u"JUG|1 7 1 8 False 4"_s);
   Pair.Settle();
-  EXPECT_EQ(Black.At(u"a8"_s), PieceOf(kBishop, kWhite));
+  EXPECT_EQ(Black.At(u"a8"_s), PieceOf(kBishop, Colour::White));
   EXPECT_EQ(Black.Connection.Sent.size(), sent);
 }
 

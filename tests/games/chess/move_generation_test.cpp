@@ -23,20 +23,22 @@ void PrintTo(const Castling& castling, std::ostream* out) { *out << castling.Nam
 
 class CastlingIsOffered : public testing::TestWithParam<Castling> {};
 
-Coordinate SquareOrNone(std::string_view name) { return name == "-" ? Coordinate{} : Square(name); }
+std::optional<Coordinate> SquareOrNone(std::string_view name) {
+  return name == "-" ? std::nullopt : std::optional(Square(name));
+}
 
 TEST_P(CastlingIsOffered, WhereTheWayIsFree) {
   const Castling& castling = GetParam();
   const ChessPosition position = Placed(castling.Pieces, castling.Rights);
   const GeneratedTargets targets = GenerateTargets(position, Pick(position, castling.King));
-  const Coordinate short_target = SquareOrNone(castling.Short);
-  const Coordinate long_target = SquareOrNone(castling.Long);
+  const std::optional<Coordinate> short_target = SquareOrNone(castling.Short);
+  const std::optional<Coordinate> long_target = SquareOrNone(castling.Long);
   EXPECT_EQ(targets.Castles.Short, short_target);
   EXPECT_EQ(targets.Castles.Long, long_target);
   const std::size_t steps = PieceSteps(position, Pick(position, castling.King)).size();
-  EXPECT_EQ(targets.Squares.size(), steps + (short_target != Coordinate{}) + (long_target != Coordinate{}));
-  for (const Coordinate target : {short_target, long_target}) {
-    EXPECT_EQ(targets.Squares.Holds(target), target != Coordinate{});
+  EXPECT_EQ(targets.Squares.size(), steps + (short_target ? 1 : 0) + (long_target ? 1 : 0));
+  for (const std::optional<Coordinate>& target : {short_target, long_target}) {
+    EXPECT_TRUE(!target || targets.Squares.Holds(*target));
   }
 }
 

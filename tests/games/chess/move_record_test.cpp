@@ -28,7 +28,7 @@ TEST_P(MoveRecords, HaveBothTexts) {
   const Recorded& recorded = GetParam();
   ChessPosition position = Placed(recorded.Pieces, "KQkq");
   position.MoveNumber = static_cast<std::int16_t>(recorded.Number);
-  position.SideToMove = position.Board.ColourAt(Square(std::string_view(recorded.Move).substr(0, 2)));
+  position.SideToMove = ColourOf(position.Board.At(Square(std::string_view(recorded.Move).substr(0, 2))));
   if (recorded.EnPassant != nullptr) {
     position.EnPassantSquares = {.White = Square(recorded.EnPassant), .Black = Square(recorded.EnPassant)};
   }
@@ -94,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(MoveRecord, MoveRecords, testing::ValuesIn(kRecords),
 TEST(MoveRecord, TellsTheSideByThePieceAndTheCheckByTheTurn) {
   // White's piece in Black's turn, as free mode allows.
   ChessPosition position = Placed("Ra1 ke8 Kh8 rg1");
-  position.SideToMove = kBlack;
+  position.SideToMove = Colour::Black;
   const ChessMove move = Make(position, "a1a8");
   const MoveRecord record = RecordMove(position, move);
   EXPECT_EQ(record.ListText, u"1. Ta1-a8");
@@ -116,7 +116,7 @@ TEST(MoveList, BeginsWithAGapWhenBlackIsToMove) {
   ChessPosition position = Placed("");
   position.MoveNumber = 17;
   EXPECT_EQ(MoveListStart(position), u"");
-  position.SideToMove = kBlack;
+  position.SideToMove = Colour::Black;
   EXPECT_EQ(MoveListStart(position), u"17. (...)");
 }
 

@@ -101,7 +101,7 @@ TEST(PieceSteps, OfAPawnBeginWithTheDoubleStep) {
 
 TEST(PieceSteps, OfAPawnNeverLeaveTheBoardForAnEnPassantSquareThere) {
   ChessPosition position = Placed("Pa5 ph4 pa1");
-  position.EnPassantSquares = {.White = {.Column = 0, .Row = 6}, .Black = {.Column = 9, .Row = 3}};
+  position.EnPassantSquares = {.White = Coordinate{0, 6}, .Black = Coordinate{9, 3}};
   EXPECT_EQ(TargetsFrom(position, "a5"), "a6");
   EXPECT_EQ(TargetsFrom(position, "h4"), "h3");
   // No en passant square is (0, 0), which lies diagonally below a1.

@@ -6,7 +6,10 @@
 namespace brontavia::test {
 namespace {
 
-PlainChess::Place PlaceOf(Coordinate square) { return {square.Column, square.Row}; }
+// (0, 0) for no square.
+PlainChess::Place PlaceOf(std::optional<Coordinate> square) {
+  return square ? PlainChess::Place{square->Column, square->Row} : PlainChess::Place{};
+}
 
 }  // namespace
 
@@ -16,7 +19,7 @@ PlainChess::PlainChess(const ChessPosition& position)
       kings_{PlaceOf(position.KingSquares.White), PlaceOf(position.KingSquares.Black)},
       en_passant_{PlaceOf(position.EnPassantSquares.White), PlaceOf(position.EnPassantSquares.Black)},
       fen_en_passant_(PlaceOf(position.FenEnPassant)),
-      side_(position.SideToMove),
+      side_(NumberOf(position.SideToMove)),
       half_moves_(position.HalfMoveClock),
       number_(position.MoveNumber) {
   for (int column = 1; column <= 8; ++column) {

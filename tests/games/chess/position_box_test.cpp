@@ -21,7 +21,7 @@ TEST(PositionBox, TellsTheStart) {
 
 TEST(PositionBox, TellsEveryField) {
   ChessPosition position = Placed("", "Kq");
-  position.SideToMove = kBlack;
+  position.SideToMove = Colour::Black;
   position.MoveNumber = 123;
   position.EnPassantSquares = {.White = Square("d6"), .Black = Square("e3")};
   EXPECT_EQ(PositionBoxText(position),
@@ -38,14 +38,14 @@ TEST(PositionBox, FollowsADoubleStep) {
   Make(alone, "e2e4");
   EXPECT_TRUE(PositionBoxText(alone).ends_with(u"\r\nBlancas : No.Negras: No."));
   ChessPosition beside = StartPosition();
-  beside.Board.Put(Square("d4"), PieceOf(kPawn, kBlack));
+  beside.Board.Put(Square("d4"), PieceOf(kPawn, Colour::Black));
   Make(beside, "e2e4");
   EXPECT_TRUE(PositionBoxText(beside).ends_with(u"\r\nBlancas : No.Negras: E3"));
 }
 
 TEST(PositionBox, NamesASquareThatALineHasSetBesideTheBoard) {
   ChessPosition position = StartPosition();
-  position.EnPassantSquares.White = {.Column = 0, .Row = 6};
+  position.EnPassantSquares.White = Coordinate{0, 6};
   EXPECT_TRUE(PositionBoxText(position).ends_with(u"Blancas : @6Negras: No."));
 }
 

@@ -21,7 +21,7 @@ constexpr std::u16string_view kEmptyBoard = u"8/8/8/8/8/8/8/8/";
 ChessPosition Before() {
   ChessPosition position = Placed("Ka3 kh6 qd4 Nd5", "Kq");
   position.EnPassantSquares = {.White = Square("a6"), .Black = Square("h3")};
-  position.FenEnPassant = {2, 2};
+  position.FenEnPassant = Coordinate{2, 2};
   position.HalfMoveClock = 77;
   position.MoveNumber = 66;
   return position;
@@ -91,13 +91,14 @@ TEST(ReadLine, IsInEnglishWithACapitalKAnywhere) {
 struct Side {
   const char16_t* Letter;
   const char16_t* Castling;
-  int ToMove;
+  Colour ToMove;
 };
 
 TEST(ReadLine, TellsTheSideToMove) {
-  constexpr Side kSides[] = {{u"B", u"RD", kWhite}, {u"N", u"RD", kBlack}, {u"W", u"RD", kWhite}, {u"b", u"RD", kWhite},
-                             {u"n", u"RD", kWhite}, {u"B", u"KQ", kBlack}, {u"N", u"KQ", kBlack}, {u"W", u"KQ", kWhite},
-                             {u"b", u"KQ", kWhite}, {u"w", u"KQ", kWhite}, {u"x", u"KQ", kWhite}};
+  constexpr Side kSides[] = {{u"B", u"RD", Colour::White}, {u"N", u"RD", Colour::Black}, {u"W", u"RD", Colour::White},
+                             {u"b", u"RD", Colour::White}, {u"n", u"RD", Colour::White}, {u"B", u"KQ", Colour::Black},
+                             {u"N", u"KQ", Colour::Black}, {u"W", u"KQ", Colour::White}, {u"b", u"KQ", Colour::White},
+                             {u"w", u"KQ", Colour::White}, {u"x", u"KQ", Colour::White}};
   for (const Side& side : kSides) {
     EXPECT_EQ(Read(kEmptyBoard + side.Letter + u" " + side.Castling + u" - 0 1").SideToMove, side.ToMove)
         << Narrow(side.Letter) << ' ' << Narrow(side.Castling);
@@ -134,7 +135,7 @@ TEST(ReadLine, FindsTheKings) {
   const ChessPosition position = Read(u"3r4/8/8/8/R7/2R5/8/8/B - - 0 1");
   EXPECT_EQ(position.KingSquares.White, Square("a4"));
   EXPECT_EQ(position.KingSquares.Black, Square("d8"));
-  EXPECT_EQ(Read(kEmptyBoard + u"B - - 0 1").KingSquares, PerColour<Coordinate>{});
+  EXPECT_EQ(Read(kEmptyBoard + u"B - - 0 1").KingSquares, PerColour<std::optional<Coordinate>>{});
 }
 
 // ---- En passant ----
@@ -144,8 +145,8 @@ struct EnPassantField {
   const char16_t* Board;
   const char16_t* Field;
   Coordinate Fen;
-  Coordinate White;  // (0, 0): as before
-  Coordinate Black;
+  std::optional<Coordinate> White;  // nothing: as before
+  std::optional<Coordinate> Black;
 };
 
 void PrintTo(const EnPassantField& field, std::ostream* out) { *out << field.Name; }
@@ -157,28 +158,28 @@ TEST_P(EnPassantFields, AreRead) {
   const ChessPosition before = Before();
   const ChessPosition position = Read(std::u16string(field.Board) + u"B - " + field.Field + u" 0 1", before);
   EXPECT_EQ(position.FenEnPassant, field.Fen);
-  EXPECT_EQ(position.EnPassantSquares.White, field.White == Coordinate{} ? before.EnPassantSquares.White : field.White);
-  EXPECT_EQ(position.EnPassantSquares.Black, field.Black == Coordinate{} ? before.EnPassantSquares.Black : field.Black);
+  EXPECT_EQ(position.EnPassantSquares.White, field.White ? field.White : before.EnPassantSquares.White);
+  EXPECT_EQ(position.EnPassantSquares.Black, field.Black ? field.Black : before.EnPassantSquares.Black);
 }
 
 constexpr EnPassantField kEnPassantFields[] = {
     {"TheLetterCountsFromZero", u"8/8/8/8/8/8/8/8/", u"e6", {4, 6}, {}, {}},
     {"CapitalsCountAlike", u"8/8/8/8/8/8/8/8/", u"E6", {4, 6}, {}, {}},
     {"AIsNoColumn", u"8/8/8/8/8/8/8/8/", u"a3", {0, 3}, {}, {}},
-    {"BlackPawnToTheLeftInRowFour", u"8/8/8/8/2p5/8/8/8/", u"e3", {4, 3}, {}, {4, 3}},
-    {"BlackPawnToTheRightInRowFour", u"8/8/8/8/4p3/8/8/8/", u"e3", {4, 3}, {}, {4, 3}},
+    {"BlackPawnToTheLeftInRowFour", u"8/8/8/8/2p5/8/8/8/", u"e3", {4, 3}, {}, Coordinate{4, 3}},
+    {"BlackPawnToTheRightInRowFour", u"8/8/8/8/4p3/8/8/8/", u"e3", {4, 3}, {}, Coordinate{4, 3}},
     {"BlackPawnStraightAheadInRowFour", u"8/8/8/8/3p4/8/8/8/", u"e3", {4, 3}, {}, {}},
     {"WhitePawnsInRowFour", u"8/8/8/8/2P1P3/8/8/8/", u"e3", {4, 3}, {}, {}},
-    {"BlackPawnToTheLeftInRowFive", u"8/8/8/2p5/8/8/8/8/", u"e6", {4, 6}, {4, 6}, {}},
-    {"BlackPawnToTheRightInRowFive", u"8/8/8/4p3/8/8/8/8/", u"e6", {4, 6}, {4, 6}, {}},
+    {"BlackPawnToTheLeftInRowFive", u"8/8/8/2p5/8/8/8/8/", u"e6", {4, 6}, Coordinate{4, 6}, {}},
+    {"BlackPawnToTheRightInRowFive", u"8/8/8/4p3/8/8/8/8/", u"e6", {4, 6}, Coordinate{4, 6}, {}},
     {"WhitePawnsInRowFive", u"8/8/8/2P1P3/8/8/8/8/", u"e6", {4, 6}, {}, {}},
-    {"BeyondTheLeftEdge", u"8/8/8/p7/8/8/8/8/", u"a6", {0, 6}, {0, 6}, {}},
-    {"BeyondTheRightEdge", u"8/8/8/7p/8/8/8/8/", u"j6", {9, 6}, {9, 6}, {}},
+    {"BeyondTheLeftEdge", u"8/8/8/p7/8/8/8/8/", u"a6", {0, 6}, Coordinate{0, 6}, {}},
+    {"BeyondTheRightEdge", u"8/8/8/7p/8/8/8/8/", u"j6", {9, 6}, Coordinate{9, 6}, {}},
     {"FarBeyondTheLeftEdge", u"pppppppp/8/8/pppppppp/8/8/8/8/", u"!6", {'!' - 'a', 6}, {}, {}},
     {"FarBeyondTheRightEdge", u"pppppppp/8/8/pppppppp/8/8/8/8/", u"ÿ6", {0xFF - 'a', 6}, {}, {}},
     {"AnotherRow", u"8/8/pppppppp/pppppppp/8/8/8/8/", u"e5", {4, 5}, {}, {}},
     {"NoRow", u"8/8/pppppppp/pppppppp/8/8/8/8/", u"ex", {4, 0}, {}, {}},
-    {"MoreThanTwoCharacters", u"8/8/8/4p3/8/8/8/8/", u"e6e3", {4, 6}, {4, 6}, {}},
+    {"MoreThanTwoCharacters", u"8/8/8/4p3/8/8/8/8/", u"e6e3", {4, 6}, Coordinate{4, 6}, {}},
 };
 INSTANTIATE_TEST_SUITE_P(ReadLine, EnPassantFields, testing::ValuesIn(kEnPassantFields),
                          [](const auto& tested) { return std::string(tested.param.Name); });
@@ -186,8 +187,8 @@ INSTANTIATE_TEST_SUITE_P(ReadLine, EnPassantFields, testing::ValuesIn(kEnPassant
 TEST(ReadLine, ClearsEnPassantWithOneCharacterOrNone) {
   for (const std::u16string_view field : {u"-"sv, u"e"sv, u""sv}) {
     const ChessPosition position = Read(kEmptyBoard + u"B - " + field + u" 0 1");
-    EXPECT_EQ(position.EnPassantSquares, PerColour<Coordinate>{}) << Narrow(field);
-    EXPECT_EQ(position.FenEnPassant, Coordinate{}) << Narrow(field);
+    EXPECT_EQ(position.EnPassantSquares, PerColour<std::optional<Coordinate>>{}) << Narrow(field);
+    EXPECT_EQ(position.FenEnPassant, std::nullopt) << Narrow(field);
   }
 }
 
@@ -210,9 +211,9 @@ TEST(ReadLine, LeavesSquaresThatItDoesNotMention) {
 TEST(ReadLine, CountsMissingFieldsAsEmpty) {
   const ChessPosition position = Read(kEmptyBoard);
   EXPECT_EQ(position.Board, ChessBoard{});
-  EXPECT_EQ(position.SideToMove, kWhite);
+  EXPECT_EQ(position.SideToMove, Colour::White);
   EXPECT_EQ(position.Castling, Placed("").Castling);
-  EXPECT_EQ(position.EnPassantSquares, PerColour<Coordinate>{});
+  EXPECT_EQ(position.EnPassantSquares, PerColour<std::optional<Coordinate>>{});
   EXPECT_EQ(position.HalfMoveClock, 0);
   EXPECT_EQ(position.MoveNumber, 0);
 }
@@ -235,7 +236,7 @@ TEST(ReadLine, MayBeStandardNotation) {
 // What a line cannot carry, as reading it leaves it: counters of several digits, a column of FenEnPassant counted from
 // 0 instead of 1.
 ChessPosition AsCarried(ChessPosition position) {
-  if (position.FenEnPassant != Coordinate{}) --position.FenEnPassant.Column;
+  if (position.FenEnPassant) --position.FenEnPassant->Column;
   return position;
 }
 
@@ -245,16 +246,16 @@ TEST(LineThereAndBack, KeepsRandomPositions) {
   for (int n = 0; n < 20'000; ++n) {
     ChessPosition position;
     for (int pieces = below(33); pieces > 0; --pieces) {
-      position.Board.Put({1 + below(8), 1 + below(8)}, PieceOf(1 + below(6), below(2)));
+      position.Board.Put({1 + below(8), 1 + below(8)}, PieceOf(1 + below(6), ColourOfNumber(below(2)).value()));
     }
     position.KingSquares = FindKings(position.Board);
-    position.SideToMove = below(2);
+    position.SideToMove = ColourOfNumber(below(2)).value();
     position.Castling = {.White = {.Short = below(2) == 0, .Long = below(2) == 0},
                          .Black = {.Short = below(2) == 0, .Long = below(2) == 0}};
     position.HalfMoveClock = static_cast<std::int16_t>(below(10));
     position.MoveNumber = static_cast<std::int16_t>(below(10));
     // Rows in which no en passant square arises from reading.
-    if (below(2) == 0) position.FenEnPassant = {1 + below(8), 9};
+    if (below(2) == 0) position.FenEnPassant = Coordinate{1 + below(8), 9};
     const std::u16string line = PositionLine(position);
     EXPECT_EQ(ReadPosition(line, position), AsCarried(position)) << Narrow(line);
     ASSERT_EQ(ReadPosition(line, StartPosition()), AsCarried(position)) << Narrow(line);

@@ -17,7 +17,7 @@ TEST(StandardFen, TellsTheStart) {
 
 TEST(StandardFen, TellsEveryField) {
   ChessPosition expected = Placed("Ke1 Ra1 Pe4 pd4 ke8 rh8", "Qk");
-  expected.SideToMove = kBlack;
+  expected.SideToMove = Colour::Black;
   expected.EnPassantSquares.Black = Square("e3");
   expected.FenEnPassant = Square("e3");
   expected.HalfMoveClock = 123;
@@ -40,7 +40,7 @@ void PrintTo(const EnPassant& tested, std::ostream* out) { *out << tested.Name; 
 class StandardEnPassant : public testing::TestWithParam<EnPassant> {};
 
 TEST_P(StandardEnPassant, CountsWhereAPawnMayCapture) {
-  const auto square = [](std::string_view name) { return name.empty() ? Coordinate{} : Square(name); };
+  const auto square = [](std::string_view name) { return name.empty() ? std::nullopt : std::optional(Square(name)); };
   const auto position = ReadStandardFen(GetParam().Text);
   ASSERT_TRUE(position);
   EXPECT_EQ(position->FenEnPassant, square(GetParam().Told));

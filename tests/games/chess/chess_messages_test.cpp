@@ -1,4 +1,4 @@
-#include "games/chess/move_message.h"
+#include "games/chess/chess_messages.h"
 
 #include <gtest/gtest.h>
 
@@ -56,6 +56,37 @@ TEST(ReceivedMove, IsOnTheBoardWhateverArrives) {
     ASSERT_TRUE(ChessBoard::IsOnBoard(move->Source) && ChessBoard::IsOnBoard(move->Target)) << Narrow(payload);
   }
   EXPECT_GT(read, 100);
+}
+
+TEST(TurnsText, HasPlayerOfWhiteSideAndPlayerToMove) {
+  EXPECT_EQ(TurnsText({.White = Player::Client, .SideToMove = Colour::White, .ToMove = Player::Client}), u"1 0 1");
+  EXPECT_EQ(TurnsText({.White = Player::Server, .SideToMove = Colour::Black, .ToMove = Player::Server}), u"0 1 0");
+}
+
+TEST(ReceivedTurns, AreWhatWasSent) {
+  for (const Player white : kBothPlayers) {
+    for (const Colour side : kBothColours) {
+      for (const Player to_move : kBothPlayers) {
+        const ResumedTurns sent{.White = white, .SideToMove = side, .ToMove = to_move};
+        EXPECT_EQ(ReadTurns(TurnsText(sent)), sent);
+      }
+    }
+  }
+}
+
+TEST(ReceivedTurns, AreReadFromTheFirstThreeFields) {
+  const ResumedTurns expected{.White = Player::Client, .SideToMove = Colour::Black, .ToMove = Player::Server};
+  for (const std::u16string_view payload :
+       {u"1 1 0", u"1 1 0 ", u"1 1 0 7", u"1 1 x", u"1 1 ", u"0.6 1.4 0.5", u"+1 01 0JUG|"}) {
+    EXPECT_EQ(ReadTurns(payload), expected) << Narrow(payload);
+  }
+}
+
+TEST(ReceivedTurns, AreRefused) {
+  for (const std::u16string_view payload :
+       {u"", u" ", u"1 1", u"2 0 0", u"0 2 0", u"0 0 2", u"0 0 -1", u"0 1.6 0", u"0 0 9e99"}) {
+    EXPECT_EQ(ReadTurns(payload), std::nullopt) << Narrow(payload);
+  }
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "games/chess/move_message.h"
+#include "games/chess/chess_messages.h"
 
 #include <array>
 
@@ -45,6 +45,24 @@ std::optional<ReceivedMove> ReadMove(std::u16string_view payload) {
   const std::optional<Coordinate> target = TakeSquare(rest);
   if (!source || !target) return std::nullopt;
   return ReceivedMove{.Source = *source, .Target = *target};
+}
+
+std::u16string TurnsText(const ResumedTurns& turns) {
+  return Decimal(NumberOf(turns.White)) + kSeparator + Decimal(NumberOf(turns.SideToMove)) + kSeparator +
+         Decimal(NumberOf(turns.ToMove));
+}
+
+std::optional<ResumedTurns> ReadTurns(std::u16string_view payload) {
+  std::optional rest(payload);
+  const std::optional<int> white_number = TakeNumber(rest);
+  const std::optional<int> side_number = TakeNumber(rest);
+  const std::optional<int> turn_number = TakeNumber(rest);
+  if (!white_number || !side_number || !turn_number) return std::nullopt;
+  const auto white = PlayerOfNumber(*white_number);
+  const auto side = ColourOfNumber(*side_number);
+  const auto to_move = PlayerOfNumber(*turn_number);
+  if (!white || !side || !to_move) return std::nullopt;
+  return ResumedTurns{.White = *white, .SideToMove = *side, .ToMove = *to_move};
 }
 
 }  // namespace brontavia
