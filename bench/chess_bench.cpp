@@ -14,7 +14,10 @@ namespace {
 // A middle game with all pieces but two pawns of each side on the board and every castling still allowed.
 ChessGame MiddleGame() {
   ChessGame game;
-  if (!game.Load(u"r3k2r/pppq1ppp/2npbn2/2b5/2B5/2NPBN2/PPPQ1PPP/R3K2R/W KQkq - 6 9")) std::abort();
+  const auto position =
+      ReadPosition(u"r3k2r/pppq1ppp/2npbn2/2b5/2B5/2NPBN2/PPPQ1PPP/R3K2R/W KQkq - 6 9", game.Position());
+  if (!position) std::abort();
+  game.Load(*position);
   return game;
 }
 

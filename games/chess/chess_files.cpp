@@ -1,18 +1,16 @@
 // ChessFlow: position files, and going on with one together.
 #include <QDate>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include "games/chess/chess_flow.h"
 #include "games/chess/chess_messages.h"
 #include "games/chess/move_record.h"
+#include "games/chess/position_file.h"
 #include "games/chess/position_line.h"
+#include "text/first_line.h"
 #include "text/qt_text.h"
-#include "text/rounding.h"
-#include "text/wire_encoding.h"
 
 namespace brontavia {
 
@@ -21,10 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kFilter = u"Notación FEN (*.fen)|*.fen|Todos los archivos (*.*)|*.*"_s;
-constexpr qint64 kLongestLine = 1024;  // bytes that are read of a file
-
-// The paths that the program builds have "\" between their parts.
-QString SystemPath(QString path) { return path.replace(u'\\', u'/'); }
+const QString kOpenTitle = u"Abrir partida "_s;
 
 // `name` without what no file name can hold.
 QString AsFileName(QString name) {
@@ -34,33 +29,32 @@ QString AsFileName(QString name) {
   return name;
 }
 
-QString ProposedFolder() {
-  const QString profile = qEnvironmentVariable("userProfile");
-  QString folder = SystemPath(profile + u"\\Mis documentos");
-  if (!profile.isEmpty() && QFileInfo(folder).isDir()) return folder;
-  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-}
+bool IsFolder(const QString& path) { return !path.isEmpty() && QFileInfo(path).isDir(); }
 
-// The first line of a position file; nothing when it cannot be read.
-std::optional<QString> FirstLineOf(const QString& path) {
-  QFile file(path);
-  if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) return std::nullopt;
-  const QByteArray text = file.read(kLongestLine);
-  const std::string_view characters(text);
-  const std::string_view line = characters.substr(0, characters.find_first_of("\r\n"));
-  return FromWire(text.first(static_cast<qsizetype>(line.size())));
+// The first of the profile's documents, the system's and the home folder that is there.
+QString ProposedFolder() {
+  const QString profile = qEnvironmentVariable("userProfile").replace(u'\\', u'/');
+  const QString of_profile = profile + u"/Mis documentos";
+  if (!profile.isEmpty() && IsFolder(of_profile)) return of_profile;
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return IsFolder(documents) ? documents : QDir::homePath();
 }
 
 }  // namespace
 
 // ---- Saving ----
 
-QString ChessFlow::ProposedFile() const {
+QString ChessFlow::FileToPropose() const {
+  const QFileInfo chosen(file_name_);
+  if (!file_name_.isEmpty() && IsFolder(chosen.path())) return file_name_;
+  const QDir folder(ProposedFolder());
+  if (!file_name_.isEmpty()) return folder.filePath(chosen.fileName());
+  const Player white = session_.StartingPlayer;
   const QDate today = QDate::currentDate();
-  const QString white = AsFileName(session_.PlayerNames.Trimmed(WhitePlayer()));
-  const QString black = AsFileName(session_.PlayerNames.Trimmed(OpponentOf(WhitePlayer())));
-  return SystemPath(ProposedFolder() + u'\\' + white + u'-' + black + u" _ " + QString::number(today.day()) + u'-' +
-                    QString::number(today.month()) + u'-' + QString::number(today.year()) + u".fen");
+  return folder.filePath(AsFileName(session_.PlayerNames.Trimmed(white)) + u'-' +
+                         AsFileName(session_.PlayerNames.Trimmed(OpponentOf(white))) + u" _ " +
+                         QString::number(today.day()) + u'-' + QString::number(today.month()) + u'-' +
+                         QString::number(today.year()) + u".fen");
 }
 
 void ChessFlow::Save() {
@@ -72,38 +66,34 @@ void ChessFlow::Save() {
 }
 
 void ChessFlow::SaveAs() {
-  const QString path = AskFileToSave({.Title = u"Guardar partida como..."_s,
-                                      .Filter = kFilter,
-                                      .Path = file_name_.isEmpty() ? ProposedFile() : file_name_});
+  const QString path =
+      AskFileToSave({.Title = u"Guardar partida como..."_s, .Filter = kFilter, .Path = FileToPropose()});
   if (path.isEmpty()) return;
   file_name_ = path;
   WritePosition(path);
 }
 
 void ChessFlow::WritePosition(const QString& path) {
-  // Written beside its place and moved there, so that a failure leaves the old file.
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly)) return;
-  file.write(ToWire(QString(ToQString(PositionLine(game_.Position())) + kCrLf)));
-  file.commit();
+  const auto failure = WritePositionFile(path, ToQString(PositionLine(game_.Position())));
+  if (!failure) return;
+  ShowBox(u"No se ha podido guardar la partida en el archivo "_s + path + u": " + *failure, u"Error"_s);
 }
 
 // ---- Going on with a saved position ----
 
 void ChessFlow::OpenGame() {
-  const QString path = AskFileToOpen(
-      {.Title = u"Abrir partida "_s, .Filter = kFilter, .Path = file_name_.isEmpty() ? ProposedFolder() : file_name_});
+  const bool folder_is_there = !file_name_.isEmpty() && IsFolder(QFileInfo(file_name_).path());
+  const QString path =
+      AskFileToOpen({.Title = kOpenTitle, .Filter = kFilter, .Path = folder_is_there ? file_name_ : ProposedFolder()});
   if (path.isEmpty()) return;
   file_name_ = path;
-  const auto line = FirstLineOf(path);
-  if (!line) return;
-  if (!ReadPosition(Characters(*line), game_.Position())) {
-    RefusePosition();
-    return;
-  }
+  if (!ReadSaved(path)) return;
   const QString description = QFileInfo(path).fileName();
   saved_game_path_ = path;  // the answer may come before the box below is closed
-  if (!SendAndWait(message::kResumeAsked.Token + description)) return;
+  if (!SendAndWait(message::kResumeAsked.Token + description)) {
+    saved_game_path_.clear();
+    return;
+  }
   ShowBox(u"Se ha enviado a "_s + OtherName() +
               u" un mensaje preguntándole si desea continuar jugando contra usted la partida " + description +
               u". Si responde que sí, se cargará automáticamente la partida.",
@@ -125,14 +115,10 @@ void ChessFlow::ResumeRefused() {
 
 void ChessFlow::ResumeAccepted() {
   AddMessage(u"Se aceptó la solicitud, cargando la partida."_s);
-  const auto line = FirstLineOf(saved_game_path_);
-  if (!line) return;
-  if (!ReadPosition(Characters(*line), game_.Position())) {
-    RefusePosition();  // the file has changed since it was chosen
-    return;
-  }
-  if (!SendAndWait(message::kPosition.Token + *line)) return;
-  if (LoadPosition(*line)) ChooseColours();
+  const auto saved = ReadSaved(saved_game_path_);  // it may have changed since it was chosen
+  if (!saved || !SendAndWait(message::kPosition.Token + saved->Line)) return;
+  LoadPosition(saved->Position);
+  ChooseColours();
 }
 
 void ChessFlow::ChooseColours() {
@@ -159,17 +145,27 @@ void ChessFlow::TurnsReceived(const QString& payload) {
              u". Mueven " + (turns->SideToMove == Colour::White ? u" blancas"_s : u" negras"_s) + u'.');
 }
 
-bool ChessFlow::LoadPosition(const QString& line) {
+std::optional<ChessFlow::SavedPosition> ChessFlow::ReadSaved(const QString& path) {
+  const auto line = ReadFirstLine(path);
+  if (!line) return std::nullopt;
+  const auto position = ReadLine(*line);
+  if (!position) return std::nullopt;
+  return SavedPosition{.Line = *line, .Position = *position};
+}
+
+std::optional<ChessPosition> ChessFlow::ReadLine(const QString& line) {
+  const auto position = ReadPosition(Characters(line), game_.Position());
+  if (!position) ShowBox(u"El texto no contiene una posición de ajedrez."_s, kOpenTitle);
+  return position;
+}
+
+void ChessFlow::LoadPosition(const ChessPosition& position) {
   timer1_.CatchUp();
-  if (!game_.Load(Characters(line))) return false;
-  ++positions_replaced_;
+  game_.Load(position);
   last_move_.reset();
   DrawBoard();
   Screen().SetText(Box::TBJugadas, ToQString(MoveListStart(game_.Position())));
   ShowPositionBox();
-  return true;
 }
-
-void ChessFlow::RefusePosition() { ShowBox(u"El texto no contiene una posición de ajedrez."_s, u"Abrir partida "_s); }
 
 }  // namespace brontavia

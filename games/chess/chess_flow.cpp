@@ -2,6 +2,7 @@
 
 #include <QScopedValueRollback>
 #include <array>
+#include <utility>
 
 #include "games/chess/attack.h"
 #include "games/chess/chess_messages.h"
@@ -50,7 +51,7 @@ ChessFlow::ChessFlow(const Seams& seams, const RandomSeed& seed, SecondTimer::No
   On(message::kResumeAccepted, [this](const QString&) { ResumeAccepted(); });
   On(message::kResumeRefused, [this](const QString&) { ResumeRefused(); });
   On(message::kPosition, [this](const QString& line) {
-    if (!LoadPosition(line)) RefusePosition();
+    if (const auto position = ReadLine(line)) LoadPosition(*position);
   });
   On(message::kResumedTurns, [this](const QString& payload) { TurnsReceived(payload); });
   On(message::kFreeMode, [this](const QString&) { ShowBox(OtherName() + u" ha activado el modo libre.", {}); });
@@ -75,7 +76,6 @@ void ChessFlow::LoadGame() {
 
 void ChessFlow::ResetBoard() {
   game_.StartNewGame();
-  ++positions_replaced_;
   last_move_.reset();
   winner_.reset();
   session_.GameOver = false;
@@ -180,7 +180,6 @@ void ChessFlow::ClickSquare(Coordinate square) {
 
 void ChessFlow::MoveStands(ChessMove move, const ChessGame& before) {
   const bool replayed = replaying_;  // other moves may arrive while a promotion is chosen
-  if (move.EnPassantOffered) SetStatus(u"posibilidad al paso"_s);
   int promotion = kNoPiece;
   if (move.PromotionPending) {
     DrawBoard();  // the pawn has arrived
@@ -189,11 +188,16 @@ void ChessFlow::MoveStands(ChessMove move, const ChessGame& before) {
     promotion = *choice;
   }
   game_.CompleteMove(move, promotion);
-  if (!replayed && !Send(message::kChessMove.Token + ToQString(MoveText(move)))) {
-    game_ = before;
-    DrawBoard();
-    return;
+  if (!replayed) {
+    // What cannot be sent has not happened, and so the box that tells it finds it.
+    const ChessGame moved = std::exchange(game_, before);
+    if (!Send(message::kChessMove.Token + ToQString(MoveText(move)))) {
+      DrawBoard();
+      return;
+    }
+    game_ = moved;
   }
+  if (move.EnPassantOffered) SetStatus(u"posibilidad al paso"_s);
   last_move_ = move;
   DrawBoard();
   const MoveRecord record = RecordMove(game_.Position(), move);
@@ -213,11 +217,11 @@ std::optional<int> ChessFlow::AskForPromotion() {
                                {.Caption = u"&Caballo"_s, .Name = u"MnuProLis(3)"_s},
                                {.Caption = u"&Alfil"_s, .Name = u"MnuProLis(4)"_s},
                                {.Caption = u"&Dama"_s, .Name = u"MnuProLis(5)"_s}};
-  const int position = positions_replaced_;
+  const int position = game_.PositionsSetUp();
   std::optional<int> chosen;
   while (!chosen) {
     chosen = PopUp(u"MnuPromo"_s, u"&Promoción"_s, pieces);
-    if (position != positions_replaced_) return std::nullopt;
+    if (position != game_.PositionsSetUp()) return std::nullopt;
   }
   return kPromotionChoices.at(static_cast<std::size_t>(*chosen));
 }

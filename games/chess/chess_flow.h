@@ -58,6 +58,11 @@ class ChessFlow : public GameFlow {
   [[nodiscard]] KeyHints Keys() const override;
 
  private:
+  struct SavedPosition {
+    QString Line;
+    ChessPosition Position;
+  };
+
   void ResetBoard();
 
   // ---- Moving ----
@@ -91,9 +96,11 @@ class ChessFlow : public GameFlow {
   void ResumeRefused();
   void ChooseColours();
   void TurnsReceived(const QString& payload);
-  bool LoadPosition(const QString& line);
-  void RefusePosition();
-  [[nodiscard]] QString ProposedFile() const;
+  // Nothing when the file cannot be read, and when it holds no position, which the user is told.
+  std::optional<SavedPosition> ReadSaved(const QString& path);
+  std::optional<ChessPosition> ReadLine(const QString& line);
+  void LoadPosition(const ChessPosition& position);
+  [[nodiscard]] QString FileToPropose() const;
 
   // ---- Clocks ----
   void ToggleClocks();
@@ -121,7 +128,6 @@ class ChessFlow : public GameFlow {
   [[nodiscard]] QString OtherName() const { return session_.PlayerNames.Trimmed(OtherPlayer()); }
 
   ChessGame game_;
-  int positions_replaced_ = 0;  // by a new game or a loaded position
   BoardModel fg1_;
   ChessClock clocks_;
   SecondTimer timer1_;

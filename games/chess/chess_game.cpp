@@ -1,20 +1,13 @@
 #include "games/chess/chess_game.h"
 
-#include "games/chess/position_line.h"
-
 namespace brontavia {
 
-void ChessGame::StartNewGame() {
-  position_ = StartPosition();
-  DropSelection();
-}
+void ChessGame::StartNewGame() { Load(StartPosition()); }
 
-bool ChessGame::Load(std::u16string_view line) {
-  const std::optional<ChessPosition> loaded = ReadPosition(line, position_);
-  if (!loaded) return false;
-  position_ = *loaded;
+void ChessGame::Load(const ChessPosition& position) {
+  position_ = position;
+  ++positions_set_up_;
   DropSelection();
-  return true;
 }
 
 ChessClickOutcome ChessGame::Click(Coordinate square, bool free_mode) {

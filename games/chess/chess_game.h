@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 
 #include "games/chess/chess_move.h"
 
@@ -30,9 +29,8 @@ class ChessGame {
   ChessGame() { StartNewGame(); }
 
   void StartNewGame();
-  // Takes the position that `line` tells, see ReadPosition; nothing is picked up then. False, and nothing changes, when
-  // it tells none.
-  bool Load(std::u16string_view line);
+  // The game goes on from `position`, with nothing picked up.
+  void Load(const ChessPosition& position);
 
   // ---- Moving ----
 
@@ -58,6 +56,9 @@ class ChessGame {
   // ---- State ----
 
   [[nodiscard]] const ChessPosition& Position() const { return position_; }
+  // How many positions have been set up, by StartNewGame and Load. Another number than before says that the position
+  // has been replaced meanwhile.
+  [[nodiscard]] int PositionsSetUp() const { return positions_set_up_; }
   [[nodiscard]] const ChessSelection& Selection() const { return selection_; }
   [[nodiscard]] bool HasSelection() const { return selection_.Piece != kNoPiece; }
   // Of the piece picked up; empty when nothing is.
@@ -72,6 +73,7 @@ class ChessGame {
   void FollowEdit();
 
   ChessPosition position_;
+  int positions_set_up_ = 0;
   ChessSelection selection_;
   GeneratedTargets targets_;
 };

@@ -1,12 +1,19 @@
 // ChessFlow: position files, and going on with one together.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDate>
 #include <QDir>
 #include <QFile>
-#include <QStandardPaths>
+#include <QFileInfo>
 #include <QTemporaryDir>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
 
+#include "tests/games/chess/profile.h"
 #include "tests/support/aje_pair.h"
 
 namespace brontavia::test {
@@ -17,22 +24,79 @@ using namespace Qt::StringLiterals;
 const QString kFilter = u"Notación FEN (*.fen)|*.fen|Todos los archivos (*.*)|*.*"_s;
 const QString kStartLine = u"tcadract/pppppppp/8/8/8/8/PPPPPPPP/TCADRACT/B RDrd - 0 1"_s;
 
+FileQuestion ToOpen(const QString& path) { return {.Title = u"Abrir partida "_s, .Filter = kFilter, .Path = path}; }
+
+FileQuestion ToSave(const QString& path) {
+  return {.Title = u"Guardar partida como..."_s, .Filter = kFilter, .Path = path};
+}
+
+// The name that is proposed for a game of these players today.
+QString Proposal(const QString& names) {
+  const QDate today = QDate::currentDate();
+  return names + u" _ %1-%2-%3.fen"_s.arg(today.day()).arg(today.month()).arg(today.year());
+}
+
+// Longer than any position, so that what is left of it shows.
+const QByteArray kOldContent = QByteArray("8/8/8/8/8/8/8/R6r/B - - 0 1\r\n") + QByteArray(200, 'x');
+
+// While it lives no file can grow past `bytes`, as on a full disk.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limited{.rlim_cur = bytes, .rlim_max = before_.rlim_max};
+    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limited), 0);
+  }
+  Q_DISABLE_COPY_MOVE(FullDisk)
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+
+ private:
+  void (*handler_)(int);
+  rlimit before_{};
+};
+
+// While it lives `folder` takes no new file. The superuser becomes somebody else, whom permissions bind.
+class NoNewFiles {
+ public:
+  explicit NoNewFiles(const QString& folder) : folder_(QFile::encodeName(folder)), user_(geteuid()) {
+    constexpr uid_t kNobody = 65534;
+    chmod(QFile::encodeName(QFileInfo(folder).path()).constData(), 0755);
+    chmod(folder_.constData(), 0555);
+    EXPECT_EQ(seteuid(user_ == 0 ? kNobody : user_), 0);
+  }
+  Q_DISABLE_COPY_MOVE(NoNewFiles)
+  ~NoNewFiles() {
+    EXPECT_EQ(seteuid(user_), 0);
+    chmod(folder_.constData(), 0755);
+  }
+
+ private:
+  QByteArray folder_;
+  uid_t user_;
+};
+
 class ChessFiles : public testing::Test {
  protected:
-  ChessFiles() {
-    qputenv("userProfile", Directory.path().toUtf8());
-    QDir(Directory.path()).mkdir(u"Mis documentos"_s);
-    Pair.Connect();
-  }
-  void TearDown() override { qunsetenv("userProfile"); }
+  ChessFiles() { Pair.Connect(); }
 
-  [[nodiscard]] QString Folder() const { return Directory.path() + u"/Mis documentos"; }
-  [[nodiscard]] QString InFolder(const QString& name) const { return Folder() + u'/' + name; }
-  [[nodiscard]] FileQuestion ToOpen(const QString& path) const {
-    return {.Title = u"Abrir partida "_s, .Filter = kFilter, .Path = path};
-  }
-  [[nodiscard]] FileQuestion ToSave(const QString& path) const {
-    return {.Title = u"Guardar partida como..."_s, .Filter = kFilter, .Path = path};
+  [[nodiscard]] QString Folder() const { return Files.Folder(); }
+  [[nodiscard]] QString InFolder(const QString& name) const { return Files.InFolder(name); }
+  // Saves into a.fen, the file last chosen, as it runs out of room.
+  void ExpectFullDiskKeepsTheOldFile() {
+    const QString path = InFolder(u"a.fen"_s);
+    for (const int room : {0, 20}) {
+      Write(path, kOldContent);
+      White.Dialogs.Expect(u"Error"_s, u"No se ha podido guardar la partida en el archivo "_s + path + u": " +
+                                           QString::fromLocal8Bit(std::strerror(EFBIG)));
+      {
+        const FullDisk full(static_cast<rlim_t>(room));
+        White.Flow.Run(ChessCommand::Save);
+      }
+      EXPECT_EQ(Written(path), kOldContent) << room;
+    }
   }
   static QByteArray Written(const QString& path) {
     QFile file(path);
@@ -44,11 +108,11 @@ class ChessFiles : public testing::Test {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(content);
   }
-  static QString Proposal(const QString& names) {
-    const QDate today = QDate::currentDate();
-    return names + u" _ %1-%2-%3.fen"_s.arg(today.day()).arg(today.month()).arg(today.year());
+  // White saves into `name` in the folder, having been proposed `proposed`.
+  void SaveAs(const QString& name, const QString& proposed) {
+    White.Dialogs.ExpectFile(ToSave(proposed), InFolder(name));
+    White.Flow.Run(ChessCommand::SaveAs);
   }
-
   // White opens `name` with this content.
   void Open(const QString& name, const QByteArray& content) {
     Write(InFolder(name), content);
@@ -71,7 +135,7 @@ class ChessFiles : public testing::Test {
                               QString(), answer);
   }
 
-  QTemporaryDir Directory;
+  Profile Files;
   AjePair Pair;
   AjeCopy& White = Pair.Server;
   AjeCopy& Black = Pair.Client;
@@ -95,31 +159,83 @@ TEST_F(ChessFiles, TheFirstSaveAsksForAFileLaterOnesDoNot) {
   EXPECT_FALSE(QFile::exists(proposed)) << "cancelled";
 }
 
-TEST_F(ChessFiles, AFolderThatIsMissingGivesWayToTheDocuments) {
-  qputenv("userProfile", "/nowhere");
-  White.Dialogs.ExpectFile(ToOpen(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)), QString());
-  White.Flow.Run(ChessCommand::OpenGame);
-  EXPECT_TRUE(White.Connection.Sent.filter(u"cargpartida|"_s).isEmpty());
-}
-
-TEST_F(ChessFiles, AFailedSaveLeavesTheOldFileAndSaysNothing) {
+TEST_F(ChessFiles, AFileThatCannotBeOpenedIsNotWrittenAndNothingIsSaid) {
   White.Dialogs.ExpectFile(ToSave(InFolder(Proposal(u"Ana-Luis"_s))), u"/nowhere/at all.fen"_s);
   White.Flow.Run(ChessCommand::SaveAs);
   EXPECT_FALSE(QFile::exists(u"/nowhere/at all.fen"_s));
 }
 
+TEST_F(ChessFiles, APipeIsNeitherReadNorReplaced) {
+  const QString pipe = InFolder(u"pipe.fen"_s);
+  ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
+  SaveAs(u"pipe.fen"_s, InFolder(Proposal(u"Ana-Luis"_s)));
+  struct stat status {};
+  ASSERT_EQ(stat(QFile::encodeName(pipe).constData(), &status), 0);
+  EXPECT_TRUE(S_ISFIFO(status.st_mode));
+  White.Dialogs.ExpectFile(ToOpen(pipe), pipe);
+  White.Flow.Run(ChessCommand::OpenGame);
+  EXPECT_TRUE(White.Connection.Sent.filter(u"cargpartida|"_s).isEmpty());
+}
+
+TEST_F(ChessFiles, AFullDiskKeepsTheOldFileAndIsTold) {
+  SaveAs(u"a.fen"_s, InFolder(Proposal(u"Ana-Luis"_s)));
+  ExpectFullDiskKeepsTheOldFile();
+}
+
+TEST_F(ChessFiles, AFileIsWrittenInAFolderThatTakesNoNewOne) {
+  SaveAs(u"a.fen"_s, InFolder(Proposal(u"Ana-Luis"_s)));
+  Write(InFolder(u"a.fen"_s), kOldContent);
+  chmod(QFile::encodeName(InFolder(u"a.fen"_s)).constData(), 0666);
+  const NoNewFiles closed(Folder());
+  White.Flow.Run(ChessCommand::Save);
+  EXPECT_EQ(Written(InFolder(u"a.fen"_s)), kStartLine.toLatin1() + "\r\n");
+  ExpectFullDiskKeepsTheOldFile();
+  SaveAs(u"new.fen"_s, InFolder(u"a.fen"_s));
+  EXPECT_FALSE(QFile::exists(InFolder(u"new.fen"_s))) << "it cannot be opened, which is not told";
+}
+
+TEST_F(ChessFiles, AFileIsWrittenWhoseNameLeavesNoRoomForAnotherBesideIt) {
+  const QString name = QString(250, u'b') + u".fen";
+  SaveAs(name, InFolder(Proposal(u"Ana-Luis"_s)));
+  EXPECT_EQ(Written(InFolder(name)), kStartLine.toLatin1() + "\r\n");
+}
+
+// ---- What is proposed ----
+
+TEST_F(ChessFiles, AFolderThatIsMissingGivesWayToTheDocumentsOrTheHome) {
+  const QTemporaryDir home;
+  const QByteArray before = qgetenv("HOME");
+  qputenv("HOME", QFile::encodeName(home.path()));
+  qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.path()));
+  qputenv("userProfile", "/nowhere");
+  for (const QString& folder : {home.path(), home.filePath(u"Documents"_s)}) {
+    QDir().mkpath(folder);
+    White.Dialogs.ExpectFile(ToOpen(folder), QString());
+    White.Flow.Run(ChessCommand::OpenGame);
+    White.Dialogs.ExpectFile(ToSave(folder + u'/' + Proposal(u"Ana-Luis"_s)), QString());
+    White.Flow.Run(ChessCommand::SaveAs);
+  }
+  qunsetenv("XDG_CONFIG_HOME");
+  qputenv("HOME", before);
+}
+
+TEST_F(ChessFiles, AFileWhoseFolderHasGoneIsProposedAnew) {
+  QDir(Folder()).mkdir(u"short-lived"_s);
+  SaveAs(u"short-lived/mine.fen"_s, InFolder(Proposal(u"Ana-Luis"_s)));
+  EXPECT_TRUE(QDir(InFolder(u"short-lived"_s)).removeRecursively());
+  White.Dialogs.ExpectFile(ToOpen(Folder()), QString());
+  White.Flow.Run(ChessCommand::OpenGame);
+  White.Dialogs.ExpectFile(ToSave(InFolder(u"mine.fen"_s)), QString());
+  White.Flow.Run(ChessCommand::SaveAs);
+}
+
 TEST(ChessFileNames, HoldNoCharacterThatAFileNameCannot) {
+  const Profile files;
   AjePair pair;
   pair.ExpectHandshake({.ServerName = u"a/b:c?"_s, .ClientName = u"x\\y*z"_s}, box::kColourQuestion);
   pair.Ask();
   pair.Settle();
-  const QDate today = QDate::currentDate();
-  const QString name = u"a_b_c_-x_y_z _ %1-%2-%3.fen"_s.arg(today.day()).arg(today.month()).arg(today.year());
-  pair.Server.Dialogs.ExpectFile(
-      {.Title = u"Guardar partida como..."_s,
-       .Filter = kFilter,
-       .Path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + u'/' + name},
-      QString());
+  pair.Server.Dialogs.ExpectFile(ToSave(files.InFolder(Proposal(u"a_b_c_-x_y_z"_s))), QString());
   pair.Server.Flow.Run(ChessCommand::SaveAs);
 }
 
@@ -208,6 +324,21 @@ TEST_F(ChessFiles, AFileNeedsNoLineBreakAtItsEnd) {
   ExpectOffer(u"open.fen"_s);
   White.Flow.Run(ChessCommand::OpenGame);
   Pair.Settle();
+}
+
+TEST_F(ChessFiles, AFirstLineIsReadWhole) {
+  const QByteArray line = QByteArray(60'000, 'x') + QByteArray(
+                                                        "8/8/8/8/8/8/\0"
+                                                        "4P3/R6r/B - - 0 7",
+                                                        33);
+  Open(u"long.fen"_s, line + "\r\n");
+  ExpectQuestion(u"long.fen"_s, Button::Yes);
+  ExpectColours(u"1"_s);
+  ExpectOffer(u"long.fen"_s);
+  White.Flow.Run(ChessCommand::OpenGame);
+  Pair.Settle();
+  EXPECT_TRUE(White.Connection.Sent.contains(u"datospartida|"_s + QString::fromLatin1(line)));
+  for (const AjeCopy* copy : {&White, &Black}) EXPECT_EQ(copy->Flow.Game().Position().MoveNumber, 7);
 }
 
 TEST_F(ChessFiles, AFileThatCannotBeOpenedStopsTheCommand) {

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "games/chess/attack.h"
-#include "games/chess/position_line.h"
 #include "tests/games/chess/chess_places.h"
 
 namespace brontavia {
@@ -178,26 +177,14 @@ TEST_F(Game, BeginsAgain) {
   ExpectNothingPickedUp();
 }
 
-TEST_F(Game, TakesAPositionFromALine) {
+TEST_F(Game, GoesOnFromAPosition) {
   Click("e2");
-  ASSERT_TRUE(game_.Load(u"8/8/8/3r4/8/8/8/1R6/N - - 4 9"));
-  EXPECT_EQ(Position().Board, Placed("Kb1 kd5").Board);
-  EXPECT_EQ(Position().KingSquares.White, Square("b1"));
-  EXPECT_EQ(Position().KingSquares.Black, Square("d5"));
-  EXPECT_EQ(Position().SideToMove, Colour::Black);
+  const ChessPosition position = Placed("Kb1 kd5");
+  const int set_up = game_.PositionsSetUp();
+  game_.Load(position);
+  EXPECT_EQ(Position(), position);
+  EXPECT_EQ(game_.PositionsSetUp(), set_up + 1);
   ExpectNothingPickedUp();
-}
-
-TEST_F(Game, RefusesALineWithoutChangingAnything) {
-  Move("e2", "e4");
-  Click("e7");
-  const ChessPosition before = Position();
-  for (const std::u16string_view line : {u"", u"8/8/8/8/8/8/8/8", u"nonsense", u"8/8/8/8/8/8/8/9 w - - 0 1"}) {
-    EXPECT_FALSE(game_.Load(line));
-    EXPECT_EQ(Position(), before);
-    EXPECT_EQ(game_.Selection().Source, Square("e7"));
-    EXPECT_EQ(game_.Targets().size(), 2U);
-  }
 }
 
 // ---- Editing ----

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QStandardPaths>
 #include <algorithm>
 #include <iterator>
 
@@ -22,7 +21,6 @@ const QStringList kPromotionMenu{u"&Torre"_s, u"&Caballo"_s, u"&Alfil"_s, u"&Dam
 }  // namespace
 
 Ana::Ana() {
-  qunsetenv("userProfile");
   Pair.Connect();
   QObject::disconnect(&Pair.Client.Connection, &Connection::DataArrival, nullptr, nullptr);
 }
@@ -57,13 +55,13 @@ void Ana::BeFree() {
 }
 
 void Ana::ExpectFile(const Meanwhile& meanwhile) {
-  const QString path = Directory.filePath(u"w.fen"_s);
+  const QString path = Files.InFolder(u"w.fen"_s);
   QFile file(path);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write(kFileLine.toLatin1() + "\r\n");
   Copy.Dialogs.ExpectFile({.Title = u"Abrir partida "_s,
                            .Filter = u"Notación FEN (*.fen)|*.fen|Todos los archivos (*.*)|*.*"_s,
-                           .Path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)},
+                           .Path = Files.Folder()},
                           path, meanwhile);
 }
 

@@ -1,10 +1,10 @@
 // The moments of a session of chess at which a message can come, a window can close and a user can act.
 #pragma once
 
-#include <QTemporaryDir>
 #include <functional>
 #include <vector>
 
+#include "tests/games/chess/profile.h"
 #include "tests/support/aje_pair.h"
 
 namespace brontavia::test {
@@ -36,7 +36,7 @@ class Ana {
   // `meanwhile` happens in the wait for the next send.
   void WhileWaiting(const Meanwhile& meanwhile);
 
-  QTemporaryDir Directory;
+  Profile Files;
   AjePair Pair;
   AjeCopy& Copy = Pair.Server;
 };

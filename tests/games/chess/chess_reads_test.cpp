@@ -2,10 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTimer>
 
+#include "tests/games/chess/profile.h"
 #include "tests/support/aje_pair.h"
 
 namespace brontavia::test {
@@ -243,16 +242,15 @@ TEST_F(ChessReads, AReceivedMoveThatIsNotAllowedIsAnsweredByNothing) {
 
 // Offers a saved position, which `meanwhile` may change before the other side agrees.
 void Offer(AjePair& pair, const std::function<void(QFile& file)>& meanwhile) {
-  const QTemporaryDir directory;
-  const QString path = directory.filePath(u"w.fen"_s);
+  const Profile files;
+  const QString path = files.InFolder(u"w.fen"_s);
   QFile file(path);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write("8/8/8/8/8/8/8/R6r/B - - 0 1\r\n");
   file.close();
-  qunsetenv("userProfile");
   pair.Server.Dialogs.ExpectFile({.Title = u"Abrir partida "_s,
                                   .Filter = u"Notación FEN (*.fen)|*.fen|Todos los archivos (*.*)|*.*"_s,
-                                  .Path = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)},
+                                  .Path = files.Folder()},
                                  path);
   pair.Client.Dialogs.AnswerBox = [&](const QString&) {
     meanwhile(file);

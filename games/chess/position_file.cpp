@@ -1,0 +1,54 @@
+#include "games/chess/position_file.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include "text/qt_text.h"
+#include "text/wire_encoding.h"
+
+namespace brontavia {
+namespace {
+
+// Both ways to write are without a buffer, so that each write tells its own failure: QSaveFile renames although the
+// flush inside commit() has failed.
+constexpr QIODevice::OpenMode kUnbuffered = QIODevice::Unbuffered;
+
+// The system may take a first part of what does not fit; only the write of the rest names the reason.
+bool WriteAll(QFileDevice& file, QByteArrayView content) {
+  while (!content.isEmpty()) {
+    const qint64 written = file.write(content.data(), content.size());
+    if (written <= 0) return false;
+    content = content.sliced(written);
+  }
+  return true;
+}
+
+// What is written over is put back after a failure, which takes no room that the file did not have.
+std::optional<QString> WriteInPlace(const QString& path, const QByteArray& content) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadWrite | kUnbuffered)) return std::nullopt;
+  const qint64 size = file.size();
+  const QByteArray before = file.read(content.size());
+  if (file.seek(0) && WriteAll(file, content) && file.resize(content.size())) return std::nullopt;
+  QString reason = file.errorString();
+  if (file.seek(0)) WriteAll(file, before);
+  file.resize(size);
+  return reason;
+}
+
+}  // namespace
+
+std::optional<QString> WritePositionFile(const QString& path, const QString& line) {
+  const QFileInfo target(path);
+  if (target.exists() && !target.isFile()) return std::nullopt;  // a new file would take the place of a device
+  const QByteArray content = ToWire(QString(line + kCrLf));
+  QSaveFile file(path);
+  if (file.open(QIODevice::WriteOnly | kUnbuffered)) {
+    if (!WriteAll(file, content)) return file.errorString();
+    if (file.commit()) return std::nullopt;
+  }
+  return WriteInPlace(path, content);  // the folder takes no new file, or does not let it take the old one's place
+}
+
+}  // namespace brontavia
