@@ -56,9 +56,9 @@ bool ChessClock::Set(ClockTime white, ClockTime black) {
   return true;
 }
 
-std::u16string ChessClock::Text() const {
-  return MinutesAndSeconds(clock_seconds_.White) + u" / " + MinutesAndSeconds(clock_seconds_.Black);
-}
+std::u16string ChessClock::Text(Colour colour) const { return MinutesAndSeconds(clock_seconds_[colour]); }
+
+std::u16string ChessClock::Text() const { return Text(Colour::White) + u" / " + Text(Colour::Black); }
 
 std::u16string ChessClock::Proposal(Colour colour) const {
   const std::int32_t seconds = clock_seconds_[colour];

@@ -30,6 +30,8 @@ class ChessClock {
   bool Set(ClockTime white, ClockTime black);
 
   [[nodiscard]] std::int32_t ClockSeconds(Colour colour) const { return clock_seconds_[colour]; }
+  // The time of `colour`, "01:05".
+  [[nodiscard]] std::u16string Text(Colour colour) const;
   // White's time and Black's, "01:05 / 60:00".
   [[nodiscard]] std::u16string Text() const;
   // The time of `colour` as it is proposed for editing, "5:7".

@@ -1,6 +1,7 @@
-// ChessFlow: mate, resignation and draws.
+#include "games/chess/chess_endings.h"
+
 #include "games/chess/attack.h"
-#include "games/chess/chess_flow.h"
+#include "net/message_tokens.h"
 #include "text/rounding.h"
 
 namespace brontavia {
@@ -15,18 +16,23 @@ constexpr double kHalfPoint = 0.5;
 
 }  // namespace
 
-bool ChessFlow::RefuseOutOfTurn() {
-  if (session_.CurrentTurn == OwnPlayer()) return false;
-  ShowBox(u"No es su turno de mover"_s, {});
+void ChessEndings::Reset() {
+  session_.Winner.reset();
+  session_.GameOver = false;
+}
+
+bool ChessEndings::RefuseOutOfTurn() {
+  if (session_.TurnSettled && session_.CurrentTurn == host_.OwnPlayer()) return false;
+  host_.Tell(u"No es su turno de mover"_s);
   return true;
 }
 
 // Called before the boxes that tell the end, so that nothing which arrives while they are open finds the game going on.
-void ChessFlow::EndGame(std::optional<Player> winner) {
+void ChessEndings::End(std::optional<Player> winner) {
   session_.GameOver = true;
-  winner_ = winner;
+  session_.Winner = winner;
   if (winner) {
-    AddPoint(*winner);
+    host_.AddPoint(*winner);
     return;
   }
   for (const Player player : kBothPlayers) {
@@ -36,66 +42,74 @@ void ChessFlow::EndGame(std::optional<Player> winner) {
 
 // ---- Mate ----
 
-void ChessFlow::DeclareMate() {
+void ChessEndings::DeclareMate() {
   if (RefuseOutOfTurn()) return;
-  const ChessPosition& position = game_.Position();
-  if (!IsKingAttacked(position, position.SideToMove)) {
-    ShowBox(u"Su rey no está en jaque, por lo que no puede ser jaque mate. "_s, {});
+  if (!IsKingAttacked(game_.Position(), game_.Position().SideToMove)) {
+    host_.Tell(u"Su rey no está en jaque, por lo que no puede ser jaque mate. "_s);
     return;
   }
-  if (!Send(message::kMateDeclared.Token.toString())) return;
-  EndGame(OtherPlayer());
-  ShowBox(kLost, {});
+  if (!host_.Send(message::kMateDeclared.Token.toString())) return;
+  End(OtherPlayer());
+  host_.Tell(kLost);
 }
 
-void ChessFlow::MateDeclared() {
-  EndGame(OwnPlayer());
-  ShowBox(OtherName() + u" se ha declarado en jaque mate.", {});
-  ShowBox(kWon, {});
+void ChessEndings::MateDeclared() {
+  End(host_.OwnPlayer());
+  host_.Tell(OtherName() + u" se ha declarado en jaque mate.");
+  host_.Tell(kWon);
 }
 
 // ---- Resignation ----
 
-void ChessFlow::Resign() {
+void ChessEndings::Resign() {
   if (RefuseOutOfTurn() || session_.GameOver) return;
-  if (!Send(message::kResigned.Token.toString())) return;
-  EndGame(OtherPlayer());
-  ShowBox(kLost, {});
+  if (!host_.Send(message::kResigned.Token.toString())) return;
+  End(OtherPlayer());
+  host_.Tell(kLost);
 }
 
-void ChessFlow::OpponentResigned() {
-  EndGame(OwnPlayer());
-  Screen().AppendText(Box::TBJugadas,
-                      u" y las "_s + (WhitePlayer() == OwnPlayer() ? u"negras"_s : u"blancas"_s) + u" abandonan.  ");
-  ShowBox(OtherName() + u" abandona la partida.", {});
-  ShowBox(kWon, {});
+void ChessEndings::OpponentResigned() {
+  End(host_.OwnPlayer());
+  screen_.AppendText(
+      Box::TBJugadas,
+      u" y las "_s + (session_.StartingPlayer == host_.OwnPlayer() ? u"negras"_s : u"blancas"_s) + u" abandonan.  ");
+  host_.Tell(OtherName() + u" abandona la partida.");
+  host_.Tell(kWon);
 }
 
 // ---- Draws ----
 
-void ChessFlow::OfferDraw() {
+void ChessEndings::OfferDraw() {
   if (RefuseOutOfTurn()) return;
-  if (!Send(message::kDrawOffered.Token.toString())) return;
-  AddMessage(
+  if (!host_.Send(message::kDrawOffered.Token.toString())) return;
+  screen_.AddMessage(
       u"Ha solicitado al otro jugador que la partida termine en tablas. Por favor, espere a que él responda antes de "
       u"realizar cualquier otra acción."_s);
 }
 
-void ChessFlow::DrawOffered() {
-  const Button answer = ShowBox(u"El otro jugador le propone terminar la partida en tablas. ¿Acepta su propuesta?"_s,
-                                u"Brontavia - ajedrez"_s, Buttons::YesNo);
-  if (answer == Button::No) {
-    if (Send(message::kDrawRefused.Token.toString())) AddMessage(u"Le toca mover al otro jugador."_s);
-    return;
-  }
-  if (Send(message::kDrawAccepted.Token.toString()))
+void ChessEndings::DrawOffered() {
+  if (host_.Confirm(u"El otro jugador le propone terminar la partida en tablas. ¿Acepta su propuesta?"_s,
+                    u"Brontavia - ajedrez"_s)) {
+    if (!host_.Send(message::kDrawAccepted.Token.toString())) return;
     DrawAgreed(u"La partida termina en tablas, pulse en el tablero para continuar."_s);
+  } else if (host_.Send(message::kDrawRefused.Token.toString())) {
+    screen_.AddMessage(u"Le toca mover al otro jugador."_s);
+  }
 }
 
-void ChessFlow::DrawAgreed(const QString& text) {
-  EndGame(std::nullopt);
-  Screen().AppendText(Box::TBJugadas, u" y los jugadores acuerdan tablas."_s);
-  ShowBox(text, {});
+void ChessEndings::DrawAccepted() {
+  DrawAgreed(
+      u"El otro jugador ha aceptado su propuesta. La partida termina en tablas, pulse en el tablero para continuar."_s);
+}
+
+void ChessEndings::DrawRefused() {
+  host_.Tell(u"El otro jugador no ha aceptado su propuesta. Realice su siguiente movimiento."_s);
+}
+
+void ChessEndings::DrawAgreed(const QString& text) {
+  End(std::nullopt);
+  screen_.AppendText(Box::TBJugadas, u" y los jugadores acuerdan tablas."_s);
+  host_.Tell(text);
 }
 
 }  // namespace brontavia

@@ -1,18 +1,22 @@
-// A session of chess: turns the outcomes of ChessGame into texts, messages and what FG1 shows.
+// A session of chess: clicks, keys and commands of the player, messages of the other, and the moves that they make.
+// What else there is to a session has a part of its own.
 #pragma once
 
 #include <optional>
 
-#include "games/chess/chess_clock.h"
+#include "games/chess/chess_clocks.h"
 #include "games/chess/chess_command.h"
+#include "games/chess/chess_display.h"
+#include "games/chess/chess_editing.h"
+#include "games/chess/chess_endings.h"
 #include "games/chess/chess_game.h"
+#include "games/chess/chess_host.h"
+#include "games/chess/saved_games.h"
 #include "net/game_flow.h"
-#include "seams/board_model.h"
-#include "seams/second_timer.h"
 
 namespace brontavia {
 
-class ChessFlow : public GameFlow {
+class ChessFlow : public GameFlow, private ChessHost {
   Q_OBJECT
 
  public:
@@ -27,119 +31,74 @@ class ChessFlow : public GameFlow {
   // The user chose a menu entry.
   void Run(ChessCommand command);
 
-  [[nodiscard]] bool IsAvailable(const ChessMenuEntry& entry) const { return !entry.FreeModeOnly || free_mode_; }
+  [[nodiscard]] bool IsAvailable(const ChessMenuEntry& entry) const { return !entry.FreeModeOnly || FreeMode(); }
   // Of a checkable entry.
   [[nodiscard]] bool IsChecked(ChessCommand command) const;
 
-  [[nodiscard]] BoardModel& FG1() { return fg1_; }
-  [[nodiscard]] const BoardModel& FG1() const { return fg1_; }
+  [[nodiscard]] BoardModel& FG1() { return display_.FG1(); }
+  [[nodiscard]] const BoardModel& FG1() const { return display_.FG1(); }
   [[nodiscard]] const ChessGame& Game() const { return game_; }
-  [[nodiscard]] const ChessClock& Clocks() const { return clocks_; }
-  [[nodiscard]] SecondTimer& Timer1() { return timer1_; }
-  [[nodiscard]] bool FreeMode() const { return free_mode_; }
-  [[nodiscard]] bool LearningMode() const { return learning_mode_; }
-  [[nodiscard]] bool BoardFlipped() const { return board_flipped_; }
+  [[nodiscard]] const ChessClock& Clocks() const { return clocks_.Times(); }
+  [[nodiscard]] SecondTimer& Timer1() { return clocks_.Timer1(); }
+  [[nodiscard]] bool FreeMode() const { return editing_.FreeMode(); }
+  [[nodiscard]] bool LearningMode() const { return display_.LearningMode(); }
+  [[nodiscard]] bool BoardFlipped() const { return display_.BoardFlipped(); }
+  [[nodiscard]] Player OwnPlayer() const override { return GameFlow::OwnPlayer(); }
   // The player of White.
   [[nodiscard]] Player WhitePlayer() const { return session_.StartingPlayer; }
   // The winner of the last game; nothing before its end and after a draw.
-  [[nodiscard]] std::optional<Player> Winner() const { return winner_; }
+  [[nodiscard]] std::optional<Player> Winner() const { return session_.Winner; }
   // Where a square shows on FG1.
-  [[nodiscard]] CellIndex IndexOf(Coordinate square) const;
+  [[nodiscard]] CellIndex IndexOf(Coordinate square) const { return display_.IndexOf(square); }
 
  signals:
   // IsAvailable or IsChecked of some entry has changed.
   void CommandsChanged();
 
  protected:
-  void LoadGame() override;
+  void LoadGame() override { ResetBoard(); }
   void ResetForSession() override;
   void ResetForNewGame() override;
   void DescribeSide(Player player, ScoreboardSide& side) const override;
   [[nodiscard]] KeyHints Keys() const override;
 
  private:
-  struct SavedPosition {
-    QString Line;
-    ChessPosition Position;
-  };
-
+  void AnswerMessages();
   void ResetBoard();
 
   // ---- Moving ----
+
   void ClickSquare(Coordinate square);
   // `before`: the game without the click that has made the move.
   void MoveStands(ChessMove move, const ChessGame& before);
   // The kind that replaces a pawn; nothing when the position has been replaced meanwhile.
   std::optional<int> AskForPromotion();
   void ReplayMove(const QString& payload);
+  void DropSelection();
   [[nodiscard]] bool OwnTurn() const { return session_.TurnSettled && session_.CurrentTurn == OwnPlayer(); }
 
-  // ---- The end of a game ----
-  void EndGame(std::optional<Player> winner);
-  void DeclareMate();
-  void MateDeclared();
-  void Resign();
-  void OpponentResigned();
-  void OfferDraw();
-  void DrawOffered();
-  void DrawAgreed(const QString& text);
-  // Tells the player that it is not his turn, when it is not.
-  bool RefuseOutOfTurn();
+  // ---- For the parts ----
 
-  // ---- Position files and going on with them ----
-  void Save();
-  void SaveAs();
-  void WritePosition(const QString& path);
-  void OpenGame();
-  void ResumeAsked(const QString& description);
-  void ResumeAccepted();
-  void ResumeRefused();
-  void ChooseColours();
-  void TurnsReceived(const QString& payload);
-  // Nothing when the file cannot be read, and when it holds no position, which the user is told.
-  std::optional<SavedPosition> ReadSaved(const QString& path);
-  std::optional<ChessPosition> ReadLine(const QString& line);
-  void LoadPosition(const ChessPosition& position);
-  [[nodiscard]] QString FileToPropose() const;
-
-  // ---- Clocks ----
-  void ToggleClocks();
-  void SetClocks();
-  void ShowClocks();
-
-  // ---- Modes and editing ----
-  void ToggleFreeMode();
-  void ToggleLearningMode();
-  void TurnBoard();
-  void EmptyBoard();
-  void SetData();
-  void DeletePiece();
-  void InsertPiece();
-  void PutOnClickedSquare(int piece);
-  void PositionEdited();
-  void DropSelection();
-
-  // ---- What the window shows ----
-  void ShowHeaders();
-  void DrawBoard();
-  void ShowPositionBox();
-  [[nodiscard]] Coordinate SquareOf(CellIndex cell) const;
-  [[nodiscard]] QString DescribeCell(CellIndex cell) const;
-  [[nodiscard]] QString OtherName() const { return session_.PlayerNames.Trimmed(OtherPlayer()); }
+  void RunHandler(const std::function<void()>& handler) override { GameFlow::RunHandler(handler); }
+  void SetStatus(const QString& text) override { GameFlow::SetStatus(text); }
+  void AddPoint(Player player) override { GameFlow::AddPoint(player); }
+  void Tell(const QString& text, const QString& title) override { ShowBox(text, title); }
+  bool Confirm(const QString& text, const QString& title) override;
+  QString Ask(const QString& prompt, const QString& title, const QString& proposal) override;
+  QString AskFileToOpen(const FileQuestion& question) override { return GameFlow::AskFileToOpen(question); }
+  QString AskFileToSave(const FileQuestion& question) override { return GameFlow::AskFileToSave(question); }
+  std::optional<int> PopUp(const QString& menu, const QString& title, const QList<MenuItem>& items) override;
+  bool Send(const QString& text) override { return GameFlow::Send(text); }
+  bool SendAndWait(const QString& text) override { return GameFlow::SendAndWait(text); }
+  bool SendUntilComplete(const QString& text) override { return GameFlow::SendUntilComplete(text); }
 
   ChessGame game_;
-  BoardModel fg1_;
-  ChessClock clocks_;
-  SecondTimer timer1_;
-  std::optional<Coordinate> clicked_square_;
-  std::optional<ChessMove> last_move_;
-  std::optional<Player> winner_;
+  ChessDisplay display_;
+  ChessClocks clocks_;
+  ChessEndings endings_;
+  SavedGames saved_games_;
+  ChessEditing editing_;
   bool replaying_ = false;  // a received move is being played
-  bool free_mode_ = false;
-  bool learning_mode_ = false;
-  bool board_flipped_ = false;
-  QString file_name_;        // the last file chosen in a dialog
-  QString saved_game_path_;  // of the position that this side has offered to go on with
 };
 
 }  // namespace brontavia
