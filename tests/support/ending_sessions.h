@@ -16,11 +16,13 @@
 namespace brontavia::test {
 
 // What a game adds: `Act` makes `copy` do something that a user does, drawn with `below(n)` (0 .. n - 1); `Reads` are
-// texts that a peer may send, besides those that the players' actions send.
+// texts that a peer may send, besides those that the players' actions send; `File` is what file dialogs give half of
+// the time, if they give one at all.
 template <typename CopyOfGame>
 struct EndingGame {
   std::function<void(CopyOfGame& copy, const std::function<int(int)>& below)> Act;
   QStringList Reads;
+  QString File = {};
 };
 
 template <typename Pair>
@@ -118,7 +120,7 @@ class EndingSession {
     };
     copy.Dialogs.AnswerFile = [this, &copy](const FileQuestion&) {
       Meanwhile(copy);
-      return QString();
+      return game_.File.isEmpty() || Below(2) == 0 ? QString() : game_.File;
     };
   }
 
