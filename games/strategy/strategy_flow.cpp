@@ -1,7 +1,5 @@
 #include "games/strategy/strategy_flow.h"
 
-#include <ranges>
-
 #include "games/cell_name.h"
 #include "text/qt_text.h"
 
@@ -281,11 +279,11 @@ QString StrategyFlow::DescribeCell(Coordinate cell) const {
 }
 
 void StrategyFlow::ListRanks() {
-  QString list = u"Lista de rangos"_s + kCrLf;
-  for (const Rank rank : kArmyRanks | std::views::reverse) {
-    list += QString::number(NumberOf(rank)) + u' ' + ToQString(RankName(rank)) + u". " + kCrLf;
+  QString ranks;  // the highest first
+  for (const Rank rank : kArmyRanks) {
+    ranks.prepend(QString::number(NumberOf(rank)) + u' ' + ToQString(RankName(rank)) + u". " + kCrLf);
   }
-  ShowBox(list + u"Aunque el espía y las bombas funcionan de manera especial.", {});
+  ShowBox(u"Lista de rangos"_s + kCrLf + ranks + u"Aunque el espía y las bombas funcionan de manera especial.", {});
 }
 
 }  // namespace brontavia

@@ -168,11 +168,11 @@ TEST(Army, TakesNothingBackFromOutsideTheBoard) {
 TEST(Army, FillsItsZoneWhenItIsComplete) {
   for (const auto& [name, variant] : kVariants) {
     Placing own(variant, Player::Client);
-    const auto* rank = kArmyRanks.begin();
+    std::size_t next = 0;
     for (const Coordinate cell : AllCells(variant)) {
       if (!own.Army.MayStandOn(cell)) continue;
-      while (own.Army.RanksToPlace(*rank) == 0) ++rank;
-      EXPECT_TRUE(own.Army.Place(cell, *rank)) << name;
+      while (own.Army.RanksToPlace(kArmyRanks.at(next)) == 0) ++next;
+      EXPECT_TRUE(own.Army.Place(cell, kArmyRanks.at(next))) << name;
     }
     EXPECT_EQ(own.Army.PiecesToPlace(), 0) << name;
     EXPECT_EQ(ToPlace(own.Army), Counts{}) << name;
