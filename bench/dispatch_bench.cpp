@@ -51,6 +51,7 @@ class SilentDialogs : public Dialogs {
                                const QList<MenuItem>& /*items*/) override {
     return {};
   }
+  void Dismiss(const QString& /*text*/) override {}
   void CloseAll() override {}
   [[nodiscard]] bool IsShowing() const override { return false; }
 };
@@ -63,6 +64,9 @@ class BlindScreen : public Screen {
   void AppendText(Box /*box*/, const QString& /*text*/) override {}
   void AddMessage(const QString& line) override { Take(line); }
   void PlaySound(MediaPlayer /*player*/, const QString& /*file*/) override {}
+  void ShowScoreboard(const Scoreboard& /*scoreboard*/) override {}
+  void ShowKeys(const KeyHints& /*keys*/) override {}
+  void ShowBoardCaption(const QString& /*caption*/, PlayerSign /*owner*/) override {}
   void Beep() override {}
 
  private:

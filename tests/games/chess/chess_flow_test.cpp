@@ -38,6 +38,28 @@ TEST_F(Chess, BeginsWithAllTextsAndTheWholeBoard) {
   }
 }
 
+// The server's number is the one that the turn begins with, so a menu could be taken for its turn.
+TEST(ChessBeforeTheFirstTurn, ClicksAndMenusAreOutOfTurnAlike) {
+  AjePair pair;
+  pair.Server.Flow.Load();
+  for (const ChessCommand command : {ChessCommand::DeclareMate, ChessCommand::Resign, ChessCommand::OfferDraw}) {
+    pair.Server.Dialogs.Expect({}, box::kNotYourTurn);
+    pair.Server.Flow.Run(command);
+  }
+  pair.Server.Click(u"e2"_s);
+  EXPECT_EQ(pair.Server.Screen.Status, box::kNotYourTurn);
+}
+
+TEST_F(Chess, TheStripTellsColoursAndClocks) {
+  EXPECT_EQ(White.Screen.Scoreboard.Own.Sign, PlayerSign::WhiteKing);
+  EXPECT_EQ(White.Screen.Scoreboard.Own.Clock, (ScoreboardClock{.Time = u"00:00"_s, .Runs = false}));
+  Pair.Play(u"e2e4"_s);
+  White.Flow.Pass(std::chrono::seconds(65));
+  EXPECT_EQ(White.Screen.Scoreboard.Other.Clock, (ScoreboardClock{.Time = u"01:05"_s, .Runs = true})) << "Black's";
+  EXPECT_EQ(White.Screen.Scoreboard.Own.Clock, (ScoreboardClock{.Time = u"00:00"_s, .Runs = false}));
+  EXPECT_EQ(White.Screen.Scoreboard.Other.State, PlayerState::ToMove);
+}
+
 TEST_F(Chess, AMoveIsToldOnBothSides) {
   White.Click(u"e2"_s);
   EXPECT_EQ(White.Screen.Status, u"Peón blanco seleccionado"_s);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "games/chess/attack.h"
+#include "games/chess/position_line.h"
 #include "tests/games/chess/chess_places.h"
 
 namespace brontavia {
