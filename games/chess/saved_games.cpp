@@ -34,10 +34,10 @@ bool IsFolder(const QString& path) { return !path.isEmpty() && QFileInfo(path).i
 // The first of the profile's documents, the system's and the home folder that is there.
 QString ProposedFolder() {
   const QString profile = qEnvironmentVariable("userProfile").replace(u'\\', u'/');
-  const QString of_profile = profile + u"/Mis documentos";
-  if (!profile.isEmpty() && IsFolder(of_profile)) return of_profile;
-  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  return IsFolder(documents) ? documents : QDir::homePath();
+  QString folder = profile + u"/Mis documentos";
+  if (!profile.isEmpty() && IsFolder(folder)) return folder;
+  folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return IsFolder(folder) ? folder : QDir::homePath();
 }
 
 }  // namespace
