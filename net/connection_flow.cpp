@@ -6,7 +6,6 @@
 
 #include "net/common_messages.h"
 #include "net/counted.h"
-#include "seams/second_timer.h"
 #include "text/qt_text.h"
 
 namespace brontavia {
@@ -25,8 +24,7 @@ constexpr std::chrono::milliseconds kBetweenRepeatedSends{50};
 
 }  // namespace
 
-ConnectionFlow::ConnectionFlow(const WindowTraits& window, const Seams& seams)
-    : window_(window), seams_(seams), pacing_(seams.FreeBetweenBoxes) {
+ConnectionFlow::ConnectionFlow(const WindowTraits& window, const Seams& seams) : window_(window), seams_(seams) {
   guard_.setObjectName(window_.Window.toString());
   connect(&seams_.Connection, &Connection::ConnectionRequest, this, &ConnectionFlow::AnswerRequest);
   connect(&seams_.Connection, &Connection::DataArrival, this, &ConnectionFlow::DataArrived);
@@ -37,8 +35,9 @@ ConnectionFlow::ConnectionFlow(const WindowTraits& window, const Seams& seams)
   connect(&seams_.Connection, &Connection::Lost, &guard_, &EventGuard::Wake);
   connect(&guard_, &EventGuard::Ending, &seams_.Dialogs, [this] { seams_.Dialogs.CloseAll(); });
   connect(&seams_.Dialogs, &Dialogs::Answered, this, &ConnectionFlow::BoxAnswered);
-  free_again_.setSingleShot(true);
-  connect(&free_again_, &QTimer::timeout, this, [this] {
+  rest_.setSingleShot(true);
+  connect(&rest_, &QTimer::timeout, this, [this] {
+    pacing_.Rested();
     guard_.Wake();
     ReadAgain();
   });
@@ -132,7 +131,7 @@ void ConnectionFlow::AnswerRequest(int request) {
 
 void ConnectionFlow::DataArrived() {
   if (!reading_) return;
-  if (reads_on_stack_ == kMaxReadsOnStack || close_question_open_ || !PeersBoxMayOpen()) {
+  if (reads_on_stack_ == kMaxReadsOnStack || close_question_open_ || !pacing_.MayOpen()) {
     read_waiting_ = true;
     return;
   }
@@ -205,18 +204,16 @@ auto ConnectionFlow::Nested(const Question& ask) {
   return answer;
 }
 
-bool ConnectionFlow::PeersBoxMayOpen() const { return pacing_.MayOpen(MonotonicTime(), seams_.Dialogs.IsShowing()); }
-
 void ConnectionFlow::WaitUntilBoxMayOpen() {
-  if (!handling_peers_event_) return;
-  guard_.WaitUntil([this] { return PeersBoxMayOpen(); });
-  pacing_.Opens();
+  if (handling_peers_event_) {
+    guard_.WaitUntil([this] { return pacing_.MayOpen(); });
+    pacing_.Opens();
+  }
+  rest_.stop();
 }
 
 void ConnectionFlow::BoxAnswered() {
-  if (seams_.Dialogs.IsShowing()) return;
-  pacing_.BecameFree(MonotonicTime());
-  free_again_.start(seams_.FreeBetweenBoxes);
+  if (!seams_.Dialogs.IsShowing()) rest_.start(seams_.FreeBetweenBoxes);
 }
 
 Button ConnectionFlow::ShowBox(const QString& text, const QString& title, Buttons buttons) {

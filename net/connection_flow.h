@@ -26,7 +26,7 @@ struct Seams {
   brontavia::Screen& Screen;
   ProcessValues& Values;
   // How long the window stays free after a few boxes in a row that the peer set off.
-  std::chrono::milliseconds FreeBetweenBoxes = BoxPacing::kFreeFor;
+  std::chrono::milliseconds FreeBetweenBoxes{1000};
 };
 
 class ConnectionFlow : public QObject {
@@ -107,7 +107,6 @@ class ConnectionFlow : public QObject {
   template <typename Question>
   auto Nested(const Question& ask);
   void WaitUntilBoxMayOpen();
-  [[nodiscard]] bool PeersBoxMayOpen() const;
   void BoxAnswered();
   void ConnectTo(const QString& host);
   void TellFailedSend();
@@ -130,7 +129,7 @@ class ConnectionFlow : public QObject {
   int open_boxes_and_waits_ = 0;
   bool close_question_open_ = false;
   BoxPacing pacing_;
-  QTimer free_again_;                  // rings when the window has been free of boxes for long enough
+  QTimer rest_;                        // runs while the window is free of boxes, until it has been so for long enough
   bool handling_peers_event_ = false;  // by the innermost handler
 };
 

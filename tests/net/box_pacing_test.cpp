@@ -5,50 +5,31 @@
 namespace brontavia {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr BoxPacing::Moment kStart = 1h;
-
 BoxPacing AfterThreeBoxes() {
-  BoxPacing pacing(1s);
+  BoxPacing pacing;
   for (int box = 0; box < BoxPacing::kMostInARow; ++box) {
-    EXPECT_TRUE(pacing.MayOpen(kStart, box > 0)) << "box " << box;
+    EXPECT_TRUE(pacing.MayOpen()) << "box " << box;
     pacing.Opens();
   }
   return pacing;
 }
 
-TEST(BoxPacing, AFewBoxesOpenOneOverTheOther) { EXPECT_FALSE(AfterThreeBoxes().MayOpen(kStart, true)); }
+TEST(BoxPacing, AFewBoxesOpenOneOverTheOther) { EXPECT_FALSE(AfterThreeBoxes().MayOpen()); }
 
-TEST(BoxPacing, TheNextWaitsUntilTheWindowHasBeenFreeForASecond) {
+TEST(BoxPacing, AfterARestAFewMayOpenAgain) {
   BoxPacing pacing = AfterThreeBoxes();
-  pacing.BecameFree(kStart + 5s);
-  EXPECT_FALSE(pacing.MayOpen(kStart + 5s + 999ms, false));
-  EXPECT_TRUE(pacing.MayOpen(kStart + 6s, false));
-}
-
-TEST(BoxPacing, AWindowThatShowsABoxIsNotFreeHoweverLongItHasBeen) {
-  BoxPacing pacing = AfterThreeBoxes();
-  pacing.BecameFree(kStart + 5s);
-  EXPECT_FALSE(pacing.MayOpen(kStart + 60s, true));
-}
-
-TEST(BoxPacing, AfterTheBreakAFewMayOpenAgain) {
-  BoxPacing pacing = AfterThreeBoxes();
-  pacing.BecameFree(kStart);
-  ASSERT_TRUE(pacing.MayOpen(kStart + 1s, false));
-  pacing.Opens();
-  EXPECT_TRUE(pacing.MayOpen(kStart + 1s, true));
-  pacing.Opens();
-  EXPECT_TRUE(pacing.MayOpen(kStart + 1s, true));
-  pacing.Opens();
-  EXPECT_FALSE(pacing.MayOpen(kStart + 1s, true));
+  pacing.Rested();
+  for (int box = 0; box < BoxPacing::kMostInARow; ++box) {
+    EXPECT_TRUE(pacing.MayOpen()) << "box " << box;
+    pacing.Opens();
+  }
+  EXPECT_FALSE(pacing.MayOpen());
 }
 
 TEST(BoxPacing, WhatTheUserDoesBeginsANewRow) {
   BoxPacing pacing = AfterThreeBoxes();
   pacing.UserActed();
-  EXPECT_TRUE(pacing.MayOpen(kStart, true));
+  EXPECT_TRUE(pacing.MayOpen());
 }
 
 }  // namespace
