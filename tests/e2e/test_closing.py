@@ -57,7 +57,7 @@ class Closing(cases.CopiesTest):
         # The other player learns of it from the first move that cannot be sent; the window stays.
         server.click_cell(8)
         server.answer_box("Error", handshake.SEND_FAILED_TEXT)
-        session.click(0, 7, three_in_row.NOT_YOUR_TURN)
+        server.copy.expect_board("".join(session.marks))
         self.assert_usable_and_leaves(server)
 
     def test_a_box_that_is_closed_counts_as_refused(self):
