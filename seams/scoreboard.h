@@ -29,7 +29,8 @@ enum class PlayerState {
 
 // A piece that has fought, as far as the message of the fight names it.
 struct FoughtPiece {
-  int Rank = 0;  // 1..13
+  QString Name;    // "Capitán"
+  QString Emblem;  // the picture of its rank: "rank_capitan"
   bool Fell = false;
   friend bool operator==(const FoughtPiece&, const FoughtPiece&) = default;
 };
@@ -57,7 +58,7 @@ struct Scoreboard {
   friend bool operator==(const Scoreboard&, const Scoreboard&) = default;
 };
 
-// The same in words, own side first: "Ana 1, Luis 0. Mueve Ana."
+// The same in words, own side first: "Ana 1, Luis 0. Mueve Ana." Of a side whose name is unknown it tells nothing.
 QString SentenceOf(const Scoreboard& scoreboard);
 
 }  // namespace brontavia

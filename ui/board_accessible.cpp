@@ -6,6 +6,7 @@
 
 #include "ui/announcer.h"
 #include "ui/board_view.h"
+#include "ui/strip.h"
 
 namespace brontavia {
 namespace {
@@ -129,6 +130,7 @@ class AnnouncerAccessible : public QAccessibleWidget {
 QAccessibleInterface* MakeInterface(const QString& /*class_name*/, QObject* object) {
   if (auto* board = qobject_cast<BoardView*>(object)) return new BoardAccessible(*board);
   if (auto* announcer = qobject_cast<Announcer*>(object)) return new AnnouncerAccessible(*announcer);
+  if (auto* strip = qobject_cast<Strip*>(object)) return MakeAccessible(*strip);
   return nullptr;
 }
 

@@ -10,7 +10,7 @@ namespace brontavia {
 
 class BoardView;
 
-// Teaches Qt the interfaces of boards and announcers. Once, after the application object has been made.
+// Teaches Qt the interfaces of boards, announcers and strips. Once, after the application object has been made.
 void InstallAccessibleFactory();
 
 // The screen reader's focus is on the board's current cell.

@@ -88,17 +88,22 @@ void PaintFirstEnd(QPainter& painter, const QRectF& cell) {
   painter.strokePath(anchor, Solid(kInk, side / 25));
 }
 
+// On dark ground the rim of the dots is lost, on light ground their middle.
 void PaintFirstEndLine(QPainter& painter, QPointF from, QPointF to) {
-  QPen dots = Dashed(kSelectedRim, 3, 2, 7);
-  dots.setCapStyle(Qt::RoundCap);
-  Prepare(painter, dots);
-  painter.drawLine(from, to);
+  for (const auto& [colour, width] : {std::pair(kSelectedRim, 4.4), std::pair(kSelected, 1.8)}) {
+    QPen dots = Dashed(colour, width, 1, 8);
+    dots.setCapStyle(Qt::RoundCap);
+    Prepare(painter, dots);
+    painter.drawLine(from, to);
+  }
 }
 
 void PaintLifted(QPainter& painter, const QRectF& cell) {
-  const qreal inset = std::min(12.0, 0.07 * SideOf(cell));
-  Prepare(painter, Dashed(kSelectedRim, 3, 9, 6));
-  painter.drawRoundedRect(Inside(cell, inset), kPlateRadius, kPlateRadius);
+  const QRectF rim = Inside(cell, std::min(12.0, 0.07 * SideOf(cell)));
+  for (const auto& [colour, width] : {std::pair(kSelectedRim, 4.0), std::pair(kSelected, 1.6)}) {
+    Prepare(painter, Dashed(colour, width, 9, 6));
+    painter.drawRoundedRect(rim, kPlateRadius, kPlateRadius);
+  }
 }
 
 void PaintToFill(QPainter& painter, const QRectF& area, const QColor& army) {
