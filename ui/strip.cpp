@@ -80,13 +80,9 @@ Strip::Strip(QWidget* parent) : QWidget(parent) {
 void Strip::Show(const Scoreboard& scoreboard) {
   const Scoreboard shown{Showable(scoreboard.Own), Showable(scoreboard.Other)};
   if (shown == scoreboard_) return;
-  const QString before = Sentence();
   if (shown.Own != scoreboard_.Own) update(Touched(true));
   if (shown.Other != scoreboard_.Other) update(Touched(false));
   scoreboard_ = shown;
-  if (!hasFocus() || Sentence() == before) return;
-  QAccessibleTextUpdateEvent event(this, 0, before, Sentence());
-  QAccessible::updateAccessibility(&event);
 }
 
 int Strip::heightForWidth(int width) const {

@@ -14,6 +14,7 @@ constexpr qreal kMargin = 8;
 constexpr qreal kGap = 12;
 constexpr qreal kSlotGap = 10;
 constexpr qreal kTileWidth = 96;
+constexpr qreal kUnnamedTile = 48;
 constexpr qreal kPointHalf = 11;
 
 qreal Advance(const QFont& font, const QString& text) { return QFontMetricsF(font).horizontalAdvance(text); }
@@ -73,16 +74,15 @@ class LayOut {
     return Advance(smallest, side_.Name);
   }
 
-  // The clock gets what the name leaves, but at least half of the room.
+  // The clock gets what name and state leave, but at least half of the room.
   void PlaceClock() {
     const QString& time = side_.Clock->Time;
     layout_.SlotFont = look::Scaled(font_, 1.4, side_.Clock->Runs);
     const qreal dial = std::max(18.0, 1.4 * size_);
     // As wide as while it runs, so that nothing moves when it does.
-    const qreal full = dial + 3.5 * kMargin + Advance(look::Scaled(font_, 1.4, true), time);
+    const qreal full = dial + 4 * kMargin + Advance(look::Scaled(font_, 1.4, true), time);
     const qreal room = right_ - left_ - 2 * kSlotGap;
-    const qreal share =
-        std::min(std::max(room / 2, room - Advance(layout_.NameFont, side_.Name)), room - SmallestName());
+    const qreal share = std::min(std::max(room / 2, room - Lines()), room - SmallestName());
     const qreal width = std::min(full, share);
     if (width < 0) return;
     qreal text_room = full - dial - 2.5 * kMargin;
@@ -96,7 +96,7 @@ class LayOut {
     }
     layout_.Slot = {right_ - kSlotGap - width, plate_.top() + 10, width, plate_.height() - 20};
     const QRectF& slot = layout_.Slot;
-    if (with_dial) layout_.Dial = {slot.left() + kMargin, slot.center().y() - dial / 2, dial, dial};
+    if (with_dial) layout_.Dial = {slot.left() + 1.25 * kMargin, slot.center().y() - dial / 2, dial, dial};
     const qreal text_left = with_dial ? layout_.Dial.right() + kMargin / 2 : slot.left() + kMargin / 2;
     layout_.SlotText = LineAt(text_left, text_room, MiddleBaseline(slot, layout_.SlotFont), layout_.SlotFont);
     right_ = slot.left();
@@ -108,23 +108,23 @@ class LayOut {
     const QString& name = side_.Fought->Name;
     const auto font =
         look::FittingFont(font_, {&name, 1}, {kTileWidth - 6, height / 2}, std::min(1.1 * size_, 0.3 * height));
-    const qreal lines = std::max(Advance(layout_.NameFont, side_.Name), LineWidth(side_.StateWord));
-    const bool named = font && lines <= right_ - left_ - kTileWidth - 2 * kGap;
-    const qreal width = named ? kTileWidth : height;
-    layout_.Slot = {right_ - kGap - width, plate_.top() + 6, width, height};
+    const bool named = font && Lines() <= right_ - left_ - kTileWidth - 2 * kGap;
+    const QSizeF size = named ? QSizeF(kTileWidth, height) : QSizeF(1, 1) * std::min(height, kUnnamedTile);
+    layout_.Slot = QRectF({}, size);
+    layout_.Slot.moveCenter({right_ - kGap - size.width() / 2, plate_.center().y() - 0.5});
     if (named) {
       layout_.SlotFont = *font;
       const qreal baseline = layout_.Slot.bottom() - 3 - QFontMetricsF(*font).descent();
-      layout_.SlotText = LineAt(layout_.Slot.left() + 3, width - 6, baseline, *font);
+      layout_.SlotText = LineAt(layout_.Slot.left() + 3, kTileWidth - 6, baseline, *font);
     }
     right_ = layout_.Slot.left();
   }
 
-  // Of the second line.
-  [[nodiscard]] qreal LineWidth(const QString& word) const {
-    const qreal sign = HasStateSign(side_.State) ? size_ + 5 : 0;
-    return word.isEmpty() ? sign : sign + Advance(layout_.WordFont, word);
-  }
+  // Of the sign that stands before the word of the second line.
+  [[nodiscard]] qreal Indent() const { return HasStateSign(side_.State) ? size_ + 5 : 0; }
+  [[nodiscard]] qreal SecondLine() const { return Indent() + Advance(layout_.WordFont, side_.StateWord); }
+  // Width of both lines in writing of full size.
+  [[nodiscard]] qreal Lines() const { return std::max(Advance(layout_.NameFont, side_.Name), SecondLine()); }
 
   void PlaceLines() {
     const qreal width = right_ - kMargin - left_;
@@ -146,13 +146,13 @@ class LayOut {
       const qreal middle = baseline - QFontMetricsF(layout_.WordFont).capHeight() / 2;
       layout_.StateSign = {left_, middle - size_ / 2, size_, size_};
     }
-    const qreal indent = sign ? size_ + 5 : 0;
-    const auto font = look::FittingFont(layout_.WordFont, {&side_.StateWord, 1}, {width - indent, plate_.height()},
+    // Beside small writing a sign tells it better alone.
+    if (sign && SecondLine() > width) return;
+    const auto font = look::FittingFont(layout_.WordFont, {&side_.StateWord, 1}, {width - Indent(), plate_.height()},
                                         layout_.WordFont.pixelSize());
-    // A sign tells it alone rather than beside small writing.
-    if (!font || (sign && *font != layout_.WordFont && LineWidth(side_.StateWord) > width)) return;
+    if (!font) return;
     layout_.WordFont = *font;
-    layout_.Word = LineAt(left_ + indent, width - indent, baseline, *font);
+    layout_.Word = LineAt(left_ + Indent(), width - Indent(), baseline, *font);
   }
 
   const ScoreboardSide& side_;
@@ -284,15 +284,18 @@ class PlatePainter {
     const QColor& army = side_.Sign == PlayerSign::Moon ? look::kBlueArmy : look::kRedArmy;
     const QRectF& tile = layout_.Slot;
     if (piece.Fell) painter_.setOpacity(0.7);
+    QPainterPath outline;
+    outline.addRoundedRect(tile.adjusted(0.75, 0.75, -0.75, -0.75), look::kTileRadius, look::kTileRadius);
+    painter_.fillPath(outline.translated(0, 1.5).subtracted(outline), army);
     painter_.setPen(QPen(army, 1.5));
     painter_.setBrush(look::kTile);
-    painter_.drawRoundedRect(tile.adjusted(0.75, 0.75, -0.75, -0.75), look::kTileRadius, look::kTileRadius);
+    painter_.drawPath(outline);
     QRectF emblem = tile;
     if (!layout_.SlotText.isNull()) {
       const QFontMetricsF metrics(layout_.SlotFont);
       emblem.setBottom(layout_.SlotText.top() + metrics.ascent() - metrics.capHeight());
     }
-    const qreal side = std::min(28.0, emblem.height() - 6);
+    const qreal side = std::min(28.0, emblem.height() - 4);
     look::PaintPicture(painter_, emblem, piece.Emblem, {side, side}, army);
     Write(layout_.SlotText, layout_.SlotFont, piece.Name, army, Qt::AlignHCenter);
     painter_.setOpacity(1);
