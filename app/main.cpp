@@ -9,15 +9,28 @@
 
 namespace {
 
+// Sets the icon of all windows when the first has been painted, so that nothing on screen waits for its pictures.
+class IconSetter : public QObject {
+ public:
+  IconSetter() { qApp->installEventFilter(this); }
+
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) {
+      qApp->removeEventFilter(this);
+      QTimer::singleShot(0, this, [] { QApplication::setWindowIcon(brontavia::look::ProgramIcon()); });
+    }
+    return false;
+  }
+};
+
 // From the first window to the last; returns the exit code.
 int RunWindows(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  IconSetter icon_setter;
   brontavia::InstallAccessibleFactory();
   brontavia::WindowOwner owner(QApplication::applicationDirPath());
   owner.ShowStart();
-  // Once the window is there: to draw the icon takes a tenth of the time to the first window.
-  QTimer::singleShot(0, &application, [] { QApplication::setWindowIcon(brontavia::look::ProgramIcon()); });
   const int code = QApplication::exec();
   // A name server may take half a minute to answer a client who has long closed the window, and the toolkit waits for
   // its lookups when the application object goes.

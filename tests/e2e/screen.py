@@ -19,6 +19,11 @@ def stacking():
     return _window_ids(_run("xprop", "-root", "_NET_CLIENT_LIST_STACKING"))
 
 
+def icon_sides(window):
+    """Of the icons that a window gives to its title bar and to lists of windows; xprop leaves large ones out."""
+    return [int(side) for side in re.findall(r"Icon \((\d+) x", _run("xprop", "-id", str(window), "_NET_WM_ICON"))]
+
+
 def windows_of(pid):
     """The windows of a process as (id, title), the topmost last."""
     found = []

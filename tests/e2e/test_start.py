@@ -2,6 +2,8 @@
 
 import cases
 import handshake
+import screen
+from waiting import wait_for_value
 
 
 class Start(cases.CopiesTest):
@@ -25,6 +27,11 @@ class Start(cases.CopiesTest):
 
     def test_without_brontavia_ini(self):
         self.check(None, "")
+
+    def test_the_window_has_the_programs_icon(self):
+        copy = self.start()
+        copy.expect_caption("BRONTAVIA")
+        wait_for_value("the icon", lambda: screen.icon_sides(screen.windows_of(copy.pid)[-1][0]), [16, 32, 48])
 
 
 if __name__ == "__main__":
