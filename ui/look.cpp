@@ -163,7 +163,6 @@ std::optional<QFont> FittingFont(const QFont& font, std::span<const QString> wor
   };
   constexpr std::size_t kKept = 16;
   static std::vector<Answer> kept;
-  static std::size_t oldest = 0;
   const auto asked = [&](const Answer& answer) {
     const Question& question = answer.Asked;
     return question.Largest == largest && question.Room == room && std::ranges::equal(question.Words, words) &&
@@ -176,6 +175,7 @@ std::optional<QFont> FittingFont(const QFont& font, std::span<const QString> wor
   if (kept.size() < kKept) {
     kept.push_back(std::move(answer));
   } else {
+    static std::size_t oldest = 0;
     kept[oldest] = std::move(answer);
     oldest = (oldest + 1) % kKept;
   }

@@ -1,5 +1,6 @@
 #include <QPainterPath>
 #include <algorithm>
+#include <utility>
 
 #include "ui/look.h"
 

@@ -34,7 +34,7 @@ QPalette Dark() { return PaletteOf(u"#2A2C2F"_s, u"#1E2022"_s, u"#E9EAEC"_s); }
 // ---- Colours ----
 
 struct Pair {
-  const char* Name;
+  const char* Name = nullptr;
   QColor Front;
   QColor Ground;
 };
@@ -290,7 +290,7 @@ std::map<std::string, Paint> MarksOf(const Colours& colours) {
           {"first end", [](QPainter& painter) { PaintFirstEnd(painter, kCell); }},
           {"first end's line",
            [](QPainter& painter) {
-             PaintFirstEndLine(painter, {0, kSide / 2}, {kSide, kSide / 2});
+             PaintFirstEndLine(painter, {0, kSide / 2.0}, {kSide, kSide / 2.0});
            }},
           {"lifted", [](QPainter& painter) { PaintLifted(painter, kCell); }},
           {"to fill", [](QPainter& painter) { PaintToFill(painter, kCell, kRedArmy); }},
