@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QPainter>
 #include <QPalette>
+#include <QRegion>
 #include <QString>
 
 #include "seams/board_model.h"
@@ -23,6 +24,8 @@ struct CellLook {
   QSizeF CellSize;  // of every cell but headers, before rounding to pixels
 };
 
+class BoardView;
+
 class CellPainter {
  public:
   CellPainter() = default;
@@ -32,6 +35,13 @@ class CellPainter {
 
   // Fills `area`, in device-independent pixels. The current cell shows the highlight colours.
   virtual void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const = 0;
+
+  // Paints what reaches across cells, over all of them. The painter is clipped to what is being painted again.
+  virtual void PaintOver(QPainter& /*painter*/, const BoardView& /*board*/) const {}
+
+  // Where PaintOver paints now. The board asks after every change of a cell or of the current one, and where the answer
+  // has changed, the former and the new place are painted again.
+  [[nodiscard]] virtual QRegion OverArea(const BoardView& /*board*/) const { return {}; }
 };
 
 // A header in the palette's button colours. Header row and header column get letters of the same size.
