@@ -2,22 +2,32 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <algorithm>
+#include <utility>
 
 #include "ui/board_accessible.h"
+#include "ui/look.h"
 
 namespace brontavia {
 namespace {
 
-const QColor kLineColour(128, 128, 128, 190);  // between light cells as well as between dark ones
-constexpr int kMargin = 4;                     // around the cells, for the focus frame
-constexpr int kPreferredScale = 2;
-constexpr int kTwipsPerPixel = 15;
+constexpr int kSmallestCell = 14;
+constexpr int kPreferredCell = 40;
+constexpr int kRingWidth = 2;  // what the ring needs beyond its gap, on each side
+constexpr qreal kRingRadius = look::kPlateRadius;
 
 QSize SizeInTwips(const BoardShape& shape) {
   const int headers = shape.HeaderCells * shape.HeaderSize;
   return {headers + (shape.Columns - shape.HeaderCells) * shape.CellWidth,
           headers + (shape.Rows - shape.HeaderCells) * shape.CellHeight};
+}
+
+// Edges of the rows or columns, from `start` on.
+std::vector<int> EdgesOf(int start, int count, int headers, int header_size, int cell_size) {
+  std::vector<int> edges{start};
+  for (int cell = 0; cell < count; ++cell) edges.push_back(edges.back() + (cell < headers ? header_size : cell_size));
+  return edges;
 }
 
 QColor ColourOf(ColourValue value) {
@@ -32,46 +42,76 @@ BoardView::BoardView(BoardModel& model, const CellPainter& painter, QWidget* par
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  const QSize smallest = SizeInTwips(model_.Shape()) / kTwipsPerPixel;
-  setMinimumSize(smallest.grownBy(QMargins(kMargin, kMargin, kMargin, kMargin)));
-  Arrange();
+  SetRingGap(ring_gap_);
   connect(&model_, &BoardModel::CurrentCellChanged, this, &BoardView::CurrentCellMoved);
   connect(&model_, &BoardModel::dataChanged, this, &BoardView::CellsChanged);
+  connect(&model_, &BoardModel::WaitsForClickChanged, this, qOverload<>(&BoardView::update));
 }
 
 // ---- Geometry ----
 
-QSize BoardView::sizeHint() const { return minimumSize() * kPreferredScale; }
-
-QRect BoardView::BoardRect() const {
-  const QSize room = size().shrunkBy(QMargins(kMargin, kMargin, kMargin, kMargin));
-  QRect board({}, SizeInTwips(model_.Shape()).scaled(room, Qt::KeepAspectRatio));
-  board.moveCenter(rect().center());
-  return board;
+BoardView::Sizes BoardView::SizesAt(const BoardShape& shape, qreal scale) {
+  const auto pixels = [scale](int twips) { return static_cast<int>(twips * scale); };
+  return {.Cell = {pixels(shape.CellWidth), pixels(shape.CellHeight)}, .Header = pixels(shape.HeaderSize)};
 }
 
-QSizeF BoardView::CellSize() const {
+BoardView::Sizes BoardView::SizesIn(QSize room) const {
+  const QSizeF pixels = room.shrunkBy(Surroundings());
+  const QSizeF twips = SizeInTwips(model_.Shape());
+  return SizesAt(model_.Shape(), std::min(pixels.width() / twips.width(), pixels.height() / twips.height()));
+}
+
+QSize BoardView::BoardSize(const Sizes& sizes) const {
   const BoardShape& shape = model_.Shape();
-  const qreal scale = static_cast<qreal>(BoardRect().width()) / SizeInTwips(shape).width();
-  return QSizeF(shape.CellWidth, shape.CellHeight) * scale;
+  const int headers = shape.HeaderCells * sizes.Header;
+  return {headers + (shape.Columns - shape.HeaderCells) * sizes.Cell.width(),
+          headers + (shape.Rows - shape.HeaderCells) * sizes.Cell.height()};
+}
+
+QSize BoardView::CellSizeIn(QSize room) const { return SizesIn(room).Cell; }
+
+QSize BoardView::SizeIn(QSize room) const { return BoardSize(SizesIn(room)).grownBy(Surroundings()); }
+
+QSize BoardView::SizeWithCells(int pixels) const {
+  const BoardShape& shape = model_.Shape();
+  // Half a pixel more: what is cut to whole pixels must not fall below.
+  const qreal scale = (pixels + 0.5) / std::min(shape.CellWidth, shape.CellHeight);
+  return BoardSize(SizesAt(shape, scale)).grownBy(Surroundings());
+}
+
+QSize BoardView::sizeHint() const { return SizeWithCells(kPreferredCell); }
+
+void BoardView::SetRingGap(int pixels) {
+  ring_gap_ = pixels;
+  setMinimumSize(SizeWithCells(kSmallestCell));
+  Arrange();
+  update();
+}
+
+QMargins BoardView::RingMargins() const {
+  const int before = model_.Shape().HeaderCells > 0 ? 0 : ring_gap_;
+  return {before, before, ring_gap_, ring_gap_};
+}
+
+QMargins BoardView::Surroundings() const {
+  return RingMargins() + QMargins(kRingWidth, kRingWidth, kRingWidth, kRingWidth);
+}
+
+QRect BoardView::BoardRect() const {
+  return {QPoint(column_edges_.front(), row_edges_.front()),
+          QPoint(column_edges_.back() - 1, row_edges_.back() - 1)};
 }
 
 void BoardView::Arrange() {
   const BoardShape& shape = model_.Shape();
-  const QRect board = BoardRect();
-  column_edges_ = Edges(board.left(), board.width(), shape.Columns, shape.CellWidth);
-  row_edges_ = Edges(board.top(), board.height(), shape.Rows, shape.CellHeight);
-}
-
-std::vector<int> BoardView::Edges(int start, int length, int count, int cell_size) const {
-  const BoardShape& shape = model_.Shape();
-  const auto size_of = [&](int cells) {
-    const int headers = std::min(cells, shape.HeaderCells);
-    return headers * shape.HeaderSize + (cells - headers) * cell_size;
-  };
-  std::vector<int> edges;
-  for (int cells = 0; cells <= count; ++cells) edges.push_back(start + length * size_of(cells) / size_of(count));
-  return edges;
+  const Sizes sizes = SizesIn(size());
+  QRect whole({}, BoardSize(sizes).grownBy(Surroundings()));
+  whole.moveCenter(rect().center());
+  const QPoint start = whole.marginsRemoved(Surroundings()).topLeft();
+  cell_size_ = sizes.Cell;
+  column_edges_ = EdgesOf(start.x(), shape.Columns, shape.HeaderCells, sizes.Header, sizes.Cell.width());
+  row_edges_ = EdgesOf(start.y(), shape.Rows, shape.HeaderCells, sizes.Header, sizes.Cell.height());
+  over_ = painter_.OverArea(*this);
 }
 
 void BoardView::resizeEvent(QResizeEvent* /*event*/) { Arrange(); }
@@ -99,40 +139,32 @@ QVariant BoardView::inputMethodQuery(Qt::InputMethodQuery query) const {
 
 // ---- Drawing ----
 
-void BoardView::paintEvent(QPaintEvent* /*event*/) {
+void BoardView::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   for (int row = 0; row < model_.rowCount(); ++row) {
     for (int column = 0; column < model_.columnCount(); ++column) {
-      const CellIndex cell{row, column};
-      painter_.Paint(painter, CellRect(cell),
-                     {.Index = cell,
-                      .Text = model_.Cell(cell).Text,
-                      .ForeColour = ColourOf(model_.Cell(cell).ForeColour),
-                      .BackColour = ColourOf(model_.Cell(cell).BackColour),
-                      .Marks = model_.Cell(cell).Marks,
-                      .Drawing = model_.Cell(cell).Drawing,
-                      .Current = cell == model_.CurrentCell() && (hasFocus() || !cursor_needs_focus_),
-                      .Header = model_.IsHeader(cell),
-                      .Palette = palette(),
-                      .CellSize = CellSize()});
+      if (event->region().intersects(CellRect({row, column}))) PaintCell(painter, {row, column});
     }
   }
-  DrawFrame(painter);
+  painter_.PaintOver(painter, *this);
+  if (!hasFocus()) return;
+  look::PaintFocusRing(painter, BoardRect().marginsAdded(RingMargins()), look::ColoursOf(palette()), 0, kRingRadius);
 }
 
-void BoardView::DrawFrame(QPainter& painter) const {
-  painter.setRenderHint(QPainter::Antialiasing, false);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(kLineColour, 1));
-  for (int row = 0; row < model_.rowCount(); ++row) {
-    for (int column = 0; column < model_.columnCount(); ++column) {
-      painter.drawRect(CellRect({row, column}).adjusted(-1, -1, 0, 0));
-    }
-  }
-  if (!hasFocus()) return;
-  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-  painter.drawRect(BoardRect().adjusted(-3, -3, 3, 3));
+void BoardView::PaintCell(QPainter& painter, CellIndex cell) const {
+  const CellContent& content = model_.Cell(cell);
+  painter_.Paint(painter, CellRect(cell),
+                 {.Index = cell,
+                  .Text = content.Text,
+                  .ForeColour = ColourOf(content.ForeColour),
+                  .BackColour = ColourOf(content.BackColour),
+                  .Marks = content.Marks,
+                  .Drawing = content.Drawing,
+                  .Current = cell == model_.CurrentCell() && (hasFocus() || !cursor_needs_focus_),
+                  .Header = model_.IsHeader(cell),
+                  .Palette = palette(),
+                  .CellSize = cell_size_});
 }
 
 // ---- Mouse and keys ----
@@ -229,6 +261,7 @@ void BoardView::focusOutEvent(QFocusEvent* event) {
 void BoardView::CurrentCellMoved(CellIndex previous, CellIndex current) {
   update(CellRect(previous));
   update(CellRect(current));
+  RepaintOver();
   if (hasFocus()) TellFocus(*this);
 }
 
@@ -239,6 +272,12 @@ void BoardView::CellsChanged(const QModelIndex& first, const QModelIndex& last) 
       TellChange(*this, {row, column});
     }
   }
+  RepaintOver();
+}
+
+void BoardView::RepaintOver() {
+  const QRegion before = std::exchange(over_, painter_.OverArea(*this));
+  if (over_ != before) update(before | over_);
 }
 
 }  // namespace brontavia

@@ -2,6 +2,8 @@
 // cell by mouse and arrow keys. To a screen reader it is a group of cells (ui/board_accessible.h).
 #pragma once
 
+#include <QMargins>
+#include <QRegion>
 #include <QWidget>
 #include <optional>
 #include <vector>
@@ -15,7 +17,7 @@ class BoardView : public QWidget {
   Q_OBJECT
 
  public:
-  // The board does not shrink below the measures of its model's shape. Model and painter outlive the view.
+  // The smaller side of a cell does not shrink below 14 pixels. Model and painter outlive the view.
   BoardView(BoardModel& model, const CellPainter& painter, QWidget* parent = nullptr);
 
   [[nodiscard]] BoardModel& Model() const { return model_; }
@@ -23,6 +25,16 @@ class BoardView : public QWidget {
   // a place beside the cells.
   [[nodiscard]] QRect CellRect(CellIndex cell) const;
   [[nodiscard]] std::optional<CellIndex> CellAt(QPoint position) const;
+
+  // The size of a cell that is no header where the view has `room`, and the smallest view with such cells. All cells
+  // have the same whole number of pixels.
+  [[nodiscard]] QSize CellSizeIn(QSize room) const;
+  [[nodiscard]] QSize SizeIn(QSize room) const;
+  // The smallest view whose smaller cell side is `pixels`.
+  [[nodiscard]] QSize SizeWithCells(int pixels) const;
+
+  // How far outside the cells the ring stands that shows the focus, in pixels. Headers stand inside the ring.
+  void SetRingGap(int pixels);
 
   // The current cell looks like any other while the board does not have the focus.
   void ShowCursorOnlyWithFocus() { cursor_needs_focus_ = true; }
@@ -52,20 +64,33 @@ class BoardView : public QWidget {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  // In pixels, for a number of pixels a twip.
+  struct Sizes {
+    QSize Cell;
+    int Header;
+  };
+  [[nodiscard]] static Sizes SizesAt(const BoardShape& shape, qreal scale);
+  [[nodiscard]] Sizes SizesIn(QSize room) const;
+  // Of all cells and headers, without what surrounds them.
+  [[nodiscard]] QSize BoardSize(const Sizes& sizes) const;
+  [[nodiscard]] QMargins RingMargins() const;
+  [[nodiscard]] QMargins Surroundings() const;
   [[nodiscard]] QRect BoardRect() const;
-  [[nodiscard]] QSizeF CellSize() const;
-  // Edges of the board's rows or columns, from `start` on, in `length` pixels: one more than there are cells.
-  [[nodiscard]] std::vector<int> Edges(int start, int length, int count, int cell_size) const;
   void Arrange();
   [[nodiscard]] std::optional<CellIndex> CellAfterKey(int key) const;
-  void DrawFrame(QPainter& painter) const;
+  void PaintCell(QPainter& painter, CellIndex cell) const;
+  void RepaintOver();
   void CurrentCellMoved(CellIndex previous, CellIndex current);
   void CellsChanged(const QModelIndex& first, const QModelIndex& last);
 
   BoardModel& model_;
   const CellPainter& painter_;
+  int ring_gap_ = 3;
+  QSize cell_size_;
+  // One more than there are columns or rows.
   std::vector<int> column_edges_;
   std::vector<int> row_edges_;
+  QRegion over_;  // where the painter paints over the cells
   std::optional<CellIndex> pressed_;
   bool cursor_needs_focus_ = false;
 };

@@ -2,21 +2,23 @@
 
 #include <algorithm>
 
+#include "ui/look.h"
+
 namespace brontavia {
 namespace {
 
-constexpr qreal kSmallestText = 7;
-constexpr qreal kLargestText = 26;
+constexpr qreal kPartOfCell = 0.3;
+constexpr qreal kSmallest = 10;       // pixels
+constexpr qreal kLargestTimes = 1.15;  // of the user's font
 
 }  // namespace
 
 void PaintHeader(QPainter& painter, const QRectF& area, const CellLook& look) {
-  painter.fillRect(area, look.Palette.color(QPalette::Button));
   QFont font = painter.font();
-  const qreal side = std::min(area.width(), area.height());
-  font.setPixelSize(static_cast<int>(std::clamp(side / 2, kSmallestText, kLargestText)));
+  const qreal largest = std::max(kSmallest, kLargestTimes * look::PixelsOf(font));
+  font.setPixelSize(qRound(std::clamp(kPartOfCell * look.CellSize.height(), kSmallest, largest)));
   painter.setFont(font);
-  painter.setPen(look.Palette.color(QPalette::ButtonText));
+  painter.setPen(look::ColoursOf(look.Palette).Muted);
   painter.drawText(area, Qt::AlignCenter, look.Text);
 }
 

@@ -44,7 +44,7 @@ class CellPainter {
   [[nodiscard]] virtual QRegion OverArea(const BoardView& /*board*/) const { return {}; }
 };
 
-// A header in the palette's button colours. Header row and header column get letters of the same size.
+// A header as writing on the window's ground. Header row and header column get letters of the same size.
 void PaintHeader(QPainter& painter, const QRectF& area, const CellLook& look);
 
 }  // namespace brontavia
