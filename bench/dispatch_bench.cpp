@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 class RecordedConnection : public Connection {
  public:
   [[nodiscard]] ConnectionState State() const override { return ConnectionState::Connected; }
+  [[nodiscard]] QList<OwnAddress> OwnAddresses() const override { return {}; }
   std::optional<QString> Listen(std::int32_t /*port*/) override { return std::nullopt; }
   bool Accept(int /*request*/) override { return true; }
   void Reject(int /*request*/) override {}

@@ -13,6 +13,7 @@
 #include <unistd.h>
 #endif
 
+#include "net/own_addresses.h"
 #include "text/wire_encoding.h"
 
 namespace brontavia {
@@ -117,6 +118,8 @@ ConnectionState TcpConnection::State() const {
   if (!socket_ || socket_->state() == QAbstractSocket::UnconnectedState) return ConnectionState::Closed;
   return socket_->state() == QAbstractSocket::ConnectedState ? ConnectionState::Connected : ConnectionState::Connecting;
 }
+
+QList<OwnAddress> TcpConnection::OwnAddresses() const { return ReachableAddresses(RunningInterfaces()); }
 
 // ---- Server ----
 

@@ -20,6 +20,7 @@ class TcpConnection : public Connection {
   ~TcpConnection() override;
 
   [[nodiscard]] ConnectionState State() const override;
+  [[nodiscard]] QList<OwnAddress> OwnAddresses() const override;
   std::optional<QString> Listen(std::int32_t port) override;
   bool Accept(int request) override;
   void Reject(int request) override;

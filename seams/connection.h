@@ -2,6 +2,7 @@
 // the real one; tests join two flows in one process.
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QString>
 #include <cstdint>
@@ -11,6 +12,21 @@ namespace brontavia {
 
 enum class ConnectionState { Closed, Listening, Connecting, Connected };
 
+// How others come to an address of this computer.
+enum class AddressKind {
+  Cable,           // from the same local network
+  Radio,           // the same, without a cable
+  VirtualNetwork,  // from the same virtual private network
+  InternetIPv4,    // from everywhere
+  InternetIPv6     // from everywhere where there is IPv6
+};
+
+struct OwnAddress {
+  QString Address;  // "192.168.1.37"
+  AddressKind Kind = AddressKind::Cable;
+  friend bool operator==(const OwnAddress&, const OwnAddress&) = default;
+};
+
 class Connection : public QObject {
   Q_OBJECT
 
@@ -18,6 +34,9 @@ class Connection : public QObject {
   using QObject::QObject;
 
   [[nodiscard]] virtual ConnectionState State() const = 0;
+
+  // Those of this computer that another can reach now, the most useful first; none without a network.
+  [[nodiscard]] virtual QList<OwnAddress> OwnAddresses() const = 0;
 
   // Starts listening on every address of this computer. Returns nothing when that went well, otherwise the reason in
   // words for the user. Ports outside 1..65535 are refused.

@@ -23,6 +23,7 @@ class TestConnection : public Connection {
   static void Join(TestConnection& server, TestConnection& client);
 
   [[nodiscard]] ConnectionState State() const override { return state_; }
+  [[nodiscard]] QList<OwnAddress> OwnAddresses() const override { return Addresses; }
   std::optional<QString> Listen(std::int32_t port) override;
   bool Accept(int request) override;
   void Reject(int request) override;
@@ -39,6 +40,7 @@ class TestConnection : public Connection {
   bool HoldSendComplete = false;         // the peer's TCP never acknowledges
   int AcknowledgeAfter = 0;              // milliseconds from the last send until all are acknowledged
   std::optional<QString> ListenFailure;  // reason with which Listen fails
+  QList<OwnAddress> Addresses;           // of this computer
   QStringList Sent;                      // every text handed to SendData while connected
   QStringList Targets;                   // "host:port" of every Connect
   std::int32_t ListeningPort = 0;
