@@ -45,6 +45,8 @@ class ConnectionFlow : public QObject {
   void CloseRequested();
 
   [[nodiscard]] const WindowTraits& Window() const { return window_; }
+  // On which the server listens and to which the client connects.
+  [[nodiscard]] std::int32_t Port() const { return seams_.Values.ConnectionPort; }
   [[nodiscard]] Player OwnPlayer() const { return own_player_; }
   [[nodiscard]] Player OtherPlayer() const { return OpponentOf(own_player_); }
   [[nodiscard]] bool Ended() const { return guard_.Ended(); }

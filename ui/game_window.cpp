@@ -6,13 +6,14 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <utility>
 
 #include "ui/announcer.h"
 #include "ui/board_view.h"
+#include "ui/client_frame.h"
+#include "ui/server_frame.h"
 #include "ui/text_box.h"
 
 namespace brontavia {
@@ -40,8 +41,8 @@ void AddCaption(QBoxLayout& layout, QWidget& control) {
 GameWindow::GameWindow(const WindowTraits& window, std::unique_ptr<Connection> connection, TextsAt texts)
     : connection_(std::move(connection)),
       dialogs_(*this),
-      server_frame_(MakeServerFrame()),
-      client_frame_(MakeClientFrame(window)),
+      server_frame_(new ServerFrame(*connection_)),
+      client_frame_(new ClientFrame(ClientInstructions(window))),
       game_frame_(MakeGameFrame(texts)),
       announcer_(new Announcer(this)) {
   setObjectName(window.Window.toString());
@@ -50,7 +51,7 @@ GameWindow::GameWindow(const WindowTraits& window, std::unique_ptr<Connection> c
   layout->addWidget(client_frame_);
   layout->addWidget(game_frame_);
   // The flow shows what the role needs; frames that show together would make the window grow.
-  for (QGroupBox* frame : {server_frame_, client_frame_, game_frame_}) frame->hide();
+  for (QGroupBox* frame : std::initializer_list<QGroupBox*>{server_frame_, client_frame_, game_frame_}) frame->hide();
   const QSize most = screen()->availableSize() * kMostOfScreen;
   resize((texts == TextsAt::Right ? kFirstSize : kFirstSizeOfWide).boundedTo(most));
 }
@@ -65,8 +66,9 @@ void GameWindow::Attach(ConnectionFlow& flow, BoardView& board) {
   board_->setObjectName(u"FG1"_s);
   board_->setAccessibleName(u"Tablero"_s);
   board_column_->insertWidget(0, board_, 1);
-  connect(findChild<QPushButton*>(u"CbConectar"_s), &QPushButton::clicked, flow_, &ConnectionFlow::CbConectarClicked);
-  connect(findChild<QPushButton*>(u"CBConLocal"_s), &QPushButton::clicked, flow_, &ConnectionFlow::CBConLocalClicked);
+  server_frame_->SetPort(flow_->Port());
+  connect(client_frame_, &ClientFrame::CbConectarClicked, flow_, &ConnectionFlow::CbConectarClicked);
+  connect(client_frame_, &ClientFrame::CBConLocalClicked, flow_, &ConnectionFlow::CBConLocalClicked);
   connect(flow_, &ConnectionFlow::Finished, this, &GameWindow::Finished);
 }
 
@@ -79,36 +81,6 @@ void GameWindow::closeEvent(QCloseEvent* event) {
 }
 
 // ---- Frames ----
-
-QGroupBox* GameWindow::MakeServerFrame() {
-  auto* frame = new QGroupBox(u"SERVIDOR"_s);
-  frame->setObjectName(u"FrServidor"_s);
-  auto* text = new TextBox(u"TbServ1"_s, u"Instrucciones"_s);
-  text->SetText(kServerInstructions.toString());
-  auto* layout = new QVBoxLayout(frame);
-  layout->addWidget(text);
-  return frame;
-}
-
-QGroupBox* GameWindow::MakeClientFrame(const WindowTraits& window) {
-  auto* frame = new QGroupBox(u"CLIENTE"_s);
-  frame->setObjectName(u"FrCliente"_s);
-  auto* text = new TextBox(u"TbCli1"_s, u"Instrucciones"_s);
-  text->SetText(ClientInstructions(window));
-  auto* connect_here = new QPushButton(u"CONEXIÓN LOCAL"_s);
-  connect_here->setObjectName(u"CBConLocal"_s);
-  auto* connect_there = new QPushButton(u"CONECTAR"_s);
-  connect_there->setObjectName(u"CbConectar"_s);
-  connect_here->setAutoDefault(true);
-  connect_there->setAutoDefault(true);
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(connect_here);
-  buttons->addWidget(connect_there);
-  auto* layout = new QVBoxLayout(frame);
-  layout->addLayout(buttons);
-  layout->addWidget(text);
-  return frame;
-}
 
 QGroupBox* GameWindow::MakeGameFrame(TextsAt texts) {
   auto* frame = new QGroupBox;

@@ -20,6 +20,8 @@ namespace brontavia {
 
 class Announcer;
 class BoardView;
+class ClientFrame;
+class ServerFrame;
 class TextBox;
 
 // Where the text boxes stand: a wide board needs the whole width of the window.
@@ -65,8 +67,6 @@ class GameWindow : public QWidget, protected Screen {
   void Beep() override;
   void PlaySound(MediaPlayer player, const QString& file) override;
 
-  static QGroupBox* MakeServerFrame();
-  static QGroupBox* MakeClientFrame(const WindowTraits& window);
   QGroupBox* MakeGameFrame(TextsAt texts);
 
   std::unique_ptr<Connection> connection_;
@@ -78,8 +78,8 @@ class GameWindow : public QWidget, protected Screen {
   QBoxLayout* text_column_ = nullptr;
   std::map<Box, TextBox*> boxes_;
   std::map<MediaPlayer, SoundPlayer> sounds_;
-  QGroupBox* server_frame_;
-  QGroupBox* client_frame_;
+  ServerFrame* server_frame_;
+  ClientFrame* client_frame_;
   QGroupBox* game_frame_;
   QMenuBar* menu_bar_ = nullptr;
   Announcer* announcer_;

@@ -1,0 +1,64 @@
+#include "ui/guide_box.h"
+
+#include <QPlainTextDocumentLayout>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
+#include <cmath>
+
+#include "ui/look.h"
+
+namespace brontavia {
+namespace {
+
+constexpr qreal kMargin = 8;
+constexpr qreal kGap = 0.4;  // of the font's size
+
+// Nothing is written after the last line end.
+bool IsEmptyEnd(const QTextBlock& block) {
+  return !block.next().isValid() && block.length() == 1 && block.position() > 0;
+}
+
+class GuideLayout : public QPlainTextDocumentLayout {
+ public:
+  using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
+
+  [[nodiscard]] QRectF blockBoundingRect(const QTextBlock& block) const override {
+    QRectF place = QPlainTextDocumentLayout::blockBoundingRect(block);
+    if (IsEmptyEnd(block)) {
+      place.setHeight(0);
+    } else if (block.layout()->lineCount() > 1 && block.next().isValid() && !IsEmptyEnd(block.next())) {
+      place.setHeight(place.height() + kGap * look::PixelsOf(document()->defaultFont()));
+    }
+    return place;
+  }
+};
+
+}  // namespace
+
+GuideBox::GuideBox(const QString& name, const QString& accessible_name, QWidget* parent)
+    : TextBox(name, accessible_name, parent) {
+  auto* document = new QTextDocument(this);
+  document->setDocumentMargin(kMargin);
+  document->setDocumentLayout(new GuideLayout(document));
+  setDocument(document);
+}
+
+int GuideBox::heightForWidth(int width) const {
+  const QTextDocument& shown = *document();
+  const qreal room = width - 2 * (frameWidth() + shown.documentMargin());
+  qreal height = 0;
+  for (QTextBlock block = shown.begin(); block.isValid(); block = block.next()) {
+    QTextLayout layout(block.text(), font());
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+      line.setLeadingIncluded(true);
+      line.setLineWidth(room);
+      height += line.height();
+    }
+    layout.endLayout();
+  }
+  return static_cast<int>(std::ceil(height));
+}
+
+}  // namespace brontavia

@@ -1,0 +1,69 @@
+#include "ui/picture_button.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <algorithm>
+#include <utility>
+
+#include "ui/look.h"
+
+namespace brontavia {
+namespace {
+
+constexpr qreal kCaption = 1.2;  // of the user's font
+constexpr int kGap = 18;
+constexpr int kSmallestPicture = 44;
+constexpr qreal kEdge = 1;
+
+// As wide as its longest word.
+QSize SmallestSizeOf(const QString& caption, const QFontMetrics& metrics) {
+  int widest = 0;
+  const QStringList words = caption.split(u' ');
+  for (const QString& word : words) widest = std::max(widest, metrics.horizontalAdvance(word));
+  return {widest, static_cast<int>(words.size()) * metrics.lineSpacing()};
+}
+
+}  // namespace
+
+PictureButton::PictureButton(const QString& caption, Picture picture, int inset)
+    : QPushButton(caption), picture_(std::move(picture)), inset_(inset) {
+  setFont(look::Scaled(font(), kCaption, true));
+  setAutoDefault(true);
+  setAttribute(Qt::WA_Hover);
+}
+
+QSize PictureButton::sizeHint() const {
+  const QSize smallest = minimumSizeHint();
+  const QSize line = fontMetrics().size(Qt::TextSingleLine, text());
+  return {std::max(smallest.width(), line.width() + kSmallestPicture + 3 * kGap), smallest.height()};
+}
+
+QSize PictureButton::minimumSizeHint() const {
+  const QSize caption = SmallestSizeOf(text(), fontMetrics());
+  return {caption.width() + kSmallestPicture + 3 * kGap,
+          std::max(caption.height(), kSmallestPicture) + 2 * look::kUnit};
+}
+
+void PictureButton::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const look::Colours colours = look::ColoursOf(palette());
+  const bool raised = hasFocus() || (underMouse() && !isDown());
+  const QColor ink = raised ? colours.Text : palette().color(QPalette::Active, QPalette::ButtonText);
+  const qreal width = hasFocus() ? look::kFocusWidth : kEdge;
+  const QRectF plate = QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2);
+  painter.setPen(QPen(hasFocus() ? colours.Focus : colours.Line, width));
+  painter.setBrush(raised ? colours.Base : palette().color(QPalette::Active, QPalette::Button));
+  painter.drawRoundedRect(plate, look::kButtonRadius, look::kButtonRadius);
+
+  const int inset = std::min(inset_, (height() - kSmallestPicture) / 2);
+  const int side = height() - 2 * inset;
+  const QRect picture(kGap, inset, side, side);
+  picture_(painter, QRectF(picture), ink);
+  const QRect caption(picture.right() + kGap, 0, this->width() - picture.right() - kGap - look::kUnit, height());
+  painter.setFont(font());
+  painter.setPen(ink);
+  painter.drawText(caption, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text());
+}
+
+}  // namespace brontavia
