@@ -98,8 +98,7 @@ QMargins BoardView::Surroundings() const {
 }
 
 QRect BoardView::BoardRect() const {
-  return {QPoint(column_edges_.front(), row_edges_.front()),
-          QPoint(column_edges_.back() - 1, row_edges_.back() - 1)};
+  return {QPoint(column_edges_.front(), row_edges_.front()), QPoint(column_edges_.back() - 1, row_edges_.back() - 1)};
 }
 
 void BoardView::Arrange() {

@@ -8,7 +8,7 @@ namespace brontavia {
 namespace {
 
 constexpr qreal kPartOfCell = 0.3;
-constexpr qreal kSmallest = 10;       // pixels
+constexpr qreal kSmallest = 10;        // pixels
 constexpr qreal kLargestTimes = 1.15;  // of the user's font
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QGroupBox>
-#include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -13,6 +12,8 @@
 #include "ui/announcer.h"
 #include "ui/board_view.h"
 #include "ui/client_frame.h"
+#include "ui/full_screen.h"
+#include "ui/game_frame.h"
 #include "ui/server_frame.h"
 #include "ui/text_box.h"
 
@@ -21,39 +22,32 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-// Of a window that has room for it; a wide board's texts want more.
-constexpr QSize kFirstSize(800, 560);
-constexpr QSize kFirstSizeOfWide(1080, 760);
+constexpr QSize kFirstSize(1080, 760);
 constexpr qreal kMostOfScreen = 0.9;
-constexpr int kBoardStretch = 5;
-constexpr int kTextStretch = 3;
-constexpr int kStatusLines = 2;
-
-// A visible caption above a control. The control has its accessible name itself; the caption is for the eye.
-void AddCaption(QBoxLayout& layout, QWidget& control) {
-  auto* caption = new QLabel(control.accessibleName());
-  caption->setBuddy(&control);
-  layout.addWidget(caption);
-}
+constexpr int kMargin = 16;  // around the frames that guide the connection; the game frame has its own
+constexpr int kMessageLines = 3;
 
 }  // namespace
 
-GameWindow::GameWindow(const WindowTraits& window, std::unique_ptr<Connection> connection, TextsAt texts)
+GameWindow::GameWindow(const WindowTraits& window, std::unique_ptr<Connection> connection)
     : connection_(std::move(connection)),
       dialogs_(*this),
       server_frame_(new ServerFrame(*connection_)),
       client_frame_(new ClientFrame(ClientInstructions(window))),
-      game_frame_(MakeGameFrame(texts)),
+      game_frame_(new GameFrame),
       announcer_(new Announcer(this)) {
   setObjectName(window.Window.toString());
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(server_frame_);
-  layout->addWidget(client_frame_);
-  layout->addWidget(game_frame_);
+  layout->setContentsMargins({});
   // The flow shows what the role needs; frames that show together would make the window grow.
-  for (QGroupBox* frame : std::initializer_list<QGroupBox*>{server_frame_, client_frame_, game_frame_}) frame->hide();
-  const QSize most = screen()->availableSize() * kMostOfScreen;
-  resize((texts == TextsAt::Right ? kFirstSize : kFirstSizeOfWide).boundedTo(most));
+  for (QGroupBox* frame : std::initializer_list<QGroupBox*>{server_frame_, client_frame_, game_frame_}) {
+    layout->addWidget(frame);
+    frame->hide();
+  }
+  boxes_[Box::TBEstado] = game_frame_->Status();
+  AddLog(Box::TBMensajes, u"TBMensajes"_s, u"Mensajes"_s, kMessageLines);
+  LetF11FillTheScreen(*this);
+  resize(kFirstSize.boundedTo(screen()->availableSize() * kMostOfScreen));
 }
 
 Seams GameWindow::MakeSeams(ProcessValues& values) {
@@ -65,7 +59,7 @@ void GameWindow::Attach(ConnectionFlow& flow, BoardView& board) {
   board_ = &board;
   board_->setObjectName(u"FG1"_s);
   board_->setAccessibleName(u"Tablero"_s);
-  board_column_->insertWidget(0, board_, 1);
+  game_frame_->SetBoard(board);
   server_frame_->SetPort(flow_->Port());
   connect(client_frame_, &ClientFrame::CbConectarClicked, flow_, &ConnectionFlow::CbConectarClicked);
   connect(client_frame_, &ClientFrame::CBConLocalClicked, flow_, &ConnectionFlow::CBConLocalClicked);
@@ -82,47 +76,15 @@ void GameWindow::closeEvent(QCloseEvent* event) {
 
 // ---- Frames ----
 
-QGroupBox* GameWindow::MakeGameFrame(TextsAt texts) {
-  auto* frame = new QGroupBox;
-  frame->setObjectName(u"FrJuego"_s);
-  board_column_ = new QVBoxLayout;
-  text_column_ = new QVBoxLayout;
-  auto* status_column = new QVBoxLayout;
-  if (texts == TextsAt::Right) {
-    auto* columns = new QHBoxLayout(frame);
-    columns->addLayout(board_column_, kBoardStretch);
-    columns->addLayout(text_column_, kTextStretch);
-    board_column_->addLayout(status_column);
-  } else {
-    auto* rows = new QVBoxLayout(frame);
-    auto* boxes = new QHBoxLayout;
-    rows->addLayout(board_column_, 1);
-    rows->addLayout(boxes);
-    boxes->addLayout(status_column, 1);
-    boxes->addLayout(text_column_, 1);
-  }
-  auto* status = new TextBox(u"TBEstado"_s, u"Estado"_s);
-  status->SetMinimumLines(kStatusLines);
-  if (texts == TextsAt::Right) status->setFixedHeight(status->minimumHeight());
-  boxes_[Box::TBEstado] = status;
-  AddCaption(*status_column, *status);
-  status_column->addWidget(status);
-  AddTextBox(Box::TBMensajes, u"TBMensajes"_s, u"Mensajes"_s, 1)->SetMinimumLines(kStatusLines);
-  return frame;
+TextBox* GameWindow::AddLog(Box box, const QString& name, const QString& accessible_name, int lines) {
+  return boxes_[box] = game_frame_->AddLog(name, accessible_name, lines);
 }
 
-TextBox* GameWindow::AddTextBox(Box box, const QString& name, const QString& accessible_name, int stretch) {
-  auto* text_box = new TextBox(name, accessible_name);
-  boxes_[box] = text_box;
-  AddCaption(*text_column_, *text_box);
-  text_column_->addWidget(text_box, stretch);
-  return text_box;
+TextBox* GameWindow::AddTable(Box box, const QString& name, const QString& accessible_name, int lines) {
+  return boxes_[box] = game_frame_->AddTable(name, accessible_name, lines);
 }
 
-void GameWindow::AddBoard(BoardView& board, int stretch) {
-  AddCaption(*text_column_, board);
-  text_column_->addWidget(&board, stretch);
-}
+void GameWindow::AddSmallBoard(BoardView& board) { game_frame_->SetSmallBoard(board); }
 
 QMenuBar* GameWindow::AddMenuBar() {
   menu_bar_ = new QMenuBar;
@@ -148,6 +110,8 @@ void GameWindow::ShowFrame(Frame frame, bool visible) {
       box = game_frame_;
       break;
   }
+  const int margin = visible && frame != Frame::FrJuego ? kMargin : 0;
+  layout()->setContentsMargins(margin, margin, margin, margin);
   box->setVisible(visible);
   box->setEnabled(visible);
   if (frame == Frame::FrJuego && menu_bar_ != nullptr) menu_bar_->setVisible(visible);
@@ -164,6 +128,14 @@ void GameWindow::AppendText(Box box, const QString& text) { boxes_.at(box)->Appe
 void GameWindow::AddMessage(const QString& line) {
   boxes_.at(Box::TBMensajes)->AddLine(line);
   announcer_->Announce(line);
+}
+
+void GameWindow::ShowScoreboard(const Scoreboard& scoreboard) { game_frame_->ShowScoreboard(scoreboard); }
+
+void GameWindow::ShowKeys(const KeyHints& keys) { game_frame_->ShowKeys(keys); }
+
+void GameWindow::ShowBoardCaption(const QString& caption, PlayerSign owner) {
+  game_frame_->ShowBoardCaption(caption, owner);
 }
 
 void GameWindow::Beep() { QApplication::beep(); }

@@ -12,7 +12,6 @@
 #include "ui/sound_player.h"
 #include "ui/widget_dialogs.h"
 
-class QBoxLayout;
 class QGroupBox;
 class QMenuBar;
 
@@ -21,17 +20,15 @@ namespace brontavia {
 class Announcer;
 class BoardView;
 class ClientFrame;
+class GameFrame;
 class ServerFrame;
 class TextBox;
-
-// Where the text boxes stand: a wide board needs the whole width of the window.
-enum class TextsAt { Right, Below };
 
 class GameWindow : public QWidget, protected Screen {
   Q_OBJECT
 
  public:
-  GameWindow(const WindowTraits& window, std::unique_ptr<Connection> connection, TextsAt texts = TextsAt::Right);
+  GameWindow(const WindowTraits& window, std::unique_ptr<Connection> connection);
 
   // Once the window shows: starts its connection.
   void Load();
@@ -44,12 +41,13 @@ class GameWindow : public QWidget, protected Screen {
   // What the flow of a game stands on.
   Seams MakeSeams(ProcessValues& values);
 
-  // For the constructor of a game, once its flow and board exist. Both are members of the game. The board becomes FG1.
+  // For the constructor of a game, once its flow and board exist. Both are members of the game.
   void Attach(ConnectionFlow& flow, BoardView& board);
 
-  // For the constructor of a game with more than the common controls: below the messages.
-  TextBox* AddTextBox(Box box, const QString& name, const QString& accessible_name, int stretch);
-  void AddBoard(BoardView& board, int stretch);
+  // For the constructor of a game with more than the common controls, below the messages: see GameFrame.
+  TextBox* AddLog(Box box, const QString& name, const QString& accessible_name, int lines);
+  TextBox* AddTable(Box box, const QString& name, const QString& accessible_name, int lines);
+  void AddSmallBoard(BoardView& board);
   // Shows with the game frame.
   QMenuBar* AddMenuBar();
 
@@ -61,26 +59,21 @@ class GameWindow : public QWidget, protected Screen {
   void SetText(Box box, const QString& text) override;
   void AppendText(Box box, const QString& text) override;
   void AddMessage(const QString& line) override;
-  void ShowScoreboard(const Scoreboard& /*scoreboard*/) override {}
-  void ShowKeys(const KeyHints& /*keys*/) override {}
-  void ShowBoardCaption(const QString& /*caption*/, PlayerSign /*owner*/) override {}
+  void ShowScoreboard(const Scoreboard& scoreboard) override;
+  void ShowKeys(const KeyHints& keys) override;
+  void ShowBoardCaption(const QString& caption, PlayerSign owner) override;
   void Beep() override;
   void PlaySound(MediaPlayer player, const QString& file) override;
-
-  QGroupBox* MakeGameFrame(TextsAt texts);
 
   std::unique_ptr<Connection> connection_;
   WidgetDialogs dialogs_;
   ConnectionFlow* flow_ = nullptr;
   BoardView* board_ = nullptr;
-  // Made with the game frame.
-  QBoxLayout* board_column_ = nullptr;
-  QBoxLayout* text_column_ = nullptr;
   std::map<Box, TextBox*> boxes_;
   std::map<MediaPlayer, SoundPlayer> sounds_;
   ServerFrame* server_frame_;
   ClientFrame* client_frame_;
-  QGroupBox* game_frame_;
+  GameFrame* game_frame_;
   QMenuBar* menu_bar_ = nullptr;
   Announcer* announcer_;
 };

@@ -1,9 +1,11 @@
 // A text box that only tells: read-only, selectable by mouse and keys, left with Tab. What it is given may come from a
 // peer, so it shows no control characters (ForScreen) and holds no more than 5,000 lines and 256 Ki characters: the
-// oldest lines go first.
+// oldest lines go first. Where the focus is, a ring stands in place of the edge.
 #pragma once
 
+#include <QFont>
 #include <QPlainTextEdit>
+#include <optional>
 
 namespace brontavia {
 
@@ -26,9 +28,32 @@ class TextBox : public QPlainTextEdit {
   // The box is at least this many lines high.
   void SetMinimumLines(int lines);
 
+  // From now on the text is written in `largest`, whose size is in pixels, or smaller where the box has no room for it:
+  // lines that wrap are narrowed first, and nothing goes below look::kSmallestReadable pixels; then the box scrolls.
+  // Line breaks at the end of the text need no room.
+  void FitText(const QFont& largest);
+
+  // The height of a box that shows `lines` lines of `font`.
+  [[nodiscard]] int HeightFor(int lines, const QFont& font) const;
+
+ protected:
+  bool event(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
  private:
   // Takes the oldest lines away, or the beginning of the only one, until the box holds no more than it may.
   void ForgetOldest();
+  void PaintEdge();
+  // What is selected in a box without focus is the newest line.
+  void ColourNewest();
+  void Fit();
+  [[nodiscard]] QFont FittingFont() const;
+  [[nodiscard]] bool Fits(const QFont& font) const;
+
+  std::optional<QFont> largest_;
 };
 
 }  // namespace brontavia

@@ -3,15 +3,13 @@
 #include <QMenuBar>
 #include <utility>
 
-#include "ui/text_box.h"
-
 namespace brontavia {
 namespace {
 
 using namespace Qt::StringLiterals;
 
 constexpr int kPositionLines = 6;
-constexpr int kMovesLines = 3;
+constexpr int kMovesLines = 2;
 
 }  // namespace
 
@@ -19,13 +17,9 @@ FormAje::FormAje(ProcessValues& values, std::unique_ptr<Connection> connection)
     : GameWindow(kFormAje, std::move(connection)),
       flow_(MakeSeams(values), SeedOfWindow()),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
-  AddTextBox(Box::TBJugadas, u"TBJugadas"_s, u"Jugadas"_s, 1)->SetMinimumLines(kMovesLines);
-  TextBox* position = AddTextBox(Box::TBEntorno, u"TBEntorno"_s, u"Posición"_s, 0);
-  position->SetMinimumLines(kPositionLines);
-  position->setFixedHeight(position->minimumHeight());
-  TextBox* clocks = AddTextBox(Box::TBReloj, u"TBReloj"_s, u"Relojes"_s, 0);
-  clocks->SetMinimumLines(1);
-  clocks->setFixedHeight(clocks->minimumHeight());
+  AddLog(Box::TBJugadas, u"TBJugadas"_s, u"Jugadas"_s, kMovesLines);
+  AddTable(Box::TBEntorno, u"TBEntorno"_s, u"Posición"_s, kPositionLines);
+  AddTable(Box::TBReloj, u"TBReloj"_s, u"Relojes"_s, 1);
   QMenuBar* bar = AddMenuBar();
   for (const ChessMenu& entries : kChessMenus) {
     QMenu* menu = bar->addMenu(entries.Caption.toString());

@@ -12,7 +12,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kShipLines = 10;   // title, headings, seven ships and the last line break
+constexpr int kShipLines = 9;    // title, headings, seven ships
 constexpr int kMostLetters = 2;  // of a letter, a number or a mark; longer texts are words
 constexpr qreal kWordHeight = 0.29;
 constexpr qreal kLetterHeight = 0.5;
@@ -75,12 +75,11 @@ FormBAR::FormBAR(ProcessValues& values, std::unique_ptr<Connection> connection)
   own_fleet_->setObjectName(u"FG2"_s);
   own_fleet_->setAccessibleName(u"Flota propia"_s);
   own_fleet_->ShowCursorOnlyWithFocus();  // nothing is chosen there, and it would look like a shot
-  TextBox* ships = AddTextBox(Box::TBBarcos, u"TBBarcos"_s, u"Barcos"_s, 0);
+  TextBox* ships = AddTable(Box::TBBarcos, u"TBBarcos"_s, u"Barcos"_s, kShipLines);
   ships->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  ships->SetMinimumLines(kShipLines);
-  ships->setFixedHeight(ships->minimumHeight());
   ships->setLineWrapMode(QPlainTextEdit::NoWrap);
-  AddBoard(*own_fleet_, 2);
+  ships->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // for the empty line at the end
+  AddSmallBoard(*own_fleet_);
   connect(board_.get(), &BoardView::CellClicked, &flow_, &NavalFlow::BoardClicked);
   connect(board_.get(), &BoardView::KeyPressed, &flow_, &NavalFlow::BoardKeyPressed);
   Attach(flow_, *board_);

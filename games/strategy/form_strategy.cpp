@@ -72,7 +72,7 @@ void StrategyPainter::Paint(QPainter& painter, const QRectF& area, const CellLoo
 }
 
 FormStrategy::FormStrategy(const StrategyGame& game, ProcessValues& values, std::unique_ptr<Connection> connection)
-    : GameWindow(game.Window, std::move(connection), TextsAt::Below),
+    : GameWindow(game.Window, std::move(connection)),
       flow_(game, MakeSeams(values), SeedOfWindow()),
       board_(std::make_unique<BoardView>(flow_.FG1(), painter_)) {
   connect(board_.get(), &BoardView::CellClicked, &flow_, &StrategyFlow::BoardClicked);
