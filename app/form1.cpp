@@ -1,20 +1,37 @@
 #include "app/form1.h"
 
 #include <QCloseEvent>
-#include <QFocusEvent>
-#include <QLabel>
+#include <QPainter>
 #include <QPushButton>
-#include <QVBoxLayout>
+#include <algorithm>
 
-#include "ui/text_box.h"
+#include "ui/guide_box.h"
+#include "ui/look.h"
+#include "ui/one_line_label.h"
+#include "ui/picture_button.h"
 
 namespace brontavia {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr QSize kFirstSize(560, 400);
-constexpr int kButtonLines = 3;
+constexpr QSize kFirstSize(800, 600);
+constexpr QSize kSmallestSize(440, 400);
+constexpr int kWidest = 1000;  // of the parts together; a wider window leaves room beside them
+constexpr int kNarrow = 560;   // the buttons stand one over the other below this width
+constexpr int kPictureInset = 22;
+constexpr int kLetterSpacing = 3;
+constexpr int kBesideIcon = 20;
+constexpr int kLowestWithMotto = 70;
+constexpr int kSmallIcon = 48;
+constexpr int kBetweenButtons = 16;
+constexpr int kMostSpareOfButton = 70;
+
+// Of the user's font.
+constexpr qreal kName = 2.6;
+constexpr qreal kMotto = 1.08;
+constexpr qreal kQuestion = 1.15;
+constexpr qreal kCredit = 0.92;
 
 QString ServerExplanation(std::int32_t port) {
   return u"Si elige esta opción,para poder jugar deberá:\r\n"
@@ -35,55 +52,162 @@ QString ClientExplanation() {
 
 }  // namespace
 
+// Of all parts but the texts.
+struct Form1::Measures {
+  qreal Margin = 32;
+  qreal Gap = 18;
+  qreal Icon = 88;
+  qreal Button = 150;
+};
+
 Form1::Form1(std::int32_t port)
     : port_(port),
-      text2_(new TextBox(u"Text2"_s, u"Explicación"_s)),
+      name_(new OneLineLabel(u"BRONTAVIA"_s)),
+      motto_(new OneLineLabel(u"Cinco juegos de mesa para dos"_s, OneLineLabel::Ink::Muted)),
+      text1_(new GuideBox(u"Text1"_s, u"Indicaciones"_s)),
       server_button_(MakeRoleButton(Role::Server)),
-      client_button_(MakeRoleButton(Role::Client)) {
+      client_button_(MakeRoleButton(Role::Client)),
+      text2_(new GuideBox(u"Text2"_s, u"Explicación"_s)),
+      credit_(new OneLineLabel(
+          u"Brontavia: cinco juegos de mesa para dos jugadores. Programa libre, GPL-3.0 o posterior."_s,
+          OneLineLabel::Ink::Muted)) {
   setObjectName(u"Form1"_s);
   setWindowTitle(u"BRONTAVIA"_s);
   QString question = u"Seleccione cómo desea jugar."_s;
   if (port_ != kDefaultPort) question += u" Puerto de conexión: "_s + QString::number(port_);
-  auto* text1 = new TextBox(u"Text1"_s, u"Indicaciones"_s);
-  text1->SetText(question);
-  text1->SetMinimumLines(1);
-  text1->setFixedHeight(text1->minimumHeight());
-  auto* credit =
-      new QLabel(u"Brontavia: cinco juegos de mesa para dos jugadores. Programa libre, GPL-3.0 o posterior."_s);
-  credit->setObjectName(u"LBNombre"_s);
-  credit->setWordWrap(true);
-
-  auto* buttons = new QHBoxLayout;
-  buttons->addWidget(server_button_);
-  buttons->addWidget(client_button_);
-  auto* layout = new QVBoxLayout(this);
-  layout->addWidget(text1);
-  layout->addLayout(buttons);
-  layout->addWidget(text2_, 1);
-  layout->addWidget(credit);
-  text1->setFocus();
+  text1_->setFont(look::Scaled(font(), kQuestion));
+  text1_->SetText(question);
+  QFont name_font = look::Scaled(font(), kName, true);
+  name_font.setLetterSpacing(QFont::AbsoluteSpacing, kLetterSpacing);
+  name_->setFont(name_font);
+  motto_->setFont(look::Scaled(font(), kMotto));
+  credit_->setFont(look::Scaled(font(), kCredit));
+  credit_->setObjectName(u"LBNombre"_s);
+  // The order in which Tab goes through them.
+  for (QWidget* part :
+       std::initializer_list<QWidget*>{name_, motto_, text1_, server_button_, client_button_, text2_, credit_}) {
+    part->setParent(this);
+  }
+  text1_->setFocus();
+  setMinimumSize(kSmallestSize);
   resize(kFirstSize);
 }
 
 QPushButton* Form1::MakeRoleButton(Role role) {
   const bool server = role == Role::Server;
-  auto* button = new QPushButton(server ? u"Jugar como servidor"_s : u"Jugar como cliente"_s);
+  const auto paint = [server](QPainter& painter, const QRectF& area, const QColor& /*ink*/) {
+    look::PaintPicture(painter, area, server ? u"picture_lighthouse"_s : u"picture_boat"_s, area.size());
+  };
+  auto* button = new PictureButton(server ? u"Jugar como servidor"_s : u"Jugar como cliente"_s, paint, kPictureInset);
   button->setObjectName(server ? u"Command1(0)"_s : u"Command1(1)"_s);
-  button->setAutoDefault(true);
-  button->setMinimumHeight(kButtonLines * button->fontMetrics().lineSpacing());
   button->installEventFilter(this);
   connect(button, &QPushButton::clicked, this, [this, role] { emit RoleChosen(role); });
   return button;
 }
 
 bool Form1::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusIn) Explain(watched == server_button_ ? Role::Server : Role::Client);
+  const Role role = watched == server_button_ ? Role::Server : Role::Client;
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      focused_role_ = role;
+      Explain(role);
+      break;
+    case QEvent::Enter:
+      Explain(role);
+      break;
+    case QEvent::Leave:
+      Explain(focused_role_);
+      break;
+    default:
+      break;
+  }
   return false;
 }
 
-void Form1::Explain(Role role) {
-  text2_->SetText(role == Role::Server ? ServerExplanation(port_) : ClientExplanation());
+void Form1::Explain(std::optional<Role> role) {
+  if (!role) {
+    text2_->clear();
+    return;
+  }
+  text2_->SetText(*role == Role::Server ? ServerExplanation(port_) : ClientExplanation());
   text2_->selectAll();
+}
+
+bool Form1::IsNarrow() const { return width() < kNarrow; }
+
+int Form1::ColumnWidth(const Measures& measures) const {
+  return std::min(width() - 2 * qRound(measures.Margin), kWidest);
+}
+
+Form1::Measures Form1::Tight() const {
+  return {.Margin = 12, .Gap = 8, .Icon = 44, .Button = qreal(2 * server_button_->fontMetrics().lineSpacing())};
+}
+
+int Form1::NeededHeight(const Measures& measures) const {
+  const int width = ColumnWidth(measures);
+  const int text =
+      std::max(text2_->HeightOf(ServerExplanation(port_), width), text2_->HeightOf(ClientExplanation(), width));
+  return qRound(2 * measures.Margin + measures.Icon + 4 * measures.Gap + (IsNarrow() ? 2 : 1) * measures.Button +
+                (IsNarrow() ? measures.Gap : 0)) +
+         text1_->heightForWidth(width) + text + credit_->sizeHint().height();
+}
+
+void Form1::resizeEvent(QResizeEvent* /*event*/) {
+  const Measures most;
+  const Measures least = Tight();
+  // How far all of them give way.
+  const int needed = NeededHeight(most);
+  const qreal part = std::clamp(qreal(needed - height()) / (needed - NeededHeight(least)), 0.0, 1.0);
+  const auto between = [part](qreal from, qreal to) { return from + part * (to - from); };
+  Measures measures{.Margin = between(most.Margin, least.Margin),
+                    .Gap = between(most.Gap, least.Gap),
+                    .Icon = between(most.Icon, least.Icon),
+                    .Button = between(most.Button, least.Button)};
+  const int spare = std::max(0, height() - NeededHeight(measures));
+  measures.Button += std::min(spare, kMostSpareOfButton);
+  Arrange(measures);
+}
+
+void Form1::Arrange(const Measures& measures) {
+  const int width = ColumnWidth(measures);
+  const int lack = NeededHeight(measures) - height();
+  const int left = (this->width() - width) / 2;
+  const int gap = qRound(measures.Gap);
+  int y = qRound(measures.Margin) + std::max(0, -lack / 2);
+  const auto place = [&](QWidget& part, int height) {
+    part.setGeometry(left, y, width, height);
+    y += height + gap;
+  };
+
+  icon_ = QRect(left, y, qRound(measures.Icon), qRound(measures.Icon));
+  const int beside = icon_.right() + kBesideIcon;
+  const int motto = icon_.height() < kLowestWithMotto ? 0 : motto_->sizeHint().height();
+  const int name = std::min(name_->sizeHint().height(), icon_.height() - motto);
+  name_->setGeometry(beside, y + (icon_.height() - motto - name) / 2, left + width - beside, name);
+  motto_->setGeometry(beside, name_->geometry().bottom() + 1, name_->width(), motto);
+  y += icon_.height() + gap;
+
+  place(*text1_, text1_->heightForWidth(width));
+  const int button = qRound(measures.Button);
+  if (IsNarrow()) {
+    place(*server_button_, button);
+    place(*client_button_, button);
+  } else {
+    const int half = (width - kBetweenButtons) / 2;
+    server_button_->setGeometry(left, y, half, button);
+    client_button_->setGeometry(left + width - half, y, half, button);
+    y += button + gap;
+  }
+  const int below = gap + credit_->sizeHint().height() + qRound(measures.Margin);
+  place(*text2_, std::max(0, height() - y - below - std::max(0, -lack / 2)));
+  place(*credit_, credit_->sizeHint().height());
+  update();
+}
+
+void Form1::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const QString picture = icon_.width() > kSmallIcon ? u"icon-256"_s : u"icon-48"_s;
+  look::PaintPicture(painter, icon_, picture, icon_.size());
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

@@ -6,49 +6,80 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
+#include "app/game_delegate.h"
 #include "app/games.h"
-#include "ui/text_box.h"
+#include "ui/guide_box.h"
+#include "ui/look.h"
 
 namespace brontavia {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr QSize kFirstSize(420, 320);
-constexpr int kTextLines = 2;
-constexpr int kEntrySpacing = 4;
+constexpr QSize kFirstSize(800, 600);
+constexpr QSize kSmallestSize(360, 400);
+constexpr int kMargin = 24;
+constexpr int kGap = 14;
+constexpr int kSmallestRow = 56;
+constexpr int kLeaveHeight = 40;
+
+// Of the user's font.
+constexpr qreal kQuestion = 1.15;
+constexpr qreal kEntry = 1.4;
 
 }  // namespace
 
-Form2::Form2() : list1_(new QListWidget) {
+Form2::Form2()
+    : text1_(new GuideBox(u"Text1"_s, u"Indicaciones"_s)),
+      list1_(new QListWidget),
+      leave_(new QPushButton(u"SALIR"_s)) {
   setObjectName(u"Form2"_s);
   setWindowTitle(u"BRONTAVIA"_s);
-  auto* text1 = new TextBox(u"Text1"_s, u"Indicaciones"_s);
-  text1->SetText(u"Elija a qué juego desea jugar. Los dos jugadores deben escoger el mismo."_s);
-  text1->SetMinimumLines(kTextLines);
-  text1->setFixedHeight(text1->minimumHeight());
+  text1_->setFont(look::Scaled(font(), kQuestion));
+  text1_->SetText(u"Elija a qué juego desea jugar. Los dos jugadores deben escoger el mismo."_s);
   list1_->setObjectName(u"List1"_s);
   list1_->setAccessibleName(u"Juegos"_s);
+  list1_->setFont(look::Scaled(font(), kEntry));
+  list1_->setItemDelegate(new GameDelegate(list1_));
+  list1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   for (const Game& game : Games()) list1_->addItem(game.Window.ListEntry.toString());
   list1_->setCurrentRow(0);
-  list1_->setSpacing(kEntrySpacing);
   list1_->installEventFilter(this);
+  list1_->viewport()->installEventFilter(this);
   connect(list1_, &QListWidget::itemDoubleClicked, this, &Form2::ChooseSelected);
-  auto* leave = new QPushButton(u"SALIR"_s);
-  leave->setObjectName(u"Command1"_s);
-  leave->setAutoDefault(true);
-  connect(leave, &QPushButton::clicked, this, &Form2::LeaveRequested);
+  leave_->setObjectName(u"Command1"_s);
+  leave_->setAutoDefault(true);
+  connect(leave_, &QPushButton::clicked, this, &Form2::LeaveRequested);
 
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(text1);
+  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout->setSpacing(kGap);
+  layout->addWidget(text1_);
   layout->addWidget(list1_, 1);
-  layout->addWidget(leave);
+  layout->addWidget(leave_);
+  leave_->setMinimumHeight(kLeaveHeight);
   list1_->setFocus();
+  setMinimumSize(kSmallestSize);
   resize(kFirstSize);
 }
 
+void Form2::resizeEvent(QResizeEvent* /*event*/) {
+  text1_->setFixedHeight(text1_->heightForWidth(width() - 2 * kMargin));
+}
+
+void Form2::ShareHeight() {
+  const int room = list1_->viewport()->height();
+  const int rows = list1_->count();
+  for (int row = 0; row < rows; ++row) {
+    const int height = room * (row + 1) / rows - room * row / rows;
+    list1_->item(row)->setSizeHint({0, std::max(height, kSmallestRow)});
+  }
+}
+
 bool Form2::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == list1_->viewport() && event->type() == QEvent::Resize) ShareHeight();
   if (watched == list1_ && event->type() == QEvent::FocusIn) {
     // A list tells a screen reader of its own focus alone; which game is selected is told after it.
     QMetaObject::invokeMethod(

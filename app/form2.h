@@ -4,8 +4,11 @@
 #include <QWidget>
 
 class QListWidget;
+class QPushButton;
 
 namespace brontavia {
+
+class GuideBox;
 
 class Form2 : public QWidget {
   Q_OBJECT
@@ -23,11 +26,16 @@ class Form2 : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void ChooseSelected();
+  // Gives all rows of the list the same part of its height.
+  void ShareHeight();
 
+  GuideBox* text1_;
   QListWidget* list1_;
+  QPushButton* leave_;
 };
 
 }  // namespace brontavia

@@ -19,6 +19,8 @@ bool IsEmptyEnd(const QTextBlock& block) {
   return !block.next().isValid() && block.length() == 1 && block.position() > 0;
 }
 
+qreal GapOf(const QFont& font) { return kGap * look::PixelsOf(font); }
+
 class GuideLayout : public QPlainTextDocumentLayout {
  public:
   using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
@@ -28,7 +30,7 @@ class GuideLayout : public QPlainTextDocumentLayout {
     if (IsEmptyEnd(block)) {
       place.setHeight(0);
     } else if (block.layout()->lineCount() > 1 && block.next().isValid() && !IsEmptyEnd(block.next())) {
-      place.setHeight(place.height() + kGap * look::PixelsOf(document()->defaultFont()));
+      place.setHeight(place.height() + GapOf(document()->defaultFont()));
     }
     return place;
   }
@@ -44,19 +46,23 @@ GuideBox::GuideBox(const QString& name, const QString& accessible_name, QWidget*
   setDocument(document);
 }
 
-int GuideBox::heightForWidth(int width) const {
-  const QTextDocument& shown = *document();
-  const qreal room = width - 2 * (frameWidth() + shown.documentMargin());
-  qreal height = 0;
-  for (QTextBlock block = shown.begin(); block.isValid(); block = block.next()) {
-    QTextLayout layout(block.text(), font());
+int GuideBox::heightForWidth(int width) const { return HeightOf(toPlainText(), width); }
+
+int GuideBox::HeightOf(const QString& text, int width) const {
+  const qreal margins = 2 * (frameWidth() + document()->documentMargin());
+  QStringList lines = QString(text).remove(u'\r').split(u'\n');
+  if (lines.size() > 1 && lines.last().isEmpty()) lines.removeLast();
+  qreal height = margins;
+  for (qsizetype i = 0; i < lines.size(); ++i) {
+    QTextLayout layout(lines[i], font());
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
       line.setLeadingIncluded(true);
-      line.setLineWidth(room);
+      line.setLineWidth(width - margins);
       height += line.height();
     }
     layout.endLayout();
+    if (layout.lineCount() > 1 && i + 1 < lines.size()) height += GapOf(font());
   }
   return static_cast<int>(std::ceil(height));
 }

@@ -14,6 +14,8 @@ class GuideBox : public TextBox {
 
   // How high the box has to be for its text, without scrolling, when it is `width` wide.
   [[nodiscard]] int heightForWidth(int width) const override;
+  // The same with another text.
+  [[nodiscard]] int HeightOf(const QString& text, int width) const;
 };
 
 }  // namespace brontavia
