@@ -64,7 +64,7 @@ TEST(ScoreboardOf, WhoPlacesAndWhoIsReadyIsTold) {
   BarPair pair;
   pair.Connect();
   EXPECT_EQ(SentenceOf(pair.Server.Screen.Scoreboard),
-            u"Ana 0, Luis 0. Coloca sus barcos Ana. Coloca sus barcos Luis."_s);
+            u"Ana 0, Luis 0. Ana: coloca sus barcos. Luis: coloca sus barcos."_s);
   pair.Server.Dialogs.Expect(box::kNaval, box::kFinished, Button::Yes);
   pair.Server.Dialogs.Expect({}, box::kWaitForOther, [&] {
     EXPECT_EQ(pair.Server.Screen.Scoreboard.Own.State, PlayerState::Ready) << "before the box that says to wait";
