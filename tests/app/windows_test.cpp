@@ -1,4 +1,4 @@
-// The start window, the game selection and who owns them.
+// The start window and the game selection.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -7,14 +7,11 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include "app/form1.h"
 #include "app/form2.h"
 #include "app/games.h"
-#include "app/window_owner.h"
-#include "tests/support/box_answerer.h"
 #include "tests/support/printers.h"
 #include "tests/support/waiting.h"
 #include "ui/text_box.h"
@@ -136,131 +133,6 @@ TEST(Form2Window, WithoutASelectionChoosesNothing) {
   ASSERT_EQ(chosen.count(), 1);
   EXPECT_EQ(chosen[0][0].toInt(), 2);
   EXPECT_EQ(chosen[0][1].toString(), u"Mini-Estratega"_s);
-}
-
-// ---- From window to window ----
-
-// The one window that is open; fails when there are more.
-QWidget* OpenWindow() {
-  QWidget* open = nullptr;
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (!window->isVisible() || qobject_cast<QDialog*>(window) != nullptr) continue;
-    EXPECT_EQ(open, nullptr) << "two windows at once";
-    open = window;
-  }
-  return open;
-}
-
-// ---- For the user's script ----
-
-bool Shows(const QString& name) {
-  return Eventually([&] { return OpenWindow() != nullptr && OpenWindow()->objectName() == name; });
-}
-
-void Press(const QString& button) {
-  Post([button] { OpenWindow()->findChild<QPushButton*>(button)->click(); });
-}
-
-void Close() {
-  Post([] { OpenWindow()->close(); });
-}
-
-// Chooses the game at `row` of List1 with Enter; returns its text.
-QString Choose(int row) {
-  Post([row] {
-    auto* list = OpenWindow()->findChild<QListWidget*>(u"List1"_s);
-    list->setCurrentRow(row);
-    QTest::keyClick(list, Qt::Key_Return);
-  });
-  return Games()[static_cast<std::size_t>(row)].Window.ListEntry.toString();
-}
-
-class Windows : public testing::Test {
- protected:
-  Windows() { Owner.ShowStart(); }
-
-  QTemporaryDir Directory;
-  WindowOwner Owner{Directory.path()};
-};
-
-TEST_F(Windows, FollowEachOtherOneAtATime) {
-  AsUser([] {
-    EXPECT_TRUE(Shows(u"Form1"_s));
-    Press(u"Command1(1)"_s);
-    EXPECT_TRUE(Shows(u"Form2"_s));
-    Choose(0);
-    EXPECT_TRUE(Shows(u"FormTER"_s));
-    const QPointer<QWidget> first = OnGui([] { return OpenWindow(); });
-    EXPECT_TRUE(first->findChild<QWidget*>(u"FrCliente"_s)->isVisible());
-    Close();
-    Answer(u"Tres en raya"_s, u"Sí"_s);
-    EXPECT_TRUE(Shows(u"Form2"_s));
-    EXPECT_TRUE(Eventually([&] { return first.isNull(); }));
-    Choose(0);
-    EXPECT_TRUE(Shows(u"FormTER"_s));
-    EXPECT_TRUE(OnGui([] { return OpenWindow()->findChild<QWidget*>(u"FrCliente"_s)->isVisible(); }))
-        << "the role stays";
-  });
-}
-
-TEST_F(Windows, EveryGameOpensItsWindowAndComesBackToTheSelection) {
-  AsUser([] {
-    Press(u"Command1(1)"_s);
-    for (int row = 0; row < static_cast<int>(Games().size()); ++row) {
-      const WindowTraits& window = Games()[static_cast<std::size_t>(row)].Window;
-      EXPECT_TRUE(Shows(u"Form2"_s));
-      Choose(row);
-      EXPECT_TRUE(Shows(window.Window.toString()));
-      EXPECT_EQ(OnGui([] { return OpenWindow()->windowTitle(); }), window.Caption);
-      Close();
-      if (window.CloseQuestionTitle) Answer(window.CloseQuestionTitle->toString(), u"Sí"_s);
-    }
-    EXPECT_TRUE(Shows(u"Form2"_s));
-  });
-  EXPECT_EQ(Owner.Values().PlayerRole, Role::Client);
-  EXPECT_EQ(Owner.Values().SelectedGameIndex, 4);
-  EXPECT_EQ(Owner.Values().SelectedGameName, u"Ajedrez"_s);
-}
-
-TEST_F(Windows, ClosingTheStartWindowEndsTheProcess) {
-  EXPECT_EQ(AsUser([] {
-              Close();
-              EXPECT_TRUE(Eventually([] { return OpenWindow() == nullptr; }));
-            }),
-            0);
-}
-
-TEST_F(Windows, LeavingTheSelectionEndsTheProcess) {
-  EXPECT_EQ(AsUser([] {
-              Press(u"Command1(0)"_s);
-              EXPECT_TRUE(Shows(u"Form2"_s));
-              Press(u"Command1"_s);
-              EXPECT_TRUE(Eventually([] { return OpenWindow() == nullptr; }));
-            }),
-            0);
-}
-
-TEST_F(Windows, ClosingTheSelectionEndsTheProcess) {
-  EXPECT_EQ(AsUser([] {
-              Press(u"Command1(0)"_s);
-              EXPECT_TRUE(Shows(u"Form2"_s));
-              Close();
-              EXPECT_TRUE(Eventually([] { return OpenWindow() == nullptr; }));
-            }),
-            0);
-}
-
-TEST_F(Windows, AnsweringNoToTheCloseQuestionEndsTheProcess) {
-  EXPECT_EQ(AsUser([] {
-              Press(u"Command1(1)"_s);
-              EXPECT_TRUE(Shows(u"Form2"_s));
-              Choose(0);
-              EXPECT_TRUE(Shows(u"FormTER"_s));
-              Close();
-              Answer(u"Tres en raya"_s, u"No"_s);
-              EXPECT_TRUE(Eventually([] { return OpenWindow() == nullptr; }));
-            }),
-            0);
 }
 
 }  // namespace
