@@ -17,12 +17,6 @@ constexpr int kPreferredCell = 40;
 constexpr int kRingWidth = 2;  // what the ring needs beyond its gap, on each side
 constexpr qreal kRingRadius = look::kPlateRadius;
 
-QSize SizeInTwips(const BoardShape& shape) {
-  const int headers = shape.HeaderCells * shape.HeaderSize;
-  return {headers + (shape.Columns - shape.HeaderCells) * shape.CellWidth,
-          headers + (shape.Rows - shape.HeaderCells) * shape.CellHeight};
-}
-
 // Edges of the rows or columns, from `start` on.
 std::vector<int> EdgesOf(int start, int count, int headers, int header_size, int cell_size) {
   std::vector<int> edges{start};
@@ -50,15 +44,20 @@ BoardView::BoardView(BoardModel& model, const CellPainter& painter, QWidget* par
 
 // ---- Geometry ----
 
-BoardView::Sizes BoardView::SizesAt(const BoardShape& shape, qreal scale) {
-  const auto pixels = [scale](int twips) { return static_cast<int>(twips * scale); };
-  return {.Cell = {pixels(shape.CellWidth), pixels(shape.CellHeight)}, .Header = pixels(shape.HeaderSize)};
+BoardView::Sizes BoardView::SizesAt(int cell_width) const {
+  const BoardShape& shape = model_.Shape();
+  return {.Cell = {cell_width, cell_width * shape.CellHeight / shape.CellWidth},
+          .Header = cell_width * shape.HeaderSize / shape.CellWidth};
 }
 
 BoardView::Sizes BoardView::SizesIn(QSize room) const {
-  const QSizeF pixels = room.shrunkBy(Surroundings());
-  const QSizeF twips = SizeInTwips(model_.Shape());
-  return SizesAt(model_.Shape(), std::min(pixels.width() / twips.width(), pixels.height() / twips.height()));
+  const QSize inside = room.shrunkBy(Surroundings());
+  int cell_width = inside.width() / (model_.columnCount() - model_.Shape().HeaderCells);
+  const auto fits = [&](const QSize& board) {
+    return board.width() <= inside.width() && board.height() <= inside.height();
+  };
+  while (cell_width > 0 && !fits(BoardSize(SizesAt(cell_width)))) --cell_width;
+  return SizesAt(cell_width);
 }
 
 QSize BoardView::BoardSize(const Sizes& sizes) const {
@@ -74,9 +73,9 @@ QSize BoardView::SizeIn(QSize room) const { return BoardSize(SizesIn(room)).grow
 
 QSize BoardView::SizeWithCells(int pixels) const {
   const BoardShape& shape = model_.Shape();
-  // Half a pixel more: what is cut to whole pixels must not fall below.
-  const qreal scale = (pixels + 0.5) / std::min(shape.CellWidth, shape.CellHeight);
-  return BoardSize(SizesAt(shape, scale)).grownBy(Surroundings());
+  const int smaller = std::min(shape.CellWidth, shape.CellHeight);
+  const int cell_width = (pixels * shape.CellWidth + smaller - 1) / smaller;
+  return BoardSize(SizesAt(cell_width)).grownBy(Surroundings());
 }
 
 QSize BoardView::sizeHint() const { return SizeWithCells(kPreferredCell); }

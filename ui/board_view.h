@@ -64,12 +64,12 @@ class BoardView : public QWidget {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  // In pixels, for a number of pixels a twip.
+  // In pixels.
   struct Sizes {
     QSize Cell;
     int Header;
   };
-  [[nodiscard]] static Sizes SizesAt(const BoardShape& shape, qreal scale);
+  [[nodiscard]] Sizes SizesAt(int cell_width) const;
   [[nodiscard]] Sizes SizesIn(QSize room) const;
   // Of all cells and headers, without what surrounds them.
   [[nodiscard]] QSize BoardSize(const Sizes& sizes) const;

@@ -110,8 +110,10 @@ void GameWindow::ShowFrame(Frame frame, bool visible) {
       box = game_frame_;
       break;
   }
-  const int margin = visible && frame != Frame::FrJuego ? kMargin : 0;
-  layout()->setContentsMargins(margin, margin, margin, margin);
+  if (visible) {
+    const int margin = frame == Frame::FrJuego ? 0 : kMargin;
+    layout()->setContentsMargins(margin, margin, margin, margin);
+  }
   box->setVisible(visible);
   box->setEnabled(visible);
   if (frame == Frame::FrJuego && menu_bar_ != nullptr) menu_bar_->setVisible(visible);

@@ -154,6 +154,8 @@ void TextBox::FitText(const QFont& largest) {
 void TextBox::resizeEvent(QResizeEvent* event) {
   QPlainTextEdit::resizeEvent(event);
   Fit();
+  // The newest line of a log stays in view. A text that is selected as a whole is read from its beginning.
+  if (textCursor().selectionStart() > 0) ensureCursorVisible();
 }
 
 void TextBox::Fit() {
@@ -180,13 +182,14 @@ QFont TextBox::FittingFont() const {
 }
 
 bool TextBox::Fits(const QFont& font) const {
-  const QSizeF room = contentsRect().size().shrunkBy(
-      QMargins(kSideMargin + kTextMargin, kTextMargin, kSideMargin + kTextMargin, kTextMargin));
+  const bool wraps = lineWrapMode() != NoWrap;
+  const QSize room =
+      contentsRect().size().shrunkBy({kSideMargin + kTextMargin, kTextMargin, kSideMargin + kTextMargin, kTextMargin});
   QString text = toPlainText();
   while (text.endsWith(u'\n')) text.chop(1);
   qreal height = 0;
   for (const QString& paragraph : text.split(u'\n')) {
-    const QSizeF size = SizeOfParagraph(paragraph, font, lineWrapMode() == NoWrap ? QWIDGETSIZE_MAX : room.width());
+    const QSizeF size = SizeOfParagraph(paragraph, font, wraps ? room.width() : QWIDGETSIZE_MAX);
     if (size.width() > room.width()) return false;
     height += size.height();
   }

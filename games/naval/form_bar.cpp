@@ -78,7 +78,9 @@ FormBAR::FormBAR(ProcessValues& values, std::unique_ptr<Connection> connection)
   TextBox* ships = AddTable(Box::TBBarcos, u"TBBarcos"_s, u"Barcos"_s, kShipLines);
   ships->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   ships->setLineWrapMode(QPlainTextEdit::NoWrap);
-  ships->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // for the empty line at the end
+  // All of it always fits. Bars would come for the empty line at the end, and for the width of larger writing.
+  ships->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  ships->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   AddSmallBoard(*own_fleet_);
   connect(board_.get(), &BoardView::CellClicked, &flow_, &NavalFlow::BoardClicked);
   connect(board_.get(), &BoardView::KeyPressed, &flow_, &NavalFlow::BoardKeyPressed);

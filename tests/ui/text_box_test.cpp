@@ -7,8 +7,10 @@
 #include <QTextCursor>
 
 #include "tests/support/printers.h"
+#include "tests/support/shown_text.h"
 #include "tests/support/waiting.h"
 #include "ui/announcer.h"
+#include "ui/look.h"
 
 namespace brontavia::test {
 namespace {
@@ -108,6 +110,117 @@ TEST(TextBox, ShowsControlCharactersAsReplacements) {
   box.AppendText(name);
   box.AddLine(name + u"\r\nb"_s);
   EXPECT_EQ(box.toPlainText(), u"A\ufffdna\ufffdA\ufffdna\ufffd\nA\ufffdna\ufffd\nb"_s);
+}
+
+// ---- How it looks ----
+
+TEST(TextBox, ARingStandsInPlaceOfTheEdgeWhereTheFocusIs) {
+  QWidget window;
+  auto* box = new TextBox(u"TBEstado"_s, u"Estado"_s, &window);
+  auto* other = new TextBox(u"TBMensajes"_s, u"Mensajes"_s, &window);
+  box->setGeometry(0, 0, 100, 50);
+  other->setGeometry(0, 60, 100, 50);
+  window.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  const look::Colours& colours = look::ColoursOf(window.palette());
+  const auto edge = [&](int pixel) { return box->grab().toImage().pixelColor(50, pixel); };
+  other->setFocus();
+  EXPECT_EQ(edge(0), colours.Line);
+  EXPECT_EQ(edge(1), box->palette().color(QPalette::Base));
+  box->setFocus();
+  EXPECT_EQ(edge(0), colours.Focus);
+  EXPECT_EQ(edge(1), colours.Focus) << "thicker than the edge, so that it can be told without colour";
+}
+
+TEST(TextBox, ShowsTheNewestLineQuietlyWithoutTheFocusInEveryPalette) {
+  TextBox box(u"TBMensajes"_s, u"Mensajes"_s);
+  QPalette dark;
+  dark.setColor(QPalette::Window, Qt::black);
+  dark.setColor(QPalette::WindowText, Qt::white);
+  for (const QPalette& palette : {QPalette(), dark}) {
+    box.setPalette(palette);
+    EXPECT_EQ(box.palette().color(QPalette::Inactive, QPalette::Highlight), look::ColoursOf(palette).Newest);
+    EXPECT_EQ(box.palette().color(QPalette::Active, QPalette::Highlight), palette.color(QPalette::Highlight));
+  }
+}
+
+TEST(TextBox, KeepsTheNewestLineInViewWhenItBecomesSmaller) {
+  TextBox box(u"TBMensajes"_s, u"Mensajes"_s);
+  box.resize(200, 400);
+  box.show();
+  for (int i = 0; i < 15; ++i) box.AddLine(QString::number(i));
+  box.resize(200, 60);
+  EXPECT_TRUE(box.viewport()->rect().intersects(box.cursorRect()));
+}
+
+class FittingText : public testing::TestWithParam<QPlainTextEdit::LineWrapMode> {
+ protected:
+  FittingText() : Box(u"TBBarcos"_s, u"Barcos"_s) {
+    Box.setLineWrapMode(GetParam());
+    // The width of what was written larger before would bring it.
+    Box.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Largest.setPixelSize(20);
+    Box.resize(200, Box.HeightFor(2, Largest));
+    Box.show();
+    Box.FitText(Largest);
+  }
+
+  bool ShowsAll() {
+    QCoreApplication::processEvents();
+    return ShowsAllOfItsText(Box);
+  }
+
+  TextBox Box;
+  QFont Largest = Box.font();
+};
+
+TEST_P(FittingText, IsWrittenAsLargeAsItFits) {
+  Box.SetText(u"one\ntwo"_s);
+  EXPECT_EQ(Box.font().pixelSize(), 20);
+  EXPECT_TRUE(ShowsAll());
+  Box.SetText(u"one\ntwo\nthree"_s);
+  EXPECT_LT(Box.font().pixelSize(), 20);
+  EXPECT_TRUE(ShowsAll());
+  Box.SetText({});
+  EXPECT_EQ(Box.font().pixelSize(), 20) << "a short text is large again";
+  Box.AppendText(u"a line of some width"_s);
+  EXPECT_TRUE(ShowsAll());
+  Box.resize(140, Box.height());
+  EXPECT_TRUE(ShowsAll());
+}
+
+TEST_P(FittingText, IsNeverWrittenTooSmallToBeRead) {
+  Box.SetText(u"line\n"_s.repeated(50));
+  EXPECT_EQ(Box.font().pixelSize(), 11);
+  Box.SetText(QString(1 << 20, u'x'));
+  EXPECT_EQ(Box.font().pixelSize(), 11);
+}
+
+TEST_P(FittingText, ShowsTheLinesThatItsHeightIsFor) {
+  for (const int pixels : {11, 13, 15, 20, 24}) {
+    for (int lines = 1; lines < 10; ++lines) {
+      Largest.setPixelSize(pixels);
+      Box.resize(200, Box.HeightFor(lines, Largest));
+      Box.FitText(Largest);
+      Box.SetText(u"g\n"_s.repeated(lines - 1) + u'g');
+      EXPECT_EQ(Box.font().pixelSize(), pixels) << lines;
+      EXPECT_TRUE(ShowsAll()) << lines << " lines of " << pixels;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(TextBox, FittingText, testing::Values(QPlainTextEdit::WidgetWidth, QPlainTextEdit::NoWrap));
+
+TEST(TextBox, NarrowsALineThatWrapsBeforeItBecomesSmaller) {
+  TextBox box(u"TBEstado"_s, u"Estado"_s);
+  QFont largest = box.font();
+  largest.setPixelSize(20);
+  box.show();
+  box.FitText(largest);
+  box.SetText(u"Espere a que el otro"_s);
+  box.resize(QFontMetrics(largest).horizontalAdvance(box.toPlainText()) + 10, box.HeightFor(1, largest));
+  EXPECT_EQ(box.font().pixelSize(), 20);
+  EXPECT_LT(box.font().stretch(), 100);
 }
 
 TEST(TextBox, IsReadOnlySelectableByKeysAndLeftWithTab) {

@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 
 #include "tests/support/printers.h"
+#include "tests/support/window_layout.h"
 #include "tests/support/window_pair.h"
 
 namespace brontavia::test {
@@ -60,10 +61,20 @@ TEST_F(FormAjePair, HasItsTextsMenusAndABoardOfNamedSquares) {
   EXPECT_EQ(board->child(8 * 9 + 1)->text(QAccessible::Name), u"Torre blanca A1"_s);
 }
 
-TEST_F(FormAjePair, FitsASmallScreenWhileItIsPlayed) {
-  AsUser([this] { Handshake(); });
-  EXPECT_LE(Server.Window->minimumSizeHint().width(), 800);
-  EXPECT_LE(Server.Window->minimumSizeHint().height(), 560);
+TEST(FormAjeLayout, ShowsAllOfItselfInEverySizeAndFont) {
+  const QString position =
+      u"Jug. Nº 111. Mueven Blancas.\n Enroques disponibles:\nBlancas. Corto: No.  Largo: No.\n"
+      u"Negras. Corto: No.  Largo: No.\n Opción de comer al paso\nBlancas : No.Negras: No."_s;
+  ExpectGoodLayout<FormAje>({{{800, 560}, 13, 0},
+                             {{800, 600}, 13, 44},
+                             {{1080, 760}, 13, 62},
+                             {{1920, 1080}, 13, 100},
+                             {{800, 600}, 24, 0},
+                             {{1080, 760}, 24, 0},
+                             {{1920, 1080}, 24, 0}},
+                            {{u"TBEntorno"_s, position},
+                             {u"TBReloj"_s, u"600:00 / 600:00"_s},
+                             {u"TBEstado"_s, u"Caballo negro seleccionado"_s}});
 }
 
 TEST_F(FormAjePair, NamesItsMenusAndCommands) {

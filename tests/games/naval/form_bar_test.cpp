@@ -7,6 +7,7 @@
 #include <QFontInfo>
 
 #include "tests/support/printers.h"
+#include "tests/support/window_layout.h"
 #include "tests/support/window_pair.h"
 
 namespace brontavia::test {
@@ -47,10 +48,18 @@ TEST_F(FormBARPair, ShowsTwoGridsAndTheShipsInAFixedWidthBox) {
   EXPECT_EQ(board->child(3 * 11 + 2)->text(QAccessible::Name), u"B3 "_s);
 }
 
-TEST_F(FormBARPair, FitsASmallScreenWhileItIsPlayed) {
-  AsUser([this] { Handshake(); });
-  EXPECT_LE(Server.Window->minimumSizeHint().width(), 800);
-  EXPECT_LE(Server.Window->minimumSizeHint().height(), 560);
+TEST(FormBARLayout, ShowsAllOfItselfInEverySizeAndFont) {
+  const QString rows = u"Portaaviones T |Portaaviones ?\nAcorazado    I |Acorazado    H\n"_s;
+  const QString ships = u"Estado de los barcos\nBarcos propios | Barcos enemigos \n" + rows.repeated(4).chopped(32);
+  ExpectGoodLayout<FormBAR>({{{800, 560}, 13, 0},
+                             {{800, 600}, 13, 37},
+                             {{1080, 760}, 13, 47},
+                             {{1920, 1080}, 13, 76},
+                             {{800, 600}, 24, 31},
+                             {{1080, 760}, 24, 0},
+                             {{1920, 1080}, 24, 0}},
+                            {{u"TBBarcos"_s, ships}, {u"TBEstado"_s, u"¡Impacto!, Barco tocado. Siga disparando."_s}},
+                            u"Mar enemigo"_s);
 }
 
 TEST_F(FormBARPair, IsPlacedByMouseAndByKeys) {

@@ -7,6 +7,7 @@
 #include <QMenu>
 
 #include "tests/support/printers.h"
+#include "tests/support/window_layout.h"
 #include "tests/support/window_pair.h"
 
 namespace brontavia::test {
@@ -52,10 +53,24 @@ TEST_F(FormStrategyPair, HasABoardOfNamedCells) {
   EXPECT_EQ(board->child(10 * 11 + 1)->text(QAccessible::Name), u"A1"_s);
 }
 
-TEST_F(FormStrategyPair, FitsASmallScreenWhileItIsPlayed) {
-  AsUser([this] { Pair.Handshake(); });
-  EXPECT_LE(Pair.Server.Window->minimumSizeHint().width(), 800);
-  EXPECT_LE(Pair.Server.Window->minimumSizeHint().height(), 570);
+TEST(FormStrategyLayout, ShowsAllOfItselfInEverySizeAndFont) {
+  const QMap<QString, QString> texts{{u"TBEstado"_s, u"Seleccione la ficha que desea mover."_s}};
+  ExpectGoodLayout<FormEST>({{{800, 560}, 13, 0},
+                             {{800, 600}, 13, 39},
+                             {{1080, 760}, 13, 50},
+                             {{1920, 1080}, 13, 80},
+                             {{800, 600}, 24, 35},
+                             {{1080, 760}, 24, 0},
+                             {{1920, 1080}, 24, 0}},
+                            texts);
+  ExpectGoodLayout<FormMES>({{{800, 560}, 13, 0},
+                             {{800, 600}, 13, 49},
+                             {{1080, 760}, 13, 62},
+                             {{1920, 1080}, 13, 0},
+                             {{800, 600}, 24, 0},
+                             {{1080, 760}, 24, 0},
+                             {{1920, 1080}, 24, 0}},
+                            texts);
 }
 
 TEST_F(FormStrategyPair, APieceIsPlacedByMouseAndByKeysAlone) {

@@ -10,6 +10,7 @@
 #include "tests/support/owned_window.h"
 #include "tests/support/printers.h"
 #include "tests/support/waiting.h"
+#include "tests/support/window_layout.h"
 
 namespace brontavia::test {
 namespace {
@@ -129,6 +130,33 @@ TEST_F(FormTERPair, AnyKeyBringsTheFocusToTheBoardButDoesNotPlay) {
         EXPECT_EQ(Server.FG1()->Model().CurrentCell(), (CellIndex{0, 0}));
       });
     }
+  });
+}
+
+TEST(FormTERLayout, ShowsAllOfItselfInEverySizeAndFont) {
+  ExpectGoodLayout<FormTER>({{{800, 560}, 13, 0},
+                             {{800, 600}, 13, 0},
+                             {{1080, 760}, 13, 178},
+                             {{1920, 1080}, 13, 0},
+                             {{800, 600}, 24, 0},
+                             {{1080, 760}, 24, 0},
+                             {{1920, 1080}, 24, 0}},
+                            {{u"TBEstado"_s, u"Espere a que el otro jugador coloque una ficha."_s}});
+}
+
+TEST_F(FormTERPair, F11FillsTheScreenAndLeavesTheFocusWhereItIs) {
+  AsUser([this] {
+    Handshake();
+    Activate();
+    OnGui([this] {
+      auto* status = Server.Control<TextBox>(u"TBEstado"_s);
+      status->setFocus();
+      QTest::keyClick(status, Qt::Key_F11);
+      EXPECT_TRUE(Server.Window->isFullScreen());
+      EXPECT_TRUE(status->hasFocus());
+      QTest::keyClick(status, Qt::Key_F11);
+      EXPECT_FALSE(Server.Window->isFullScreen());
+    });
   });
 }
 
