@@ -10,6 +10,7 @@
 #include "app/form2.h"
 #include "app/games.h"
 #include "net/tcp_connection.h"
+#include "ui/full_screen.h"
 #include "ui/game_window.h"
 
 namespace brontavia {
@@ -22,6 +23,7 @@ WindowOwner::~WindowOwner() { delete window_; }
 
 void WindowOwner::ShowStart() {
   auto* form = new Form1(values_.ConnectionPort);
+  LetF11FillTheScreen(*form);
   connect(form, &Form1::RoleChosen, this, [this](Role role) {
     values_.PlayerRole = role;
     ShowSelection();
@@ -40,6 +42,7 @@ void WindowOwner::TranslateStandardButtons() {
 void WindowOwner::ShowSelection() {
   TranslateStandardButtons();
   auto* form = new Form2;
+  LetF11FillTheScreen(*form);
   connect(form, &Form2::GameChosen, this, &WindowOwner::ChooseGame);
   connect(form, &Form2::LeaveRequested, this, [this] { WindowFinished(AfterWindow::ProcessEnds); });
   Open(form);
@@ -67,9 +70,14 @@ void WindowOwner::WindowFinished(AfterWindow after) {
 }
 
 void WindowOwner::Open(QWidget* window) {
+  const bool full_screen = window_ && window_->isFullScreen();
   CloseWindow();
   window_ = window;
-  window_->show();
+  if (full_screen) {
+    window_->showFullScreen();
+  } else {
+    window_->show();
+  }
 }
 
 void WindowOwner::CloseWindow() {

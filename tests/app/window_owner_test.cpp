@@ -143,6 +143,28 @@ TEST_F(WindowOwnerTest, AnsweringNoToTheCloseQuestionEndsTheProcess) {
             0);
 }
 
+TEST_F(WindowOwnerTest, F11FillsTheScreenInEachUntilItIsPressedAgain) {
+  AsUser([] {
+    const auto press_f11 = [] {
+      EXPECT_TRUE(Eventually([] { return OpenWindow()->isActiveWindow(); }));
+      OnGui([] { QTest::keyClick(OpenWindow(), Qt::Key_F11); });
+    };
+    const auto fills_the_screen = [] { return OnGui([] { return OpenWindow()->isFullScreen(); }); };
+    press_f11();
+    EXPECT_TRUE(fills_the_screen());
+    Press(u"Command1(1)"_s);
+    EXPECT_TRUE(Shows(u"Form2"_s));
+    EXPECT_TRUE(fills_the_screen()) << "the next window takes it over";
+    press_f11();
+    EXPECT_FALSE(fills_the_screen());
+    Choose(0);
+    EXPECT_TRUE(Shows(u"FormTER"_s));
+    EXPECT_FALSE(fills_the_screen());
+    press_f11();
+    EXPECT_TRUE(fills_the_screen());
+  });
+}
+
 // A port that somebody else listens on is told, and the process fails.
 TEST(WindowOwnerPort, APortInUseEndsTheProcessWithAFailure) {
   QTcpServer taken;
