@@ -67,7 +67,7 @@ class BoardView : public QWidget {
   // In pixels.
   struct Sizes {
     QSize Cell;
-    int Header;
+    int Header = 0;
   };
   [[nodiscard]] Sizes SizesAt(int cell_width) const;
   [[nodiscard]] Sizes SizesIn(QSize room) const;

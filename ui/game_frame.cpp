@@ -119,19 +119,17 @@ QFont GameFrame::FullFont(const TextBox& box) const {
   return full;
 }
 
-int GameFrame::StatusHeight() const {
-  return status_.Box->HeightFor(status_.Lines, look::Scaled(font(), kStatusTimes));
-}
+int GameFrame::StatusHeight() const { return TextBox::HeightFor(status_.Lines, look::Scaled(font(), kStatusTimes)); }
 
 int GameFrame::FullHeight(const Captioned& text) const {
-  return CaptionHeight() + text.Box->HeightFor(text.Lines, FullFont(*text.Box));
+  return CaptionHeight() + TextBox::HeightFor(text.Lines, FullFont(*text.Box));
 }
 
 int GameFrame::LeastHeight(const Captioned& text) const {
   if (text.Grows) return FullHeight(text);
   QFont least = text.Box->font();
   least.setPixelSize(look::kSmallestReadable);
-  return CaptionHeight() + text.Box->HeightFor(text.Lines, least);
+  return CaptionHeight() + TextBox::HeightFor(text.Lines, least);
 }
 
 int GameFrame::LeastColumnHeight() const {
@@ -220,7 +218,7 @@ QRect GameFrame::BoardAreaBeside(const QRect& content) const {
 }
 
 QRect GameFrame::BoardAreaBelow(const QRect& content) const {
-  const int box = column_.front().Box->HeightFor(Gaps().LinesBelow, font());
+  const int box = TextBox::HeightFor(Gaps().LinesBelow, font());
   return content.adjusted(0, 0, 0, -Gaps().BetweenRows - CaptionHeight() - box);
 }
 

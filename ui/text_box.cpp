@@ -141,7 +141,7 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
 
 void TextBox::SetMinimumLines(int lines) { setMinimumHeight(HeightFor(lines, font())); }
 
-int TextBox::HeightFor(int lines, const QFont& font) const {
+int TextBox::HeightFor(int lines, const QFont& font) {
   // A pixel more: the box would scroll a text of exactly its height.
   return qCeil(lines * SizeOfParagraph(u"X"_s, font, QWIDGETSIZE_MAX).height()) + 2 * (kFrame + kTextMargin) + 1;
 }

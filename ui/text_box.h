@@ -34,7 +34,7 @@ class TextBox : public QPlainTextEdit {
   void FitText(const QFont& largest);
 
   // The height of a box that shows `lines` lines of `font`.
-  [[nodiscard]] int HeightFor(int lines, const QFont& font) const;
+  [[nodiscard]] static int HeightFor(int lines, const QFont& font);
 
  protected:
   bool event(QEvent* event) override;

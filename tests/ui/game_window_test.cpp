@@ -165,7 +165,7 @@ TEST_F(GameWindows, ShowTheKeysBelowAllElseWhereThereIsRoom) {
 
 TEST_F(GameWindows, SayOverTheBoardWhoseItIs) {
   Connect();
-  const auto* caption = Server.Window->findChild<BoardCaption*>();
+  auto* caption = Server.Window->findChild<BoardCaption*>();
   EXPECT_FALSE(caption->isVisible());
   const int top = Server.Window->Board.y();
   Server.Told().ShowBoardCaption(u"Mar propio"_s, PlayerSign::Pennant);
@@ -173,9 +173,9 @@ TEST_F(GameWindows, SayOverTheBoardWhoseItIs) {
   EXPECT_EQ(caption->text(), u"Mar propio"_s);
   EXPECT_LE(caption->geometry().bottom(), Server.Window->Board.y());
   EXPECT_GE(caption->y(), top);
-  const QImage own = const_cast<BoardCaption*>(caption)->grab().toImage();
+  const QImage own = caption->grab().toImage();
   Server.Told().ShowBoardCaption(u"Mar propio"_s, PlayerSign::SwallowTail);
-  EXPECT_NE(const_cast<BoardCaption*>(caption)->grab().toImage(), own) << "the owner's flag stands before it";
+  EXPECT_NE(caption->grab().toImage(), own) << "the owner's flag stands before it";
 }
 
 TEST_F(GameWindows, StayUntilTheirFlowHasFinished) {

@@ -160,7 +160,7 @@ class FittingText : public testing::TestWithParam<QPlainTextEdit::LineWrapMode> 
     // The width of what was written larger before would bring it.
     Box.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Largest.setPixelSize(20);
-    Box.resize(200, Box.HeightFor(2, Largest));
+    Box.resize(200, TextBox::HeightFor(2, Largest));
     Box.show();
     Box.FitText(Largest);
   }
@@ -200,7 +200,7 @@ TEST_P(FittingText, ShowsTheLinesThatItsHeightIsFor) {
   for (const int pixels : {11, 13, 15, 20, 24}) {
     for (int lines = 1; lines < 10; ++lines) {
       Largest.setPixelSize(pixels);
-      Box.resize(200, Box.HeightFor(lines, Largest));
+      Box.resize(200, TextBox::HeightFor(lines, Largest));
       Box.FitText(Largest);
       Box.SetText(u"g\n"_s.repeated(lines - 1) + u'g');
       EXPECT_EQ(Box.font().pixelSize(), pixels) << lines;
@@ -218,7 +218,7 @@ TEST(TextBox, NarrowsALineThatWrapsBeforeItBecomesSmaller) {
   box.show();
   box.FitText(largest);
   box.SetText(u"Espere a que el otro"_s);
-  box.resize(QFontMetrics(largest).horizontalAdvance(box.toPlainText()) + 10, box.HeightFor(1, largest));
+  box.resize(QFontMetrics(largest).horizontalAdvance(box.toPlainText()) + 10, TextBox::HeightFor(1, largest));
   EXPECT_EQ(box.font().pixelSize(), 20);
   EXPECT_LT(box.font().stretch(), 100);
 }
