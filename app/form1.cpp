@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "ui/full_screen.h"
 #include "ui/guide_box.h"
 #include "ui/look.h"
 #include "ui/one_line_label.h"
@@ -17,15 +18,16 @@ using namespace Qt::StringLiterals;
 
 constexpr QSize kFirstSize(800, 600);
 constexpr QSize kSmallestSize(440, 400);
-constexpr int kWidest = 1000;  // of the parts together; a wider window leaves room beside them
-constexpr int kNarrow = 560;   // the buttons stand one over the other below this width
-constexpr int kPictureInset = 22;
+constexpr int kWidest = 1000;           // of the parts together; a wider window leaves room beside them
+constexpr int kNarrow = 560;            // the buttons stand one over the other below this width
+constexpr qreal kPictureInset = 0.147;  // of a button's height
 constexpr int kLetterSpacing = 3;
 constexpr int kBesideIcon = 20;
 constexpr int kLowestWithMotto = 70;
 constexpr int kSmallIcon = 48;
 constexpr int kBetweenButtons = 16;
-constexpr int kMostSpareOfButton = 70;
+constexpr qreal kHighestButton = 0.42;  // of its width
+constexpr int kMostSpareOfText = 40;
 
 // Of the user's font.
 constexpr qreal kName = 2.6;
@@ -64,7 +66,7 @@ Form1::Form1(std::int32_t port)
     : port_(port),
       name_(new OneLineLabel(u"BRONTAVIA"_s)),
       motto_(new OneLineLabel(u"Cinco juegos de mesa para dos"_s, OneLineLabel::Ink::Muted)),
-      text1_(new GuideBox(u"Text1"_s, u"Indicaciones"_s)),
+      text1_(new GuideBox(u"Text1"_s, u"Indicaciones"_s, kQuestion)),
       server_button_(MakeRoleButton(Role::Server)),
       client_button_(MakeRoleButton(Role::Client)),
       text2_(new GuideBox(u"Text2"_s, u"Explicación"_s)),
@@ -75,7 +77,6 @@ Form1::Form1(std::int32_t port)
   setWindowTitle(u"BRONTAVIA"_s);
   QString question = u"Seleccione cómo desea jugar."_s;
   if (port_ != kDefaultPort) question += u" Puerto de conexión: "_s + QString::number(port_);
-  text1_->setFont(look::Scaled(font(), kQuestion));
   text1_->SetText(question);
   QFont name_font = look::Scaled(font(), kName, true);
   name_font.setLetterSpacing(QFont::AbsoluteSpacing, kLetterSpacing);
@@ -90,12 +91,13 @@ Form1::Form1(std::int32_t port)
   }
   text1_->setFocus();
   setMinimumSize(kSmallestSize);
+  LetF11FillTheScreen(*this);
   resize(kFirstSize);
 }
 
 QPushButton* Form1::MakeRoleButton(Role role) {
   const bool server = role == Role::Server;
-  const auto paint = [server](QPainter& painter, const QRectF& area, const QColor& /*ink*/) {
+  const auto paint = [server](QPainter& painter, const QRectF& area, const look::Colours& /*colours*/) {
     look::PaintPicture(painter, area, server ? u"picture_lighthouse"_s : u"picture_boat"_s, area.size());
   };
   auto* button = new PictureButton(server ? u"Jugar como servidor"_s : u"Jugar como cliente"_s, paint, kPictureInset);
@@ -139,6 +141,10 @@ int Form1::ColumnWidth(const Measures& measures) const {
   return std::min(width() - 2 * qRound(measures.Margin), kWidest);
 }
 
+int Form1::ButtonWidth(const Measures& measures) const {
+  return IsNarrow() ? ColumnWidth(measures) : (ColumnWidth(measures) - kBetweenButtons) / 2;
+}
+
 Form1::Measures Form1::Tight() const {
   return {.Margin = 12, .Gap = 8, .Icon = 44, .Button = qreal(2 * server_button_->fontMetrics().lineSpacing())};
 }
@@ -163,17 +169,19 @@ void Form1::resizeEvent(QResizeEvent* /*event*/) {
                     .Gap = between(most.Gap, least.Gap),
                     .Icon = between(most.Icon, least.Icon),
                     .Button = between(most.Button, least.Button)};
-  const int spare = std::max(0, height() - NeededHeight(measures));
-  measures.Button += std::min(spare, kMostSpareOfButton);
+  // A wider button can also be higher.
+  const qreal highest = std::max(measures.Button, ButtonWidth(measures) * kHighestButton);
+  measures.Button += std::clamp<qreal>(height() - NeededHeight(measures), 0, highest - measures.Button);
   Arrange(measures);
 }
 
 void Form1::Arrange(const Measures& measures) {
   const int width = ColumnWidth(measures);
-  const int lack = NeededHeight(measures) - height();
+  // What even large buttons leave goes above and below everything.
+  const int spare = std::max(0, height() - NeededHeight(measures) - kMostSpareOfText);
   const int left = (this->width() - width) / 2;
   const int gap = qRound(measures.Gap);
-  int y = qRound(measures.Margin) + std::max(0, -lack / 2);
+  int y = qRound(measures.Margin) + spare / 2;
   const auto place = [&](QWidget& part, int height) {
     part.setGeometry(left, y, width, height);
     y += height + gap;
@@ -193,13 +201,13 @@ void Form1::Arrange(const Measures& measures) {
     place(*server_button_, button);
     place(*client_button_, button);
   } else {
-    const int half = (width - kBetweenButtons) / 2;
+    const int half = ButtonWidth(measures);
     server_button_->setGeometry(left, y, half, button);
     client_button_->setGeometry(left + width - half, y, half, button);
     y += button + gap;
   }
   const int below = gap + credit_->sizeHint().height() + qRound(measures.Margin);
-  place(*text2_, std::max(0, height() - y - below - std::max(0, -lack / 2)));
+  place(*text2_, std::max(0, height() - y - below - spare / 2));
   place(*credit_, credit_->sizeHint().height());
   update();
 }

@@ -38,6 +38,7 @@ class Form1 : public QWidget {
   void Explain(std::optional<Role> role);
   [[nodiscard]] bool IsNarrow() const;
   [[nodiscard]] int ColumnWidth(const Measures& measures) const;
+  [[nodiscard]] int ButtonWidth(const Measures& measures) const;
   // To which all parts but the explanation give way where height lacks.
   [[nodiscard]] Measures Tight() const;
   // Of all parts, the explanation as high as the longer of its texts.

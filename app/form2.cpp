@@ -4,12 +4,14 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "app/game_delegate.h"
 #include "app/games.h"
+#include "ui/full_screen.h"
 #include "ui/guide_box.h"
 #include "ui/look.h"
 
@@ -22,6 +24,7 @@ constexpr QSize kFirstSize(800, 600);
 constexpr QSize kSmallestSize(360, 400);
 constexpr int kMargin = 24;
 constexpr int kGap = 14;
+constexpr int kFrame = 3;  // of the list, room for the ring of the focus
 constexpr int kSmallestRow = 56;
 constexpr int kLeaveHeight = 40;
 
@@ -29,15 +32,47 @@ constexpr int kLeaveHeight = 40;
 constexpr qreal kQuestion = 1.15;
 constexpr qreal kEntry = 1.4;
 
+// Shows where the focus is as the boxes do.
+class GameList : public QListWidget {
+ public:
+  GameList() {
+    setFrameStyle(QFrame::Box);
+    setLineWidth(kFrame);
+  }
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::Paint) return QListWidget::event(event);
+    const look::Colours colours = look::ColoursOf(palette());
+    const qreal width = hasFocus() ? look::kFocusWidth : 1;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(hasFocus() ? colours.Focus : colours.Line, width));
+    painter.setBrush(colours.Base);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2), look::kBoxRadius,
+                            look::kBoxRadius);
+    return true;
+  }
+
+  void focusInEvent(QFocusEvent* event) override {
+    QListWidget::focusInEvent(event);
+    update();
+  }
+
+  void focusOutEvent(QFocusEvent* event) override {
+    QListWidget::focusOutEvent(event);
+    update();
+  }
+};
+
 }  // namespace
 
 Form2::Form2()
-    : text1_(new GuideBox(u"Text1"_s, u"Indicaciones"_s)),
-      list1_(new QListWidget),
+    : text1_(new GuideBox(u"Text1"_s, u"Indicaciones"_s, kQuestion)),
+      list1_(new GameList),
       leave_(new QPushButton(u"SALIR"_s)) {
   setObjectName(u"Form2"_s);
   setWindowTitle(u"BRONTAVIA"_s);
-  text1_->setFont(look::Scaled(font(), kQuestion));
   text1_->SetText(u"Elija a qué juego desea jugar. Los dos jugadores deben escoger el mismo."_s);
   list1_->setObjectName(u"List1"_s);
   list1_->setAccessibleName(u"Juegos"_s);
@@ -62,6 +97,7 @@ Form2::Form2()
   leave_->setMinimumHeight(kLeaveHeight);
   list1_->setFocus();
   setMinimumSize(kSmallestSize);
+  LetF11FillTheScreen(*this);
   resize(kFirstSize);
 }
 

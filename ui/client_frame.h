@@ -8,6 +8,7 @@ class QPushButton;
 namespace brontavia {
 
 class GuideBox;
+class KeyLine;
 class SeaScene;
 
 class ClientFrame : public GuideFrame {
@@ -28,6 +29,7 @@ class ClientFrame : public GuideFrame {
   QPushButton* connect_there_;
   GuideBox* instructions_;
   SeaScene* scene_;
+  KeyLine* keys_;
 };
 
 }  // namespace brontavia

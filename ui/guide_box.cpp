@@ -11,7 +11,9 @@
 namespace brontavia {
 namespace {
 
-constexpr qreal kMargin = 8;
+constexpr int kSideMargin = 5;  // around the text, besides the document's own margin
+constexpr int kTopMargin = 4;
+constexpr int kTextMargin = 2;
 constexpr qreal kGap = 0.4;  // of the font's size
 
 // Nothing is written after the last line end.
@@ -38,33 +40,59 @@ class GuideLayout : public QPlainTextDocumentLayout {
 
 }  // namespace
 
-GuideBox::GuideBox(const QString& name, const QString& accessible_name, QWidget* parent)
-    : TextBox(name, accessible_name, parent) {
+GuideBox::GuideBox(const QString& name, const QString& accessible_name, qreal factor)
+    : TextBox(name, accessible_name), largest_(look::Scaled(font(), factor)) {
   auto* document = new QTextDocument(this);
-  document->setDocumentMargin(kMargin);
+  document->setDocumentMargin(kTextMargin);
   document->setDocumentLayout(new GuideLayout(document));
   setDocument(document);
+  setViewportMargins(kSideMargin, kTopMargin, kSideMargin, kTopMargin);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFont(largest_);
+  connect(this, &QPlainTextEdit::textChanged, this, &GuideBox::FitFont);
 }
 
 int GuideBox::heightForWidth(int width) const { return HeightOf(toPlainText(), width); }
 
-int GuideBox::HeightOf(const QString& text, int width) const {
-  const qreal margins = 2 * (frameWidth() + document()->documentMargin());
+int GuideBox::HeightOf(const QString& text, int width) const { return HeightOf(text, width, largest_); }
+
+int GuideBox::HeightOf(const QString& text, int width, const QFont& font) const {
   QStringList lines = QString(text).remove(u'\r').split(u'\n');
   if (lines.size() > 1 && lines.last().isEmpty()) lines.removeLast();
-  qreal height = margins;
+  const qreal room = width - 2 * (frameWidth() + kSideMargin + kTextMargin);
+  // A pixel more: the box would scroll a text of exactly its height.
+  qreal height = 2 * (frameWidth() + kTopMargin + kTextMargin) + 1;
   for (qsizetype i = 0; i < lines.size(); ++i) {
-    QTextLayout layout(lines[i], font());
+    QTextLayout layout(lines[i], font);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
       line.setLeadingIncluded(true);
-      line.setLineWidth(width - margins);
+      line.setLineWidth(room);
       height += line.height();
     }
     layout.endLayout();
-    if (layout.lineCount() > 1 && i + 1 < lines.size()) height += GapOf(font());
+    if (layout.lineCount() > 1 && i + 1 < lines.size()) height += GapOf(font);
   }
   return static_cast<int>(std::ceil(height));
+}
+
+void GuideBox::resizeEvent(QResizeEvent* event) {
+  TextBox::resizeEvent(event);
+  FitFont();
+}
+
+void GuideBox::FitFont() {
+  QFont fitting = largest_;
+  const QString text = toPlainText();
+  while (fitting.pixelSize() > look::kSmallestReadable && HeightOf(text, width(), fitting) > height()) {
+    fitting.setPixelSize(fitting.pixelSize() - 1);
+  }
+  if (font() != fitting) setFont(fitting);
+  // Lines count for scrolling as they were when they were last laid out, which is otherwise done when they are painted.
+  for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) blockBoundingRect(block);
+  // One that shows because a text did not fit takes room from the next.
+  const bool fits = HeightOf(text, width(), fitting) <= height();
+  setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
 }
 
 }  // namespace brontavia

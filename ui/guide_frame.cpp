@@ -1,7 +1,7 @@
 #include "ui/guide_frame.h"
 
+#include <QPainter>
 #include <QStyleOptionGroupBox>
-#include <QStylePainter>
 
 namespace brontavia {
 namespace {
@@ -17,8 +17,15 @@ QSize GuideFrame::minimumSizeHint() const { return kSmallest; }
 void GuideFrame::paintEvent(QPaintEvent* /*event*/) {
   QStyleOptionGroupBox option;
   initStyleOption(&option);
-  option.subControls = QStyle::SC_GroupBoxLabel;
-  QStylePainter(this).drawComplexControl(QStyle::CC_GroupBox, option);
+  QRect place = style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel, this);
+  place.setLeft(contentsRect().left());
+  place.setRight(contentsRect().right());
+  QPainter painter(this);
+  QFont bold = font();
+  bold.setBold(true);
+  painter.setFont(bold);
+  painter.setPen(palette().color(QPalette::WindowText));
+  painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, title());
 }
 
 }  // namespace brontavia

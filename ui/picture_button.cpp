@@ -5,8 +5,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/look.h"
-
 namespace brontavia {
 namespace {
 
@@ -23,9 +21,13 @@ QSize SmallestSizeOf(const QString& caption, const QFontMetrics& metrics) {
   return {widest, static_cast<int>(words.size()) * metrics.lineSpacing()};
 }
 
+QColor Between(const QColor& one, const QColor& other) {
+  return {(one.red() + other.red()) / 2, (one.green() + other.green()) / 2, (one.blue() + other.blue()) / 2};
+}
+
 }  // namespace
 
-PictureButton::PictureButton(const QString& caption, Picture picture, int inset)
+PictureButton::PictureButton(const QString& caption, Picture picture, qreal inset)
     : QPushButton(caption), picture_(std::move(picture)), inset_(inset) {
   setFont(look::Scaled(font(), kCaption, true));
   setAutoDefault(true);
@@ -49,20 +51,19 @@ void PictureButton::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   const look::Colours colours = look::ColoursOf(palette());
   const bool raised = hasFocus() || (underMouse() && !isDown());
-  const QColor ink = raised ? colours.Text : palette().color(QPalette::Active, QPalette::ButtonText);
   const qreal width = hasFocus() ? look::kFocusWidth : kEdge;
   const QRectF plate = QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2);
   painter.setPen(QPen(hasFocus() ? colours.Focus : colours.Line, width));
-  painter.setBrush(raised ? colours.Base : palette().color(QPalette::Active, QPalette::Button));
+  painter.setBrush(raised ? colours.Base : Between(colours.Window, colours.Base));
   painter.drawRoundedRect(plate, look::kButtonRadius, look::kButtonRadius);
 
-  const int inset = std::min(inset_, (height() - kSmallestPicture) / 2);
+  const int inset = qRound(inset_ * height());
   const int side = height() - 2 * inset;
   const QRect picture(kGap, inset, side, side);
-  picture_(painter, QRectF(picture), ink);
+  picture_(painter, QRectF(picture), colours);
   const QRect caption(picture.right() + kGap, 0, this->width() - picture.right() - kGap - look::kUnit, height());
   painter.setFont(font());
-  painter.setPen(ink);
+  painter.setPen(colours.Text);
   painter.drawText(caption, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text());
 }
 

@@ -4,17 +4,19 @@
 #include <QPushButton>
 #include <functional>
 
+#include "ui/look.h"
+
 namespace brontavia {
 
 class PictureButton : public QPushButton {
   Q_OBJECT
 
  public:
-  // Paints the picture into a square. `ink` is the colour of the caption.
-  using Picture = std::function<void(QPainter& painter, const QRectF& area, const QColor& ink)>;
+  // Paints the picture into a square.
+  using Picture = std::function<void(QPainter& painter, const QRectF& area, const look::Colours& colours)>;
 
-  // Of the button's height, the picture leaves `inset` free above and below.
-  PictureButton(const QString& caption, Picture picture, int inset);
+  // Above and below the picture, `inset` of the button's height stays free.
+  PictureButton(const QString& caption, Picture picture, qreal inset);
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -24,7 +26,7 @@ class PictureButton : public QPushButton {
 
  private:
   Picture picture_;
-  int inset_;
+  qreal inset_;
 };
 
 }  // namespace brontavia

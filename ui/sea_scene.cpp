@@ -24,6 +24,7 @@ constexpr int kWaves = 12;
 // Parts of the width: the middle of each.
 constexpr qreal kBoat = 0.12;
 constexpr qreal kLighthouse = 0.86;
+constexpr qreal kWidest = 0.22;  // of a drawing
 
 // Of a drawing's side: where its waterline lies below its middle.
 constexpr qreal kWaterline = 0.21;
@@ -61,7 +62,7 @@ void SeaScene::paintEvent(QPaintEvent* /*event*/) {
   painter.fillPath(frame, colours.Dark ? colours.Sea : kSky);
   painter.fillPath(frame.intersected(Water(scene)), colours.Dark ? colours.SeaLine : kWater);
 
-  const qreal side = std::min({scene.height() * kDrawing, kLargestDrawing, scene.width() / 3});
+  const qreal side = std::min({scene.height() * kDrawing, kLargestDrawing, scene.width() * kWidest});
   const qreal level = scene.top() + scene.height() * kSeaLevel;
   const auto paint = [&](const QString& name, qreal middle, qreal below) {
     QRectF place(0, 0, side, side);

@@ -8,6 +8,7 @@
 #include "net/window_traits.h"
 #include "ui/address_row.h"
 #include "ui/guide_box.h"
+#include "ui/key_line.h"
 #include "ui/look.h"
 #include "ui/one_line_label.h"
 #include "ui/sea_scene.h"
@@ -22,7 +23,8 @@ constexpr qreal kHeading = 1.2;
 constexpr qreal kPort = 1.45;
 
 constexpr int kPlateMargin = 20;
-constexpr int kBelowHeading = 4;
+constexpr int kBelowHeading = 6;
+constexpr int kAboveKeys = 12;
 constexpr int kCross = 10;
 constexpr int kNoteSign = 24;
 constexpr qreal kNoteEdge = 1.4;
@@ -30,7 +32,7 @@ constexpr qreal kNoteEdge = 1.4;
 // What must not be overlooked, in the colour of the lamp.
 class Note : public QLabel {
  public:
-  explicit Note(QWidget* parent) : QLabel(parent) {
+  Note() {
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setContentsMargins(kPlateMargin + kNoteSign + 12, 8, kPlateMargin, 8);
@@ -93,26 +95,31 @@ class ServerFrame::Plate : public QWidget {
 struct ServerFrame::Measures {
   int Gap;        // between two parts
   int RowMargin;  // above and below what stands in a row
-  bool Advice;
+  bool Extras;    // advice and keys
 };
 
 ServerFrame::ServerFrame(const Connection& connection)
     : GuideFrame(u"SERVIDOR"_s, u"FrServidor"_s),
       connection_(connection),
-      instructions_(new GuideBox(u"TbServ1"_s, u"Instrucciones"_s, this)),
+      instructions_(new GuideBox(u"TbServ1"_s, u"Instrucciones"_s)),
       heading_(new OneLineLabel(u"Direcciones de este ordenador"_s)),
       advice_(new OneLineLabel(u"Dé la primera que el otro jugador pueda alcanzar."_s, OneLineLabel::Ink::Muted)),
-      more_(new QPushButton(u"Más direcciones"_s, this)),
-      addresses_plate_(new Plate(this)),
+      more_(new QPushButton(u"Más direcciones"_s)),
+      addresses_plate_(new Plate),
       no_network_(new OneLineLabel(u"Este ordenador no está conectado a ninguna red."_s, OneLineLabel::Ink::Muted)),
-      port_plate_(new Plate(this)),
+      port_plate_(new Plate),
       port_(new OneLineLabel({})),
-      note_(new Note(this)),
-      scene_(new SeaScene(SeaScene::Shows::Lighthouse)) {
+      note_(new Note),
+      scene_(new SeaScene(SeaScene::Shows::Lighthouse)),
+      keys_(new KeyLine) {
   instructions_->SetText(kServerInstructions.toString());
   heading_->setFont(look::Scaled(font(), kHeading, true));
   more_->setAutoDefault(true);
-  for (QWidget* child : std::initializer_list<QWidget*>{heading_, advice_, scene_}) child->setParent(this);
+  // The order in which Tab goes through them.
+  for (QWidget* part : std::initializer_list<QWidget*>{instructions_, heading_, advice_, more_, addresses_plate_,
+                                                       port_plate_, note_, scene_, keys_}) {
+    part->setParent(this);
+  }
   for (AddressRow*& row : rows_) row = new AddressRow(addresses_plate_);
   no_network_->setParent(addresses_plate_);
 
@@ -125,6 +132,9 @@ ServerFrame::ServerFrame(const Connection& connection)
   row->addWidget(caption);
   row->addWidget(port_);
   row->addWidget(new OneLineLabel(u"El otro jugador debe usar el mismo puerto."_s, OneLineLabel::Ink::Muted), 1);
+
+  keys_->Show(
+      {{.Key = u"Tab"_s, .Use = u"pasa al siguiente"_s}, {.Key = u"Espacio"_s, .Use = u"copia la dirección"_s}});
 
   connect(more_, &QPushButton::clicked, this, &ServerFrame::ShowMore);
 }
@@ -187,17 +197,23 @@ int ServerFrame::HeadingHeight() const { return std::max(heading_->sizeHint().he
 int ServerFrame::NeededHeight(const Measures& measures, int rows) const {
   const int width = contentsRect().width();
   int height = instructions_->heightForWidth(width) + measures.Gap + HeadingHeight() + kBelowHeading;
-  if (measures.Advice) height += advice_->sizeHint().height() + kBelowHeading;
+  if (measures.Extras) {
+    height += advice_->sizeHint().height() + kBelowHeading + kAboveKeys + keys_->sizeHint().height();
+  }
   height += rows * RowHeight(measures) + measures.Gap;
   return height + PortHeight(measures) + measures.Gap + note_->heightForWidth(width);
 }
 
 void ServerFrame::Arrange() {
-  static constexpr Measures kRoomy{.Gap = 16, .RowMargin = 13, .Advice = true};
-  static constexpr Measures kTight{.Gap = 6, .RowMargin = 4, .Advice = false};
+  static constexpr std::array<Measures, 4> kMeasures{{{.Gap = 16, .RowMargin = 13, .Extras = true},
+                                                      {.Gap = 16, .RowMargin = 13, .Extras = false},
+                                                      {.Gap = 10, .RowMargin = 8, .Extras = false},
+                                                      {.Gap = 6, .RowMargin = 4, .Extras = false}}};
   const QRect room = contentsRect();
   const int wanted = std::clamp(static_cast<int>(addresses_.size()), 1, kMostRows);
-  const Measures& measures = NeededHeight(kRoomy, wanted) <= room.height() ? kRoomy : kTight;
+  const auto* const fitting = std::ranges::find_if(
+      kMeasures, [&](const Measures& each) { return NeededHeight(each, wanted) <= room.height(); });
+  const Measures& measures = fitting == kMeasures.end() ? kMeasures.back() : *fitting;
   rows_shown_ = std::clamp((room.height() - NeededHeight(measures, 0)) / RowHeight(measures), 1, wanted);
   first_shown_ = std::min(first_shown_, std::max<qsizetype>(0, addresses_.size() - rows_shown_));
   ShowAddresses();
@@ -207,7 +223,7 @@ void ServerFrame::Arrange() {
     part.setGeometry(room.left(), y, room.width(), height);
     y += height + gap;
   };
-  // Where even that is too much, the instructions scroll.
+  // Where even that is too much, the instructions are written smaller.
   const int lack = std::max(0, NeededHeight(measures, rows_shown_) - room.height());
   place(*instructions_, std::max(0, instructions_->heightForWidth(room.width()) - lack), measures.Gap);
   const QSize more = more_->sizeHint();
@@ -215,8 +231,10 @@ void ServerFrame::Arrange() {
                      more.height());
   place(*heading_, HeadingHeight(), kBelowHeading);
   if (!more_->isHidden()) heading_->resize(room.width() - more.width() - kPlateMargin, heading_->height());
-  advice_->setVisible(measures.Advice);
-  if (measures.Advice) place(*advice_, advice_->sizeHint().height(), kBelowHeading);
+  for (QWidget* extra : {static_cast<QWidget*>(advice_), static_cast<QWidget*>(keys_)}) {
+    extra->setVisible(measures.Extras);
+  }
+  if (measures.Extras) place(*advice_, advice_->sizeHint().height(), kBelowHeading);
   const int row_height = RowHeight(measures);
   place(*addresses_plate_, rows_shown_ * row_height, measures.Gap);
   addresses_plate_->SetRows(addresses_.isEmpty() ? 0 : rows_shown_);
@@ -228,7 +246,13 @@ void ServerFrame::Arrange() {
   }
   place(*port_plate_, PortHeight(measures), measures.Gap);
   place(*note_, note_->heightForWidth(room.width()), measures.Gap);
-  scene_->setGeometry(room.left(), y, room.width(), std::max(0, room.bottom() + 1 - y));
+  int bottom = room.bottom() + 1;
+  if (measures.Extras) {
+    const int keys = keys_->sizeHint().height();
+    keys_->setGeometry(room.left(), bottom - keys, room.width(), keys);
+    bottom -= keys + kAboveKeys;
+  }
+  scene_->setGeometry(room.left(), y, room.width(), std::max(0, bottom - y));
 }
 
 }  // namespace brontavia

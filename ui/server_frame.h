@@ -13,6 +13,7 @@ namespace brontavia {
 
 class AddressRow;
 class GuideBox;
+class KeyLine;
 class OneLineLabel;
 class SeaScene;
 
@@ -60,6 +61,7 @@ class ServerFrame : public GuideFrame {
   OneLineLabel* port_;
   QLabel* note_;
   SeaScene* scene_;
+  KeyLine* keys_;
 };
 
 }  // namespace brontavia

@@ -1,13 +1,20 @@
 // The start window and the game selection.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
+#include <numeric>
+#include <set>
+#include <vector>
 
 #include "app/form1.h"
 #include "app/form2.h"
@@ -67,6 +74,74 @@ TEST(Form1Window, AFocusedButtonExplainsItsRoleAndSelectsTheWholeText) {
   EXPECT_EQ(text2->textCursor().selectedText().size(), client.size());
 }
 
+void Point(QWidget& widget) {
+  const QPointF middle = widget.rect().center();
+  QEnterEvent event(middle, widget.mapTo(widget.window(), middle), widget.mapToGlobal(middle));
+  QApplication::sendEvent(&widget, &event);
+}
+
+void Leave(QWidget& widget) {
+  QEvent event(QEvent::Leave);
+  QApplication::sendEvent(&widget, &event);
+}
+
+TEST(Form1Window, PointingAtAButtonExplainsItAndLeavingBringsTheFocusedOnesTextBack) {
+  Form1 form(34567);
+  form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  auto* text2 = form.findChild<TextBox*>(u"Text2"_s);
+  auto* server = form.findChild<QPushButton*>(u"Command1(0)"_s);
+  auto* client = form.findChild<QPushButton*>(u"Command1(1)"_s);
+  Point(*client);
+  const QString of_client = text2->toPlainText();
+  EXPECT_TRUE(of_client.startsWith(u"Si elige esta opción, deberá pedirle"_s));
+  EXPECT_EQ(text2->textCursor().selectedText().size(), of_client.size());
+  Leave(*client);
+  EXPECT_EQ(text2->toPlainText(), QString()) << "no button has had the focus";
+  server->setFocus();
+  const QString of_server = text2->toPlainText();
+  EXPECT_NE(of_server, of_client);
+  Point(*client);
+  EXPECT_EQ(text2->toPlainText(), of_client);
+  Leave(*client);
+  EXPECT_EQ(text2->toPlainText(), of_server);
+  EXPECT_EQ(text2->textCursor().selectedText().size(), of_server.size());
+  EXPECT_TRUE(server->hasFocus());
+}
+
+TEST(Form1Window, FitsSmallWindowsAndLargeFonts) {
+  const QFont before = QApplication::font();
+  for (const int pixels : {13, 24}) {
+    QFont font = before;
+    font.setPixelSize(pixels);
+    QApplication::setFont(font);
+    for (const QSize& size : {QSize(800, 600), QSize(1920, 1080), QSize(480, 640)}) {
+      SCOPED_TRACE(testing::Message() << pixels << " pixels, " << size.width());
+      Form1 form(34567);
+      form.resize(size);
+      form.show();
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+      auto* server = form.findChild<QPushButton*>(u"Command1(0)"_s);
+      auto* client = form.findChild<QPushButton*>(u"Command1(1)"_s);
+      server->setFocus();
+      EXPECT_EQ(server->geometry().top() == client->geometry().top(), size.width() >= 560)
+          << "one over the other where it is narrow";
+      for (const auto* box : form.findChildren<TextBox*>()) {
+        EXPECT_EQ(box->verticalScrollBar()->maximum(), 0) << box->objectName().toStdString();
+        EXPECT_TRUE(size.width() < 800 || box->font().pixelSize() >= pixels) << box->objectName().toStdString();
+      }
+      const QList<QWidget*> parts = form.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+      for (const QWidget* one : parts) {
+        EXPECT_TRUE(form.rect().contains(one->geometry())) << one->objectName().toStdString();
+        EXPECT_TRUE(std::ranges::none_of(parts, [&](const QWidget* other) {
+          return one != other && one->geometry().intersects(other->geometry());
+        })) << one->objectName().toStdString();
+      }
+    }
+  }
+  QApplication::setFont(before);
+}
+
 TEST(Form1Window, ItsButtonsChooseTheRole) {
   Form1 form(34567);
   std::vector<Role> chosen;
@@ -91,6 +166,56 @@ TEST(Form2Window, ListsTheGamesWithTheFirstSelected) {
   EXPECT_EQ(Text(form, u"Text1"_s), u"Elija a qué juego desea jugar. Los dos jugadores deben escoger el mismo."_s);
   EXPECT_EQ(form.findChild<QPushButton*>(u"Command1"_s)->text(), u"SALIR"_s);
   EXPECT_EQ(form.windowTitle(), u"BRONTAVIA"_s);
+}
+
+TEST(Form2Window, ItsRowsFillTheListAndAreNeverLow) {
+  Form2 form;
+  auto* list = form.findChild<QListWidget*>(u"List1"_s);
+  const auto row_heights = [list] {
+    std::vector<int> heights;
+    for (int row = 0; row < list->count(); ++row) heights.push_back(list->visualItemRect(list->item(row)).height());
+    return heights;
+  };
+  form.resize(800, 600);
+  form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  for (const QSize& size : {QSize(800, 600), QSize(900, 743), QSize(500, 480)}) {
+    form.resize(size);
+    const std::vector<int> heights = row_heights();
+    EXPECT_EQ(std::accumulate(heights.begin(), heights.end(), 0), list->viewport()->height()) << size.height();
+    EXPECT_LE(std::ranges::max(heights) - std::ranges::min(heights), 1);
+    EXPECT_EQ(list->verticalScrollBar()->maximum(), 0);
+  }
+  form.resize(500, 400);
+  EXPECT_EQ(std::ranges::min(row_heights()), 56);
+}
+
+TEST(Form2Window, EveryGameHasAPictureOfItsOwn) {
+  std::vector<QImage> pictures;
+  for (const Game& game : Games()) {
+    QImage picture(72, 72, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    game.PaintPicture(painter, QRectF(picture.rect()), QApplication::palette());
+    painter.end();
+    std::set<QRgb> colours;
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) colours.insert(picture.pixel(x, y));
+    }
+    EXPECT_GT(colours.size(), 4U) << game.Window.ListEntry.toString().toStdString();
+    EXPECT_EQ(std::ranges::count(pictures, picture), 0) << game.Window.ListEntry.toString().toStdString();
+    pictures.push_back(picture);
+  }
+}
+
+// What is written beside the pictures does not change what is read aloud.
+TEST(Form2Window, ItsRowsAreReadAloudByTheirNames) {
+  Form2 form;
+  QAccessibleInterface* list = QAccessible::queryAccessibleInterface(form.findChild<QListWidget*>(u"List1"_s));
+  EXPECT_EQ(list->text(QAccessible::Name), u"Juegos"_s);
+  ASSERT_EQ(list->childCount(), 5);
+  EXPECT_EQ(list->child(1)->text(QAccessible::Name), u"BATALLA NAVAL"_s);
+  EXPECT_EQ(list->child(1)->role(), QAccessible::ListItem);
 }
 
 TEST(Form2Window, EnterAndADoubleClickChooseASingleClickDoesNot) {
