@@ -116,6 +116,7 @@ bool Fits(const QFont& font, std::span<const QString> words, const QSizeF& room)
 
 std::optional<QFont> FindFitting(const Question& question) {
   constexpr std::array<int, 4> kStretches{100, 92, 85, 75};
+  constexpr int kNarrowest = 70;
   QFont font = question.Font;
   int pixels = std::max(kSmallestReadable, static_cast<int>(question.Largest));
   font.setPixelSize(pixels);
@@ -127,6 +128,9 @@ std::optional<QFont> FindFitting(const Question& question) {
     font.setPixelSize(pixels);
     if (Fits(font, question.Words, question.Room)) return font;
   }
+  font.setPixelSize(kSmallestReadable);
+  font.setStretch(kNarrowest);
+  if (Fits(font, question.Words, question.Room)) return font;
   return std::nullopt;
 }
 

@@ -96,8 +96,8 @@ QFont Scaled(const QFont& font, qreal factor, bool bold = false);
 
 // The font in which every one of `words` fits into `room`, one line, from the top of its capitals to its descenders:
 // `largest` pixels (never under kSmallestReadable), then narrowed to 92, 85 and 75 %, then smaller down to
-// kSmallestReadable. Nothing when even that does not fit: the drawing stands alone then. Kept for the last few
-// questions, so that a painter may ask for every cell.
+// kSmallestReadable, and that at 70 %. Nothing when even that does not fit: the drawing stands alone then. Kept for the
+// last few questions, so that a painter may ask for every cell.
 std::optional<QFont> FittingFont(const QFont& font, std::span<const QString> words, const QSizeF& room, qreal largest);
 
 // ---- Signs ----

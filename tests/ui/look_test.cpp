@@ -182,6 +182,18 @@ TEST(LookWriting, StandsAsideWhereItDoesNotFit) {
   EXPECT_TRUE(FittingFont(UserFont(10), words, {300, 60}, 20)) << "an answer is kept for its own question alone";
 }
 
+TEST(LookWriting, IsNarrowedOnceMoreBeforeItStandsAside) {
+  const std::array<QString, 1> words{u"Comandante"_s};
+  QFont narrow = UserFont(10);
+  narrow.setPixelSize(kSmallestReadable);
+  narrow.setStretch(75);
+  const qreal width = Width(narrow, words[0]);
+  const auto font = FittingFont(UserFont(10), words, {width - 1, 60}, 20);
+  ASSERT_TRUE(font);
+  EXPECT_EQ(font->pixelSize(), kSmallestReadable);
+  EXPECT_LE(Width(*font, words[0]), width - 1);
+}
+
 TEST(LookWriting, IsNotAskedForLessThanCanBeRead) {
   const std::array<QString, 1> words{u"Agua"_s};
   const auto font = FittingFont(UserFont(10), words, {100, 60}, 4);
