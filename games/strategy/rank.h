@@ -41,6 +41,8 @@ constexpr int NumberOf(Rank rank) { return static_cast<int>(rank); }
 constexpr bool IsMovable(Rank rank) { return rank >= Rank::Spy && rank <= Rank::Marshal; }
 
 std::u16string_view RankName(Rank rank);
+// The name of the picture that stands for the rank.
+std::u16string_view RankEmblem(Rank rank);
 
 struct Piece {
   Player Side = Player::Server;

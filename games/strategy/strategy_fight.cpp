@@ -58,6 +58,23 @@ QString MoveReport(CombatResult result, CellCode attacker, CellCode defender, Co
   return u" ataca"_s + piece + u" al " + target + u" y le vence. Es su turno.";
 }
 
+// Nothing where there is no piece: what a peer sends need not be a move of the game.
+std::optional<FoughtPiece> FoughtAs(CellCode code, bool fell) {
+  const auto piece = PieceOf(code);
+  if (!piece) return std::nullopt;
+  return FoughtPiece{.Name = NameOf(piece->Rank), .Emblem = ToQString(RankEmblem(piece->Rank)), .Fell = fell};
+}
+
+// Nothing when the opponent's army has arrived over it.
+std::optional<Coordinate> FindFlag(const StrategyBoard& board, Player side) {
+  for (Coordinate cell{.Column = 1, .Row = 1}; cell.Row <= board.Variant().Rows; ++cell.Row) {
+    for (cell.Column = 1; cell.Column <= board.Variant().Columns; ++cell.Column) {
+      if (board.PieceAt(cell) == Piece{.Side = side, .Rank = Rank::Flag}) return cell;
+    }
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 // ---- The own move ----
@@ -157,13 +174,33 @@ void StrategyFlow::Attack(Selection selected, Coordinate cell, Rank defender) {
   PassTurnOn();
 }
 
+StrategyFlow::Fighters StrategyFlow::FightOf(Player mover, CellCode attacker, CellCode defender, CombatResult result) {
+  Fighters fought;
+  if (defender == kEmptyLand && result == CombatResult::AttackerWins) return fought;
+  fought[mover] =
+      FoughtAs(attacker, result == CombatResult::AttackerDestroyed || result == CombatResult::BothDestroyed);
+  fought[OpponentOf(mover)] = FoughtAs(defender, result != CombatResult::AttackerDestroyed);
+  return fought;
+}
+
+void StrategyFlow::MarkLastMove(const std::optional<LastMove>& move) {
+  for (const auto& marked : {std::exchange(last_move_, move), move}) {
+    if (!marked) continue;
+    DrawMarks(marked->From);
+    DrawMarks(marked->To);
+  }
+}
+
 bool StrategyFlow::CarryOut(Selection selected, Coordinate target, CombatResult result) {
   const Coordinate origin = selected.Cell;
   const CellCode before = board_.At(target);
+  const auto last_move = last_move_;
   // The own board first: the answer may arrive while the wait lets events through.
   ApplyResult(board_, CodeOf(selected.Piece), origin, target, result);
   ClearSelection();
   DrawCell(target);
+  MarkLastMove(
+      {{.From = origin, .To = target, .Fought = FightOf(OwnPlayer(), CodeOf(selected.Piece), before, result)}});
   const StrategyMove move{.From = origin, .To = target, .Result = result};
   if (SendAndWait(message::kMove.Token + ToQString(StrategyMoveText(move)))) return true;
   board_.Set(origin, CodeOf(selected.Piece));
@@ -171,14 +208,17 @@ bool StrategyFlow::CarryOut(Selection selected, Coordinate target, CombatResult 
   selection_ = selected;
   DrawCell(origin);
   DrawCell(target);
+  MarkLastMove(last_move);
   return false;
 }
 
 void StrategyFlow::TakeFlag(Selection selected, Coordinate cell) {
   // Taken and counted before the box opens: the opponent may ask for another game while it is open. The grid goes on
   // showing the piece where it started from.
+  const auto fought = FightOf(OwnPlayer(), CodeOf(selected.Piece), board_.At(cell), CombatResult::FlagTaken);
   ApplyResult(board_, CodeOf(selected.Piece), selected.Cell, cell, CombatResult::FlagTaken);
-  session_.GameOver = true;
+  MarkLastMove({{.From = selected.Cell, .To = cell, .Fought = fought}});
+  SetGameOver(true);
   AddPoint(OwnPlayer());
   ShowBox(u"¡Enhorabuena, ha capturado la bandera enemiga!"_s, u"Ha ganado"_s);
   if (session_.GameOver) AddMessage(u"Haga click en el tablero para continuar"_s);
@@ -193,11 +233,13 @@ void StrategyFlow::ApplyOpponentMove(const QString& payload) {
   const Coordinate origin = game_.Variant.Mirrored(move->From);
   const Coordinate target = game_.Variant.Mirrored(move->To);
   const QString report = MoveReport(move->Result, board_.At(origin), board_.At(target), origin, target);
+  const auto fought = FightOf(OtherPlayer(), board_.At(origin), board_.At(target), move->Result);
   // Applied before the box opens: the next move may arrive while it is open.
   ApplyResult(board_, board_.At(origin), origin, target, move->Result);
   PassTurnOn();
   DrawCell(origin);
   DrawCell(target);
+  MarkLastMove({{.From = origin, .To = target, .Fought = fought}});
   ShowBox(PaddedName(OtherPlayer()) + report, {});
 }
 
@@ -229,7 +271,13 @@ void StrategyFlow::FlagLost() {
   EmptyTexts();
   // Counted before the box opens: the winner may ask for another game while it is open.
   AddPoint(OtherPlayer());
-  session_.GameOver = true;
+  SetGameOver(true);
+  // From where the flag was taken, and by whom, is not told.
+  if (const auto flag = FindFlag(board_, OwnPlayer())) {
+    Fighters fought;
+    fought[OwnPlayer()] = FoughtAs(board_.At(*flag), true);
+    MarkLastMove({{.From = *flag, .To = *flag, .Fought = fought}});
+  }
   ShowBox(PaddedName(OtherPlayer()) + u" ha conseguido capturar la bandera, ganando la partida." + kCrLf +
               u"Pulse sobre el tablero para continuar.",
           u"Ha perdido"_s);

@@ -1,6 +1,7 @@
 #include "games/strategy/strategy_flow.h"
 
 #include "games/cell_name.h"
+#include "games/strategy/strategy_drawing.h"
 #include "text/qt_text.h"
 
 namespace brontavia {
@@ -33,6 +34,8 @@ StrategyFlow::StrategyFlow(const StrategyGame& game, const Seams& seams, const R
   On(message::kMove, [this](const QString& payload) { ApplyOpponentMove(payload); });
   On(message::kPlaced, [this](const QString& data) { ReceiveArmy(data); });
   On(message::kPassed, [this](const QString&) { OpponentPassed(); });
+  // Where the own army begins. Before anybody listens, so that it is not described.
+  fg1_.SetCurrentCell(IndexOf({.Column = 1, .Row = 1}));
   connect(&fg1_, &BoardModel::CurrentCellChanged, this,
           [this](CellIndex /*previous*/, CellIndex current) { PointerMoved(current); });
 }
@@ -45,14 +48,20 @@ void StrategyFlow::LoadGame() {
 void StrategyFlow::ResetForNewGame() {
   ResetArmy();  // the ready flags stay, so that later games begin sooner
   opponent_placed_ = false;
-  session_.GameOver = false;
+  SetGameOver(false);
 }
 
 void StrategyFlow::ResetArmy() {
   army_.Reset(OwnPlayer());
   placement_mode_ = true;
   selection_.reset();
+  last_move_.reset();
   DrawBoard();
+}
+
+void StrategyFlow::SetGameOver(bool over) {
+  session_.GameOver = over;
+  fg1_.SetWaitsForClick(over);
 }
 
 void StrategyFlow::FirstTurnSettled() { AddMessage(u"Coloque su ejército"_s); }
@@ -145,7 +154,11 @@ void StrategyFlow::ChooseRankFor(Coordinate cell) {
 void StrategyFlow::TakeBack(Coordinate cell) {
   AddMessage(u"Ficha retirada"_s);
   army_.TakeBack(cell);
-  // The cell is not drawn again: the name stays to be read until something else is placed.
+  // The cell's text is not written again: the name stays to be read until something else is placed.
+  CellContent lingering = fg1_.Cell(IndexOf(cell));
+  lingering.Drawing = drawing::PlaceOf(OwnPlayer());
+  lingering.Marks = MarksOf(cell);
+  fg1_.SetCell(IndexOf(cell), lingering);
   ShowDescription(cell);
 }
 
@@ -255,16 +268,38 @@ void StrategyFlow::DrawBoard() {
 
 void StrategyFlow::DrawCell(Coordinate cell) {
   const CellCode code = board_.At(cell);
-  CellContent content;
-  if (code == kWaterCell) content.BackColour = kWaterBackground;
+  CellContent content{.Marks = MarksOf(cell)};
+  if (code == kWaterCell) {
+    content.BackColour = kWaterBackground;
+    content.Drawing = drawing::kLake;
+  }
+  if (content.Marks.testFlag(Mark::ToFill)) content.Drawing = drawing::PlaceOf(OwnPlayer());
   if (const auto piece = PieceOf(code)) {
     // A revealed bomb shows in the viewer's colour, whoever laid it.
     const bool shown = piece->Side == OwnPlayer() || piece->Rank == Rank::RevealedBomb;
     content.Text = shown ? ToQString(RankName(piece->Rank)) : u"*"_s;
     content.ForeColour = kArmyColours[shown ? OwnPlayer() : OtherPlayer()];
-    if (cell == SelectedCell()) content.Marks = Mark::Selected;
+    content.Drawing = shown ? drawing::FaceOf(OwnPlayer(), piece->Rank) : drawing::BackOf(OtherPlayer());
   }
   fg1_.SetCell(IndexOf(cell), content);
+}
+
+void StrategyFlow::DrawMarks(Coordinate cell) {
+  CellContent content = fg1_.Cell(IndexOf(cell));
+  content.Marks = MarksOf(cell);
+  fg1_.SetCell(IndexOf(cell), content);
+}
+
+Marks StrategyFlow::MarksOf(Coordinate cell) const {
+  brontavia::Marks marks;
+  const bool occupied = board_.PieceAt(cell).has_value();
+  marks.setFlag(Mark::Selected, occupied && cell == SelectedCell());
+  marks.setFlag(Mark::ToFill, placement_mode_ && !occupied && army_.MayStandOn(cell));
+  if (!last_move_) return marks;
+  marks.setFlag(Mark::LastMove, cell == last_move_->From || cell == last_move_->To);
+  const auto& fought = last_move_->Fought;
+  marks.setFlag(Mark::Fight, cell == last_move_->To && (fought.Server || fought.Client));
+  return marks;
 }
 
 QString StrategyFlow::DescribeCell(Coordinate cell) const {

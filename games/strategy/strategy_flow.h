@@ -6,6 +6,7 @@
 #include "games/strategy/combat.h"
 #include "games/strategy/strategy_game.h"
 #include "seams/board_model.h"
+#include "seams/scoreboard.h"
 
 namespace brontavia {
 
@@ -34,6 +35,9 @@ class StrategyFlow : public PlacingFlow {
   [[nodiscard]] std::optional<Coordinate> SelectedCell() const {
     return selection_ ? std::optional(selection_->Cell) : std::nullopt;
   }
+  // What fought in the last fight, as far as this player was told. Nothing once another move has been made.
+  using Fighters = PerPlayer<std::optional<FoughtPiece>>;
+  [[nodiscard]] Fighters Fought() const { return last_move_ ? last_move_->Fought : Fighters(); }
   // Where a cell of the board shows on FG1.
   [[nodiscard]] CellIndex IndexOf(Coordinate cell) const;
 
@@ -50,6 +54,7 @@ class StrategyFlow : public PlacingFlow {
   static constexpr bool HideEnemyRanks = true;
 
   void ResetArmy();
+  void SetGameOver(bool over);
 
   // ---- Placing ----
   void ClickToPlace(Coordinate cell);
@@ -80,6 +85,15 @@ class StrategyFlow : public PlacingFlow {
   [[nodiscard]] bool InRange(Selection selected, Coordinate cell);
   void MoveTo(Selection selected, Coordinate cell);
   void Attack(Selection selected, Coordinate cell, Rank defender);
+  // What the board marks and the strip tells until another move is made.
+  struct LastMove {
+    Coordinate From;
+    Coordinate To;
+    Fighters Fought;
+  };
+  // What `attacker`, of player `mover`, and `defender` were when they met with `result`. A plain move is no fight.
+  [[nodiscard]] static Fighters FightOf(Player mover, CellCode attacker, CellCode defender, CombatResult result);
+  void MarkLastMove(const std::optional<LastMove>& move);
   // Applies and sends the selected piece's move. Returns whether it has reached the opponent; it is undone otherwise.
   [[nodiscard]] bool CarryOut(Selection selected, Coordinate target, CombatResult result);
   // The opponent has been told.
@@ -93,6 +107,9 @@ class StrategyFlow : public PlacingFlow {
   void ShowHeaders();
   void DrawBoard();
   void DrawCell(Coordinate cell);
+  // Leaves alone what stands there.
+  void DrawMarks(Coordinate cell);
+  [[nodiscard]] brontavia::Marks MarksOf(Coordinate cell) const;
   void ShowDescription(Coordinate cell) { SetStatus(DescribeCell(cell)); }
   [[nodiscard]] QString DescribeCell(Coordinate cell) const;
   void ListRanks();
@@ -104,6 +121,7 @@ class StrategyFlow : public PlacingFlow {
   brontavia::Army army_;
   BoardModel fg1_;
   std::optional<Selection> selection_;
+  std::optional<LastMove> last_move_;
 };
 
 }  // namespace brontavia

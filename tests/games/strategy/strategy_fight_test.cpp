@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "games/cell_name.h"
+#include "games/strategy/strategy_drawing.h"
 #include "tests/support/held_state.h"
 #include "tests/support/strategy_pair.h"
 #include "text/qt_text.h"
@@ -112,10 +113,16 @@ TEST_F(Fight, AMoveIsToldOnBothSidesWithoutItsRankOnTheOther) {
   EXPECT_EQ(Server.Connection.Sent.last(), u"Jug|05,04,05,05,01,"_s);
   EXPECT_EQ(Server.Screen.Status, u"Minador movido"_s);
   EXPECT_EQ(Server.Screen.Lines.last(), QString(u"Minador movido. Le toca jugar a" + kLuis));
-  EXPECT_EQ(Server.Shown(u"E4"_s), CellContent{});
-  EXPECT_EQ(Server.Shown(u"E5"_s), (CellContent{.Text = u"Minador"_s, .ForeColour = kRed}));
-  EXPECT_EQ(Client.Shown(u"F6"_s), (CellContent{.Text = u"*"_s, .ForeColour = kRed}));
-  EXPECT_EQ(Client.Shown(u"F7"_s), CellContent{});
+  EXPECT_EQ(Server.Shown(u"E4"_s), CellContent{.Marks = Mark::LastMove});
+  EXPECT_EQ(Server.Shown(u"E5"_s), (CellContent{.Text = u"Minador"_s,
+                                                .ForeColour = kRed,
+                                                .Marks = Mark::LastMove,
+                                                .Drawing = drawing::FaceOf(Player::Server, Rank::Miner)}));
+  EXPECT_EQ(
+      Client.Shown(u"F6"_s),
+      (CellContent{
+          .Text = u"*"_s, .ForeColour = kRed, .Marks = Mark::LastMove, .Drawing = drawing::BackOf(Player::Server)}));
+  EXPECT_EQ(Client.Shown(u"F7"_s), CellContent{.Marks = Mark::LastMove});
   EXPECT_EQ(Server.Flow.SelectedCell(), std::nullopt);
   EXPECT_EQ(Turn(), Player::Client);
   EXPECT_EQ(Client.Flow.State().CurrentTurn, Player::Client);
@@ -328,6 +335,16 @@ TEST_P(Combats, AreToldToBothAndLeaveTheSameBoards) {
     const QString attacker_name = ToQString(RankName(attacker));
     const QString defender_name = ToQString(RankName(defender));
     EXPECT_EQ(pair.Server.At(u"A6"_s), kEmptyLand);
+    const auto piece = [](Rank rank, bool fell) {
+      return FoughtPiece{.Name = ToQString(RankName(rank)), .Emblem = ToQString(RankEmblem(rank)), .Fell = fell};
+    };
+    StrategyFlow::Fighters fought;
+    fought.Client = piece(defender, QString(u"F=X>M"_s).contains(letter));
+    if (letter == u'F') {
+      EXPECT_EQ(pair.Client.Flow.Fought(), fought) << "what took the flag is not told";
+    }
+    fought.Server = piece(attacker, QString(u"=B<S"_s).contains(letter));
+    EXPECT_EQ(pair.Server.Flow.Fought(), fought);
     if (letter == u'F') {
       EXPECT_EQ(pair.Server.Connection.Sent.last(), u"Haganado|"_s);
       EXPECT_TRUE(pair.Client.Flow.State().GameOver);
@@ -343,6 +360,7 @@ TEST_P(Combats, AreToldToBothAndLeaveTheSameBoards) {
                           : told.Code == u"00" ? CodeOf({Player::Client, defender})
                           : told.Code == u"01" ? CodeOf({Player::Server, attacker})
                                                : kEmptyLand;
+    EXPECT_EQ(pair.Client.Flow.Fought(), fought);
     EXPECT_EQ(pair.Server.At(u"A7"_s), left);
     EXPECT_EQ(pair.Client.At(u"J4"_s), left);
     EXPECT_EQ(pair.Client.At(u"J5"_s), kEmptyLand);
@@ -358,8 +376,14 @@ TEST_F(Fight, ARevealedBombIsNamedAndShownInTheViewersColourAndOnlyAMinerClearsI
   AnswerAllBoxes();
   Pair.Move(u"A4"_s, u"A7"_s);
   EXPECT_EQ(Server.At(u"A7"_s), CodeOf({Player::Client, Rank::RevealedBomb}));
-  EXPECT_EQ(Server.Shown(u"A7"_s), (CellContent{.Text = u"Bomba"_s, .ForeColour = kRed}));
-  EXPECT_EQ(Client.Shown(u"J4"_s), (CellContent{.Text = u"Bomba"_s, .ForeColour = kBlue}));
+  EXPECT_EQ(Server.Shown(u"A7"_s), (CellContent{.Text = u"Bomba"_s,
+                                                .ForeColour = kRed,
+                                                .Marks = Mark::LastMove | Mark::Fight,
+                                                .Drawing = drawing::FaceOf(Player::Server, Rank::RevealedBomb)}));
+  EXPECT_EQ(Client.Shown(u"J4"_s), (CellContent{.Text = u"Bomba"_s,
+                                                .ForeColour = kBlue,
+                                                .Marks = Mark::LastMove | Mark::Fight,
+                                                .Drawing = drawing::FaceOf(Player::Client, Rank::RevealedBomb)}));
   EXPECT_EQ(Server.Description(u"A7"_s), u"Bomba azul . A7"_s);
   EXPECT_EQ(Client.Description(u"J4"_s), u"Bomba azul . J4"_s);
   Client.Click(u"J4"_s);
@@ -448,7 +472,7 @@ TEST_F(FlagFight, AnotherGameBeginsWithTheWinnerAndTheFlagsThatLast) {
     EXPECT_EQ(copy->Flow.ReadyFlags(), (PerPlayer<bool>{true, true}));
     EXPECT_EQ(copy->Flow.State().RematchWanted, (PerPlayer<bool>{true, true}));
     EXPECT_EQ(copy->Flow.SelectedCell(), std::nullopt) << "no phantom of the piece that took the flag";
-    EXPECT_EQ(copy->Shown(u"A4"_s), CellContent{});
+    EXPECT_EQ(copy->Shown(u"A4"_s).Text, QString());
     EXPECT_EQ(copy->Shown(u"A7"_s), CellContent{});
   }
   // The first army of the second game finds both ready; the other window, still placing, is told the same.

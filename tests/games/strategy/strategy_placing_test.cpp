@@ -1,6 +1,7 @@
 // StrategyFlow until both armies are exchanged.
 #include <gtest/gtest.h>
 
+#include "games/strategy/strategy_drawing.h"
 #include "tests/support/held_state.h"
 #include "tests/support/strategy_pair.h"
 
@@ -33,10 +34,10 @@ TEST_F(Placing, BeginsWithHeadersWaterAndAnEmptyBoard) {
   EXPECT_EQ(Own.Flow.FG1().Cell({1, 0}).Text, u"10"_s);
   EXPECT_EQ(Own.Flow.FG1().Cell({10, 0}).Text, u"1"_s);
   for (const QString& cell : {u"C5"_s, u"C6"_s, u"D5"_s, u"D6"_s, u"G5"_s, u"G6"_s, u"H5"_s, u"H6"_s}) {
-    EXPECT_EQ(Own.Shown(cell), CellContent{.BackColour = kWater}) << qPrintable(cell);
+    EXPECT_EQ(Own.Shown(cell), (CellContent{.BackColour = kWater, .Drawing = drawing::kLake})) << qPrintable(cell);
     EXPECT_EQ(Own.Description(cell), QString(u"Agua" + cell));
   }
-  EXPECT_EQ(Own.Shown(u"A1"_s), CellContent{});
+  EXPECT_EQ(Own.Shown(u"A1"_s), (CellContent{.Marks = Mark::ToFill, .Drawing = drawing::PlaceOf(Player::Server)}));
   EXPECT_EQ(Own.Description(u"E5"_s), u"E5"_s);
   EXPECT_EQ(Own.Flow.FG1().Description({0, 3}), u"C"_s);
 }
@@ -51,13 +52,17 @@ TEST_F(Placing, IsToldAfterTheReportOfTheFirstTurn) {
 TEST_F(Placing, AChosenRankStandsOnItsCellAndIsDescribed) {
   Own.Dialogs.ExpectMenu(box::kMenu, kFreshMenu, u"Explorador (8)"_s);
   Own.Click(u"C2"_s);
-  EXPECT_EQ(Own.Shown(u"C2"_s), (CellContent{.Text = u"Explorador"_s, .ForeColour = kRed}));
+  EXPECT_EQ(Own.Shown(u"C2"_s),
+            (CellContent{
+                .Text = u"Explorador"_s, .ForeColour = kRed, .Drawing = drawing::FaceOf(Player::Server, Rank::Scout)}));
   EXPECT_EQ(Own.Screen.Status, u"Explorador rojo . C2"_s);
   EXPECT_EQ(Own.Flow.Army().RanksToPlace(Rank::Scout), 7);
   EXPECT_EQ(Own.Flow.Army().PiecesToPlace(), 39);
   Other.Dialogs.ExpectMenu(box::kMenu, kFreshMenu, u"Explorador (8)"_s);
   Other.Click(u"C2"_s);
-  EXPECT_EQ(Other.Shown(u"C2"_s), (CellContent{.Text = u"Explorador"_s, .ForeColour = kBlue}));
+  EXPECT_EQ(Other.Shown(u"C2"_s), (CellContent{.Text = u"Explorador"_s,
+                                               .ForeColour = kBlue,
+                                               .Drawing = drawing::FaceOf(Player::Client, Rank::Scout)}));
   EXPECT_EQ(Other.Screen.Status, u"Explorador azul . C2"_s);
 }
 
@@ -185,7 +190,7 @@ TEST_F(Placing, BeginPlacementStartsAnew) {
   EXPECT_EQ(Own.Screen.Lines.last(), u"Coloque su ejército"_s);
   EXPECT_EQ(Own.Screen.Status, u"Coloque su ejército "_s);
   EXPECT_EQ(Own.Flow.Army().PiecesToPlace(), 40);
-  EXPECT_EQ(Own.Shown(u"A1"_s), CellContent{});
+  EXPECT_EQ(Own.Shown(u"A1"_s), (CellContent{.Marks = Mark::ToFill, .Drawing = drawing::PlaceOf(Player::Server)}));
   EXPECT_EQ(Own.Flow.State().NameKnown, (PerPlayer<bool>{.Server = true, .Client = true}));
 }
 
@@ -217,7 +222,8 @@ TEST_F(Placing, TheArmyTravelsTurnedAndThatItIsReadyAsAnotherRead) {
             QStringList({u"El otro jugador ya ha colocado su ejército y está esperando"_s,
                          u"El otro jugador ha terminado de colocar su ejército y está esperando."_s}));
   EXPECT_EQ(Other.At(u"A7"_s), CodeOf({Player::Server, Rank::General})) << "the sender's J4";
-  EXPECT_EQ(Other.Shown(u"A7"_s), (CellContent{.Text = u"*"_s, .ForeColour = kRed}));
+  EXPECT_EQ(Other.Shown(u"A7"_s),
+            (CellContent{.Text = u"*"_s, .ForeColour = kRed, .Drawing = drawing::BackOf(Player::Server)}));
   EXPECT_EQ(Other.Description(u"A7"_s), u" rojo . A7"_s);
   EXPECT_EQ(Other.At(u"J10"_s), CodeOf({Player::Server, Rank::Sergeant})) << "the sender's A1";
   EXPECT_TRUE(Own.Flow.WaitingForOpponent());
