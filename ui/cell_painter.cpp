@@ -17,9 +17,12 @@ void PaintHeader(QPainter& painter, const QRectF& area, const CellLook& look) {
   QFont font = painter.font();
   const qreal largest = std::max(kSmallest, kLargestTimes * look::PixelsOf(font));
   font.setPixelSize(qRound(std::clamp(kPartOfCell * look.CellSize.height(), kSmallest, largest)));
+  // The cells painted after it are written in the user's font.
+  painter.save();
   painter.setFont(font);
   painter.setPen(look::ColoursOf(look.Palette).Muted);
   painter.drawText(area, Qt::AlignCenter, look.Text);
+  painter.restore();
 }
 
 }  // namespace brontavia

@@ -5,16 +5,11 @@
 #include <utility>
 
 #include "games/strategy/strategy_flow.h"
+#include "games/strategy/strategy_painter.h"
 #include "ui/board_view.h"
 #include "ui/game_window.h"
 
 namespace brontavia {
-
-// Draws on a light board whatever the palette: the colours of the armies are dark.
-class StrategyPainter : public CellPainter {
- public:
-  void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const override;
-};
 
 class FormStrategy : public GameWindow {
   Q_OBJECT

@@ -179,31 +179,5 @@ TEST(FormMESPair, IsTheSameWindowWithItsOwnBoard) {
   EXPECT_LE(pair.Server.Window->minimumSizeHint().height(), 570);
 }
 
-// ---- Painting ----
-
-QImage Painted(CellLook look) {
-  QImage image(100, 60, QImage::Format_RGB32);
-  look.CellSize = image.size();
-  QPainter painter(&image);
-  StrategyPainter().Paint(painter, QRectF(image.rect()), look);
-  return image;
-}
-
-TEST(StrategyCells, AreLightUnderADarkPaletteSoThatBothArmiesCanBeRead) {
-  const QPalette dark(QColor(40, 40, 40));
-  const QColor ground = Painted({.Palette = dark}).pixelColor(5, 5);
-  EXPECT_GT(qGray(ground.rgb()), 200);
-  EXPECT_EQ(Painted({.BackColour = QColor(0, 139, 139), .Palette = dark}).pixelColor(50, 5), QColor(0, 139, 139));
-}
-
-TEST(StrategyCells, TellTheCurrentAndTheSelectedOneFromTheOthers) {
-  const QImage plain = Painted({.Text = u"Coronel"_s, .ForeColour = QColor(112, 0, 0)});
-  const QImage current = Painted({.Text = u"Coronel"_s, .ForeColour = QColor(112, 0, 0), .Current = true});
-  const QImage selected = Painted({.Text = u"Coronel"_s, .ForeColour = QColor(112, 0, 0), .Marks = Mark::Selected});
-  EXPECT_NE(plain, current);
-  EXPECT_NE(plain, selected);
-  EXPECT_NE(current, selected);
-}
-
 }  // namespace
 }  // namespace brontavia::test

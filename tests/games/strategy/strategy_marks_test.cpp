@@ -7,7 +7,6 @@
 #include "games/strategy/strategy_drawing.h"
 #include "tests/support/held_state.h"
 #include "tests/support/strategy_pair.h"
-#include "text/qt_text.h"
 
 namespace brontavia::test {
 namespace {
