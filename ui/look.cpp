@@ -146,6 +146,8 @@ Colours ColoursOf(const QPalette& palette) {
   return last;
 }
 
+const Colours& ColoursOnLight() { return kLight; }
+
 double Contrast(const QColor& one, const QColor& other) {
   const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
   return (lighter + 0.05) / (darker + 0.05);

@@ -52,6 +52,8 @@ struct Colours {
 // Dark when the palette's Window is darker than its WindowText. The active colours, so that nothing changes when
 // another window comes to the front. Kept for the palette last asked about, so that a painter may ask for every cell.
 Colours ColoursOf(const QPalette& palette);
+// For boards whose ground is light in every palette.
+const Colours& ColoursOnLight();
 
 // The same in every palette.
 inline constexpr QColor kInk{0x1D, 0x1F, 0x23};

@@ -6,6 +6,9 @@
 #include <array>
 #include <utility>
 
+#include "ui/board_view.h"
+#include "ui/look.h"
+
 namespace brontavia {
 namespace {
 
@@ -21,10 +24,6 @@ constexpr std::array<Kind, 6> kKinds{
 
 const QColor kLightSquare(0xE2, 0xE8, 0xED);
 const QColor kDarkSquare(0x8A, 0xA1, 0xB5);
-const QColor kSelected(0xFF, 0xC9, 0x3C);
-const QColor kSelectedRim(0x8A, 0x5A, 0x00);
-const QColor kLastMove(0xB0, 0x45, 0x08);
-const QColor kReachable(0x1B, 0x5E, 0x3B);
 const QColor kWhite(0xFF, 0xFD, 0xF7);
 const QColor kBlack(0x24, 0x27, 0x2C);
 
@@ -32,11 +31,6 @@ const QColor kBlack(0x24, 0x27, 0x2C);
 constexpr qreal kPiece = 0.96;
 constexpr qreal kLetter = 0.7;
 constexpr qreal kLetterLine = 0.07;
-constexpr qreal kCorner = 0.24;
-constexpr qreal kCursor = 0.07;
-constexpr qreal kRim = 0.04;
-constexpr qreal kDot = 0.32;
-constexpr qreal kRing = 0.08;
 
 // The cells of one board differ by a pixel, so two sizes are in use at a time.
 constexpr int kKeptPictures = 2 * 2 * static_cast<int>(kKinds.size());
@@ -54,48 +48,6 @@ QRectF Centred(const QRectF& area, qreal side) {
   QRectF centred(0, 0, side, side);
   centred.moveCenter(area.center());
   return centred;
-}
-
-// Just inside the edges.
-void PaintRim(QPainter& painter, const QRectF& area, const QColor& colour, qreal width) {
-  const qreal half = width / 2;
-  painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRect(area.adjusted(half, half, -half, -half));
-}
-
-void PaintSelected(QPainter& painter, const QRectF& area) {
-  painter.fillRect(area, kSelected);
-  PaintRim(painter, area, kSelectedRim, SideOf(area) * kRim);
-}
-
-// The dark line shows it whatever the colour of highlights.
-void PaintCursor(QPainter& painter, const QRectF& area, const QColor& highlight) {
-  const qreal width = std::max(2.0, SideOf(area) * kCursor);
-  PaintRim(painter, area, kBlack, width * 1.5);
-  PaintRim(painter, area, highlight, width);
-}
-
-void PaintLastMove(QPainter& painter, const QRectF& area) {
-  const qreal size = SideOf(area) * kCorner;
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(kLastMove);
-  const auto corner = [&](QPointF at, qreal x, qreal y) {
-    painter.drawPolygon(QPolygonF({at, at + QPointF(x, 0), at + QPointF(0, y)}));
-  };
-  corner(area.topLeft(), size, size);
-  corner(area.topRight(), -size, size);
-  corner(area.bottomLeft(), size, -size);
-  corner(area.bottomRight(), -size, -size);
-}
-
-// A dot in the middle, or a ring around the piece that may be taken.
-void PaintReachable(QPainter& painter, const QRectF& area, bool occupied) {
-  const qreal side = SideOf(area);
-  const qreal width = side * kRing;
-  painter.setPen(occupied ? QPen(kReachable, width) : QPen(Qt::NoPen));
-  painter.setBrush(occupied ? QBrush(Qt::NoBrush) : QBrush(kReachable));
-  painter.drawEllipse(Centred(area, occupied ? side - 1.5 * width : side * kDot));
 }
 
 void PaintLetter(QPainter& painter, const QRectF& area, QChar letter) {
@@ -123,11 +75,18 @@ void ChessPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& 
   }
   const bool light = (look.Index.Row + look.Index.Column) % 2 == 0;
   painter.fillRect(area, light ? kLightSquare : kDarkSquare);
-  if (look.Marks.testFlag(Mark::Selected)) PaintSelected(painter, area);
-  if (look.Current) PaintCursor(painter, area, look.Palette.color(QPalette::Highlight));
-  if (look.Marks.testFlag(Mark::LastMove)) PaintLastMove(painter, area);
-  if (look.Marks.testFlag(Mark::Reachable)) PaintReachable(painter, area, !look.Text.isEmpty());
+  if (look.Marks.testFlag(Mark::Selected)) look::PaintSelected(painter, area);
+  if (look.Current) look::PaintCurrent(painter, area);
+  if (look.Marks.testFlag(Mark::LastMove)) look::PaintLastMove(painter, area);
+  if (look.Marks.testFlag(Mark::Reachable)) look::PaintReachable(painter, area, !look.Text.isEmpty());
   if (!look.Text.isEmpty()) PaintPiece(painter, area, look.Text.front());
+}
+
+void ChessPainter::PaintOver(QPainter& painter, const BoardView& board) const {
+  if (board.Model().WaitsForClick()) {
+    const QRect squares = board.CellRect({1, 1}) | board.CellRect({8, 8});
+    look::PaintWaitsForClick(painter, squares, look::ColoursOnLight());
+  }
 }
 
 void ChessPainter::PaintPiece(QPainter& painter, const QRectF& area, QChar letter) const {

@@ -19,6 +19,8 @@ class ChessPainter : public CellPainter {
   explicit ChessPainter(QString directory = QStringLiteral(":/chess"));
 
   void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const override;
+  // The sign that the board waits for a click.
+  void PaintOver(QPainter& painter, const BoardView& board) const override;
 
  private:
   struct Piece {

@@ -27,15 +27,6 @@ constexpr qreal kFight = 0.92;  // of the height of the cell
 
 const QColor& ColourOf(Player army) { return army == Player::Server ? look::kRedArmy : look::kBlueArmy; }
 
-// The land is light in every palette.
-look::Colours LampOnLand() {
-  look::Colours colours;
-  colours.Lit = look::kLampOnLand;
-  colours.LitEdge = look::kSelectedRim;
-  colours.LitText = look::kInk;
-  return colours;
-}
-
 // Where things stand in a cell. Their sizes follow the size that all cells of the board share.
 class Places {
  public:
@@ -290,7 +281,7 @@ void StrategyPainter::PaintOver(QPainter& painter, const BoardView& board) const
   painter.setPen(QPen(kBoardEdge, 1.5, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(cells);
-  if (board.Model().WaitsForClick()) look::PaintWaitsForClick(painter, cells, LampOnLand());
+  if (board.Model().WaitsForClick()) look::PaintWaitsForClick(painter, cells, look::ColoursOnLight());
 }
 
 }  // namespace brontavia

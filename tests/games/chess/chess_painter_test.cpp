@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/support/printers.h"
+#include "ui/board_view.h"
 
 namespace brontavia::test {
 namespace {
@@ -247,6 +248,17 @@ TEST(ChessSquares, StayInsideTheirCell) {
   QImage untouched(image.size(), image.format());
   untouched.fill(Qt::magenta);
   EXPECT_EQ(image, untouched);
+}
+
+TEST(ChessBoards, SayThatTheyWaitForAClick) {
+  BoardModel model({.Rows = 9, .Columns = 9, .HeaderCells = 1, .CellWidth = 600, .CellHeight = 600, .HeaderSize = 300},
+                   [](CellIndex) { return QString(); });
+  const ChessPainter painter;
+  BoardView view(model, painter);
+  view.resize(300, 300);
+  const QImage before = view.grab().toImage();
+  model.SetWaitsForClick(true);
+  EXPECT_GT(Difference(view.grab().toImage(), before), 0.02);
 }
 
 }  // namespace
