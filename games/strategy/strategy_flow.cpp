@@ -75,6 +75,7 @@ void StrategyFlow::BeginPlacement() {
 
 void StrategyFlow::DescribeSide(Player player, ScoreboardSide& side) const {
   side.Sign = player == Player::Server ? PlayerSign::Sun : PlayerSign::Moon;
+  side.Fought = Fought()[player];
   DescribePlacing(player, u"Coloca su ejército", side);
 }
 
