@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 #include <utility>
-#include <vector>
 
 #include "games/strategy/strategy_drawing.h"
 #include "text/qt_text.h"
@@ -69,9 +68,9 @@ class Places {
     return height_ < 56 ? 24 : std::max(28.0, 0.44 * height_);
   }
   [[nodiscard]] static std::optional<QFont> NameFont(const QSizeF& cell, const QFont& font) {
-    static const std::vector<QString> names = [] {
-      std::vector<QString> all;
-      for (const Rank rank : kArmyRanks) all.push_back(ToQString(RankName(rank)));
+    static const auto names = [] {
+      std::array<QString, kArmyRanks.size()> all;
+      std::ranges::transform(kArmyRanks, all.begin(), [](Rank rank) { return ToQString(RankName(rank)); });
       return all;
     }();
     const QSizeF room(cell.width() - 2 * CursorRim(cell.height()) - 1, cell.height() / 2);

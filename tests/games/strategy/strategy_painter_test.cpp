@@ -159,6 +159,7 @@ TEST(StrategyNames, AreWrittenInTheUsersFontWhateverTheHeadersAre) {
 TEST(StrategyPieces, HaveEmblemsThatAreToldApartWithoutColour) {
   for (const QSize size : {QSize(40, 24), kCell}) {
     std::vector<QImage> images;
+    images.reserve(kArmyRanks.size());
     for (const Rank rank : kArmyRanks) images.push_back(Painted(Without(Face(rank)), size));
     ExpectAllToldApart(images, " in " + std::to_string(size.width()));
   }
