@@ -10,7 +10,6 @@
 #include "app/form2.h"
 #include "app/games.h"
 #include "net/tcp_connection.h"
-#include "ui/full_screen.h"
 #include "ui/game_window.h"
 
 namespace brontavia {
@@ -23,7 +22,6 @@ WindowOwner::~WindowOwner() { delete window_; }
 
 void WindowOwner::ShowStart() {
   auto* form = new Form1(values_.ConnectionPort);
-  LetF11FillTheScreen(*form);
   connect(form, &Form1::RoleChosen, this, [this](Role role) {
     values_.PlayerRole = role;
     ShowSelection();
@@ -42,7 +40,6 @@ void WindowOwner::TranslateStandardButtons() {
 void WindowOwner::ShowSelection() {
   TranslateStandardButtons();
   auto* form = new Form2;
-  LetF11FillTheScreen(*form);
   connect(form, &Form2::GameChosen, this, &WindowOwner::ChooseGame);
   connect(form, &Form2::LeaveRequested, this, [this] { WindowFinished(AfterWindow::ProcessEnds); });
   Open(form);

@@ -36,11 +36,7 @@ ConnectionFlow::ConnectionFlow(const WindowTraits& window, const Seams& seams) :
   connect(&guard_, &EventGuard::Ending, &seams_.Dialogs, [this] { seams_.Dialogs.CloseAll(); });
   connect(&seams_.Dialogs, &Dialogs::Answered, this, &ConnectionFlow::BoxAnswered);
   rest_.setSingleShot(true);
-  connect(&rest_, &QTimer::timeout, this, [this] {
-    pacing_.Rested();
-    guard_.Wake();
-    ReadAgain();
-  });
+  connect(&rest_, &QTimer::timeout, this, &ConnectionFlow::Rested);
   connect(&guard_, &EventGuard::Finished, this, &ConnectionFlow::Finished);
 }
 
@@ -213,7 +209,18 @@ void ConnectionFlow::WaitUntilBoxMayOpen() {
 }
 
 void ConnectionFlow::BoxAnswered() {
-  if (!seams_.Dialogs.IsShowing()) rest_.start(seams_.FreeBetweenBoxes);
+  if (seams_.Dialogs.IsShowing()) return;
+  if (seams_.FreeBetweenBoxes.count() > 0) {
+    rest_.start(seams_.FreeBetweenBoxes);
+  } else {
+    Rested();
+  }
+}
+
+void ConnectionFlow::Rested() {
+  pacing_.Rested();
+  guard_.Wake();
+  ReadAgain();
 }
 
 Button ConnectionFlow::ShowBox(const QString& text, const QString& title, Buttons buttons) {

@@ -25,7 +25,7 @@ struct Seams {
   brontavia::Dialogs& Dialogs;
   brontavia::Screen& Screen;
   ProcessValues& Values;
-  // How long the window stays free after a few boxes in a row that the peer set off.
+  // How long the window stays free after a few boxes in a row that the peer set off; 0: not at all.
   std::chrono::milliseconds FreeBetweenBoxes{1000};
 };
 
@@ -110,6 +110,7 @@ class ConnectionFlow : public QObject {
   auto Nested(const Question& ask);
   void WaitUntilBoxMayOpen();
   void BoxAnswered();
+  void Rested();
   void ConnectTo(const QString& host);
   void TellFailedSend();
   void AnswerRequest(int request);

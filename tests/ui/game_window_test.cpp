@@ -155,7 +155,7 @@ TEST_F(GameWindows, ShowTheKeysBelowAllElseWhereThereIsRoom) {
   Connect();
   const KeyHint play{.Key = u"Intro"_s, .Use = u"coloca la ficha"_s};
   Server.Told().ShowKeys({play});
-  const auto* keys = Server.Window->findChild<KeyLine*>();
+  const auto* keys = Server.Window->findChild<QWidget*>(u"FrJuego"_s)->findChild<KeyLine*>();
   ASSERT_EQ(keys->Shown().size(), 2);
   EXPECT_EQ(keys->Shown().first(), play);
   EXPECT_GT(keys->y(), Server.Window->findChild<TextBox*>(u"TBEstado"_s)->geometry().bottom());
