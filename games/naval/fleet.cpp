@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <stdexcept>
 
 #include "text/blanks.h"
 
@@ -82,6 +83,13 @@ FleetTable NewFleetTable() {
     }
   }
   return table;
+}
+
+std::u16string_view ShipName(int length) {
+  const auto* kind =
+      std::find_if(kFleet.begin(), kFleet.end(), [&](const ShipKind& it) { return it.Length == length; });
+  if (kind == kFleet.end()) throw std::out_of_range("no ship of that length");
+  return TrimBlanks(kind->Name);
 }
 
 std::u16string_view TrimmedName(const ShipRecord& ship) { return TrimBlanks(ship.Name); }

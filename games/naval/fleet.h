@@ -43,6 +43,9 @@ using FleetTable = std::array<ShipRecord, kEnemyOffset + kShipsPerFleet + 1>;
 // Both fleets intact and unplaced.
 FleetTable NewFleetTable();
 
+// Without padding: the name of all ships of `length` cells, 2..5.
+std::u16string_view ShipName(int length);
+
 // Name without its padding.
 std::u16string_view TrimmedName(const ShipRecord& ship);
 

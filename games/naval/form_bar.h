@@ -4,15 +4,11 @@
 #include <memory>
 
 #include "games/naval/naval_flow.h"
+#include "games/naval/naval_painter.h"
 #include "ui/board_view.h"
 #include "ui/game_window.h"
 
 namespace brontavia {
-
-class NavalPainter : public CellPainter {
- public:
-  void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const override;
-};
 
 class FormBAR : public GameWindow {
   Q_OBJECT
@@ -23,6 +19,7 @@ class FormBAR : public GameWindow {
  private:
   NavalFlow flow_;
   NavalPainter painter_;
+  NavalPainter own_fleet_painter_{ShipWriting::Initial};
   // They show the flow's grids, so they go first.
   std::unique_ptr<BoardView> board_;
   std::unique_ptr<BoardView> own_fleet_;

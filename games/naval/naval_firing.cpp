@@ -41,6 +41,8 @@ void NavalFlow::FireShot(Coordinate cell) {
   for (const Coordinate revealed : outcome.Revealed) {
     fg1_.SetCell(IndexOf(revealed), {.Text = u"Agua"_s, .BackColour = kWaterColour});
   }
+  if (!water && board_.Ship(outcome.Ship).State == ShipState::Hundido) DrawShip(fg1_, outcome.Ship);
+  MoveMark(fg1_, Mark::LastMove, cell);
   if (water) {
     SetStatus(u"¡Agua!"_s);
     PlaySound(Sound::Water);
@@ -68,7 +70,7 @@ void NavalFlow::Win() {
   if (!Send(message::kWon.Token.toString())) return;
   ShowBox(u"¡Enhorabuena, ha conseguido destruir todos los barcos enemigos!"_s, u"Ha ganado"_s);
   AddMessage(u"Haga click en el tablero para continuar"_s);
-  session_.GameOver = true;
+  SetGameOver(true);
   AddPoint(OwnPlayer());
 }
 
@@ -79,14 +81,20 @@ void NavalFlow::ReceiveShot(const QString& payload) {
   QString line = u"Disparo enemigo  en "_s + CellName(shot->Cell);
   if (shot->Water) {
     line += u": Agua.";
+    // The text of the cell tells of hits alone, so whoever sees it is shown where water has been fired at.
+    SeaDrawing drawing = Unpacked(fg2_.Cell(IndexOf(shot->Cell)).Drawing);
+    drawing.Ring = true;
+    SetDrawing(fg2_, shot->Cell, drawing);
     PlaySound(Sound::Water);
     session_.CurrentTurn = OpponentOf(session_.CurrentTurn);
     if (session_.CurrentTurn == OwnPlayer()) line += u" Le toca disparar.";
   } else {
     line += HitReport(board_.TakeHit(shot->Cell));
     fg2_.SetCell(IndexOf(shot->Cell), {.Text = u"*"_s, .BackColour = kHitColour});
+    DrawShip(fg2_, board_.OwnBoard(shot->Cell));
     ShowFleetStatus();
   }
+  MoveMark(fg2_, Mark::LastMove, shot->Cell);
   SetStatus({});
   AddMessage(line);
 }
@@ -108,7 +116,7 @@ void NavalFlow::Lost() {
               u"Pulse sobre el tablero para continuar.",
           u"Ha perdido"_s);
   AddPoint(OtherPlayer());
-  session_.GameOver = true;
+  SetGameOver(true);
   Screen().SetText(Box::TBMensajes, {});
 }
 

@@ -66,12 +66,13 @@ void NavalFlow::LoadGame() {
 void NavalFlow::InitFleet() {
   board_.InitFleet();
   placement_mode_ = true;
+  ShowSea(u"Mar propio"_s, OwnPlayer());
   ListShipsToPlace();
   for (BoardModel* grid : {&fg1_, &fg2_}) {
     for (const Coordinate cell : CellsBetween({1, 1}, {kSeaSide, kSeaSide})) grid->SetCell(IndexOf(cell), {});
   }
   fg1_.SetCurrentCell({.Row = 1, .Column = 1});
-  session_.GameOver = false;
+  SetGameOver(false);
   ready_flags_ = {};
   opponent_placed_ = false;
   session_.RematchWanted = {};
@@ -114,6 +115,7 @@ void NavalFlow::BoardKeyPressed(int key) {
     if (key == Qt::Key_Escape) {
       SetStatus(u"Posición inicial borrada"_s);
       board_.ErasePendingStart();
+      ShowFirstEnd();
     }
     if (key == Qt::Key_T) ConfirmWithKey();
   });
@@ -123,6 +125,7 @@ void NavalFlow::BoardKeyPressed(int key) {
 
 void NavalFlow::ClickToPlace(Coordinate cell) {
   const PlacementOutcome outcome = board_.ClickToPlace(cell);
+  ShowFirstEnd();
   switch (outcome.Step) {
     case PlacementStep::OnShip:
       if (ShowBox(u"¿Desea quitar ese barco?"_s, u"Batalla naval"_s, Buttons::YesNo) == Button::Yes) {
@@ -162,7 +165,11 @@ void NavalFlow::ClickToPlace(Coordinate cell) {
 
 void NavalFlow::ShipPlaced(const PlacementOutcome& outcome) {
   for (const Coordinate cell : outcome.ShipCells) SetText(fg1_, cell, Name(outcome.Ship));
-  for (const Coordinate cell : outcome.MarginCells) SetText(fg1_, cell, u"Agua"_s);
+  DrawShip(fg1_, outcome.Ship);
+  for (const Coordinate cell : outcome.MarginCells) {
+    SetText(fg1_, cell, u"Agua"_s);
+    SetDrawing(fg1_, cell, {.Margin = true});
+  }
   ListShipsToPlace();
   SetStatus(u"Colocado "_s + Name(outcome.Ship) + u", quedan " + QString::number(board_.ShipsToPlace()) +
             u" barcos por colocar.");
@@ -181,7 +188,11 @@ void NavalFlow::ShipPlaced(const PlacementOutcome& outcome) {
 }
 
 void NavalFlow::RemoveShip(int number) {
-  for (const Coordinate cell : board_.RemoveShip(number)) SetText(fg1_, cell, {});
+  for (const Coordinate cell : board_.RemoveShip(number)) {
+    SetText(fg1_, cell, {});
+    SetDrawing(fg1_, cell, {});
+  }
+  ShowFirstEnd();
   SetStatus(u"Eliminado "_s + Name(number) + u", quedan " + QString::number(board_.ShipsToPlace()) +
             u" barcos por colocar.");
 }
@@ -219,6 +230,8 @@ void NavalFlow::SendFleet() {
   }
   Screen().SetText(Box::TBMensajes, u"barcos enviados "_s);
   EmptyGrid(fg1_);
+  MoveMark(fg1_, Mark::FirstEnd, std::nullopt);
+  ShowSea(u"Mar enemigo"_s, OtherPlayer());
   ShowOwnFleet();
   if (BothReady()) {
     BeginFiring();
@@ -269,16 +282,44 @@ void NavalFlow::ReceiveFleet(const QString& data) {
 
 // ---- What the grids show ----
 
+void NavalFlow::SetGameOver(bool over) {
+  session_.GameOver = over;
+  fg1_.SetWaitsForClick(over);
+}
+
+void NavalFlow::ShowSea(const QString& caption, Player owner) {
+  Screen().ShowBoardCaption(caption, owner == Player::Server ? PlayerSign::Pennant : PlayerSign::SwallowTail);
+}
+
+void NavalFlow::ShowFirstEnd() { MoveMark(fg1_, Mark::FirstEnd, board_.PendingStart()); }
+
+void NavalFlow::DrawShip(BoardModel& grid, int number) {
+  const ShipRecord& ship = board_.Ship(number);
+  for (const Coordinate cell : CellsBetween(ship.Start, ship.End)) {
+    SetDrawing(grid, cell,
+               {.ShipLength = ship.Length,
+                .Segment = ship.SegmentOn(cell),
+                .Upright = ship.Start.Column == ship.End.Column,
+                .Sunk = ship.State == ShipState::Hundido});
+  }
+}
+
 void NavalFlow::ShowOwnFleet() {
+  // Where a ship lay that was taken off since its letters were written, they stay; the hull is drawn where it lies now.
+  for (const Coordinate cell : CellsBetween({1, 1}, {kSeaSide, kSeaSide})) SetDrawing(fg2_, cell, {});
   for (int number = 1; number <= kShipsPerFleet; ++number) {
     const ShipRecord& ship = board_.Ship(number);
     // A ship that has not been placed lies on (0, 0), the corner of the headers.
     for (const Coordinate cell : CellsBetween(ship.Start, ship.End)) SetText(fg2_, cell, Name(number).first(1));
+    if (ship.Placed) DrawShip(fg2_, number);
   }
 }
 
 void NavalFlow::EmptyGrid(BoardModel& grid) {
-  for (const Coordinate cell : CellsBetween({1, 1}, {kSeaSide, kSeaSide})) SetText(grid, cell, {});
+  for (const Coordinate cell : CellsBetween({1, 1}, {kSeaSide, kSeaSide})) {
+    SetText(grid, cell, {});
+    SetDrawing(grid, cell, {});
+  }
 }
 
 QString NavalFlow::DescribeCell(CellIndex cell) const {

@@ -1,8 +1,12 @@
 // A session of naval battle: turns the outcomes of NavalBoard into texts, messages, sounds and what FG1 and FG2 show.
-// FG1 is the own sea while placing and the opponent's from then on; FG2 is the own fleet under fire.
+// FG1 is the own sea while placing and the opponent's from then on; FG2 is the own fleet under fire. What is drawn on
+// them (games/naval/sea_drawing.h) tells no more than their texts and boxes: a ship of the opponent's once it is sunk.
 #pragma once
 
+#include <optional>
+
 #include "games/naval/naval_board.h"
+#include "games/naval/sea_drawing.h"
 #include "games/placing_flow.h"
 #include "seams/board_model.h"
 
@@ -67,7 +71,13 @@ class NavalFlow : public PlacingFlow {
   void ShowFleetStatus();
 
   // ---- What the grids show ----
+  void SetGameOver(bool over);
+  // Whose sea FG1 is, and how it is called.
+  void ShowSea(const QString& caption, Player owner);
+  void ShowFirstEnd();
   void ShowOwnFleet();
+  // Draws ship `number` of FleetTable, which lies on the sea, as it is now.
+  void DrawShip(BoardModel& grid, int number);
   static void EmptyGrid(BoardModel& grid);
   // What TBEstado says of a cell of FG1, and a screen reader too.
   [[nodiscard]] QString DescribeCell(CellIndex cell) const;

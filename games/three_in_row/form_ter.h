@@ -3,16 +3,12 @@
 
 #include <memory>
 
+#include "games/three_in_row/ter_painter.h"
 #include "games/three_in_row/three_in_row_flow.h"
 #include "ui/board_view.h"
 #include "ui/game_window.h"
 
 namespace brontavia {
-
-class TerPainter : public CellPainter {
- public:
-  void Paint(QPainter& painter, const QRectF& area, const CellLook& look) const override;
-};
 
 class FormTER : public GameWindow {
   Q_OBJECT

@@ -63,10 +63,12 @@ void ThreeInRowBoard::Apply(Player mover, TerMove move) {
 
 void ThreeInRowBoard::BeginMove(Player player) { placing_phase_ = PiecesPlaced(player) < kPiecesToPlace; }
 
-bool ThreeInRowBoard::HasLine() const {
-  return std::any_of(kLines.begin(), kLines.end(), [this](const auto& line) {
+std::optional<std::array<int, 3>> ThreeInRowBoard::Line() const {
+  const auto* found = std::find_if(kLines.begin(), kLines.end(), [this](const auto& line) {
     return At(line[0]) != kEmpty && At(line[1]) == At(line[0]) && At(line[2]) == At(line[0]);
   });
+  if (found == kLines.end()) return std::nullopt;
+  return *found;
 }
 
 }  // namespace brontavia

@@ -57,8 +57,9 @@ class ThreeInRowBoard {
   // The opponent has moved: whether `player` now places or lifts depends on what is placed already.
   void BeginMove(Player player);
 
-  // Whether any of the eight lines holds three equal pieces.
-  [[nodiscard]] bool HasLine() const;
+  // The cells of a line of three equal pieces, in ascending order; the first of the eight lines that is one.
+  [[nodiscard]] std::optional<std::array<int, 3>> Line() const;
+  [[nodiscard]] bool HasLine() const { return Line().has_value(); }
 
   [[nodiscard]] char16_t At(int cell) const { return cells_.at(static_cast<std::size_t>(cell)); }
   [[nodiscard]] bool PlacingPhase() const { return placing_phase_; }

@@ -1,5 +1,7 @@
 #include "games/three_in_row/three_in_row_flow.h"
 
+#include <algorithm>
+
 #include "text/qt_text.h"
 
 namespace brontavia {
@@ -29,13 +31,14 @@ ThreeInRowFlow::ThreeInRowFlow(const Seams& seams, const RandomSeed& seed)
 }
 
 void ThreeInRowFlow::ShowBoard() {
-  for (int cell = 0; cell < kTerCells; ++cell) ShowCell(cell);
+  for (int cell = 0; cell < kTerCells; ++cell) fg1_.SetCell(IndexOf(cell), ContentOf(cell));
 }
 
 void ThreeInRowFlow::ResetBoard() {
   board_.Reset();
+  opponents_move_.reset();
   ShowBoard();
-  session_.GameOver = false;
+  SetGameOver(false);
   session_.RematchWanted = {};
   session_.CurrentTurn = session_.StartingPlayer = OpponentOf(session_.StartingPlayer);
 }
@@ -75,7 +78,7 @@ void ThreeInRowFlow::BoardClicked(CellIndex cell) {
 void ThreeInRowFlow::OwnClick(int cell) {
   const ThreeInRowBoard before = board_;
   const TerClick outcome = board_.Click(OwnPlayer(), cell);
-  ShowCell(cell);
+  ShowBoard();
   switch (outcome) {
     case TerClick::NotEmpty:
       SetStatus(u"Elija una casilla vacía para colocar su ficha"_s);
@@ -104,17 +107,20 @@ void ThreeInRowFlow::FinishOwnMove(const ThreeInRowBoard& before) {
     ShowBoard();
     return;
   }
+  opponents_move_.reset();
   if (!won) {
     board_.EndMove(OwnPlayer());
     session_.CurrentTurn = OtherPlayer();
+    ShowBoard();
     AddMessage(u"Turno de jugar para "_s + session_.PlayerNames.Padded(session_.CurrentTurn));
     return;
   }
+  ShowBoard();
   ShowBox(u"¡Ha ganado! Consiguió hacer tres en raya antes que su rival."_s + kCrLf +
               u"Pulse sobre el tablero para continuar.",
           u"Enhorabuena"_s);
   AddPoint(OwnPlayer());
-  session_.GameOver = true;
+  SetGameOver(true);
 }
 
 // ---- What the other player did ----
@@ -123,8 +129,8 @@ void ThreeInRowFlow::MoveReceived(const QString& payload) {
   const auto move = ReadTerMove(Characters(payload));
   if (!move) throw MalformedMessage("no move on this board");
   board_.Apply(session_.CurrentTurn, *move);
-  if (move->Lifted != kNoCell) ShowCell(move->Lifted);
-  ShowCell(move->Target);
+  opponents_move_ = move;
+  ShowBoard();
   if (session_.GameOver) return;
   session_.CurrentTurn = OpponentOf(session_.CurrentTurn);
   const QString name = session_.PlayerNames.Trimmed(session_.CurrentTurn);
@@ -142,16 +148,33 @@ void ThreeInRowFlow::Lost() {
               u"Pulse sobre el tablero para continuar.",
           u"Ha perdido"_s);
   AddPoint(session_.CurrentTurn);
-  session_.GameOver = true;
+  SetGameOver(true);
   Screen().SetText(Box::TBMensajes, {});
 }
 
-void ThreeInRowFlow::ShowCell(int cell) {
+// ---- What the board shows ----
+
+void ThreeInRowFlow::SetGameOver(bool over) {
+  session_.GameOver = over;
+  fg1_.SetWaitsForClick(over);
+}
+
+CellContent ThreeInRowFlow::ContentOf(int cell) const {
   const char16_t symbol = board_.At(cell);
-  ColourValue colour = kDefaultColour;
-  if (symbol == ThreeInRowBoard::PlayerSymbols.Server) colour = PlayerColours.Server;
-  if (symbol == ThreeInRowBoard::PlayerSymbols.Client) colour = PlayerColours.Client;
-  fg1_.SetCell(IndexOf(cell), {.Text = QString(symbol), .ForeColour = colour});
+  CellContent content{.Text = QString(symbol)};
+  if (symbol == ThreeInRowBoard::PlayerSymbols.Server) content.ForeColour = PlayerColours.Server;
+  if (symbol == ThreeInRowBoard::PlayerSymbols.Client) content.ForeColour = PlayerColours.Client;
+  const auto line = board_.Line();
+  if (line && std::ranges::find(*line, cell) != line->end()) content.Marks |= Mark::WinningLine;
+  if (opponents_move_ && (cell == opponents_move_->Lifted || cell == opponents_move_->Target)) {
+    content.Marks |= Mark::LastMove;
+  }
+  // It stays told after a move that has won.
+  if (cell == board_.PosQuitada() && !line) {
+    content.Marks |= Mark::Lifted;
+    content.Drawing = ThreeInRowBoard::PlayerSymbols[OwnPlayer()];
+  }
+  return content;
 }
 
 }  // namespace brontavia

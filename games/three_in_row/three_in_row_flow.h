@@ -1,4 +1,5 @@
-// A session of three in a row: turns the outcomes of ThreeInRowBoard into texts, messages and what FG1 shows.
+// A session of three in a row: turns the outcomes of ThreeInRowBoard into texts, messages and what FG1 shows. The
+// Drawing of a cell is the symbol of the piece that the own player has lifted from there.
 #pragma once
 
 #include "games/three_in_row/three_in_row_board.h"
@@ -29,15 +30,18 @@ class ThreeInRowFlow : public GameFlow {
 
  private:
   void ResetBoard();
+  // Texts, colours and marks of all cells.
   void ShowBoard();
   void OwnClick(int cell);
   // `before`: the board without the click that has completed the move.
   void FinishOwnMove(const ThreeInRowBoard& before);
   void MoveReceived(const QString& payload);
   void Lost();
-  void ShowCell(int cell);
+  void SetGameOver(bool over);
+  [[nodiscard]] CellContent ContentOf(int cell) const;
 
   ThreeInRowBoard board_;
+  std::optional<TerMove> opponents_move_;  // until the own player has answered it
   BoardModel fg1_;
 };
 
