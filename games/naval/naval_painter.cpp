@@ -32,6 +32,8 @@ constexpr qreal kAnchorRadius = 0.33;
 constexpr qreal kLargestName = 0.3;
 constexpr qreal kLargestInitial = 0.55;
 constexpr qreal kLargestWord = 0.24;
+constexpr qreal kWordWidth = 0.72;  // between the corners of the last shot
+constexpr qreal kRim = 0.1;         // of the current cell
 constexpr qreal kLetter = 0.6;
 constexpr qreal kLargestOfFont = 1.1;  // of the user's font
 
@@ -42,7 +44,7 @@ constexpr qreal kThinnestEdge = 1.4;
 constexpr qreal kEdgeOfHull = 2;  // in units of the hull
 constexpr qreal kSmallestWithWave = 24;
 constexpr qreal kSmallestWithWord = 64;
-constexpr qreal kWordInset = 3;
+constexpr qreal kWordGap = 3;
 constexpr qreal kLineRoom = 4;  // that a line between cells takes, to each side
 
 // ---- Water ----
@@ -150,7 +152,7 @@ std::optional<QFont> FontOfInitials(const QFont& font, qreal cell) {
 
 std::optional<QFont> FontOfWords(const QFont& font, const QRectF& area) {
   if (area.height() < kSmallestWithWord) return std::nullopt;
-  return look::FittingFont(font, Words(), {area.width() - 2 * kWordInset, area.height() / 3},
+  return look::FittingFont(font, Words(), {kWordWidth * area.width(), area.height() / 3},
                            LargestIn(font, kLargestWord * area.height()));
 }
 
@@ -208,7 +210,7 @@ void NavalPainter::PaintShip(QPainter& painter, const QRectF& cell, const SeaDra
                              const look::Colours& colours) const {
   HullColours hull{.Hull = colours.Hull, .Edge = colours.HullEdge, .Deck = colours.Deck};
   if (ship.Sunk) hull = {.Hull = look::kSunk, .Edge = look::kWhite, .Deck = kDeckOfSunk};
-  if (writing_ == ShipWriting::Initial) hull.Deck = {};
+  if (writing_ == ShipWriting::Initial) hull.Deck = QColor();
   const qreal side = cell.width();
   const qreal unit = side / kUnitsOfCell;
   const qreal before = (ship.Segment - 1) * side;
@@ -243,12 +245,13 @@ void NavalPainter::PaintSign(QPainter& painter, const QRectF& area, const CellLo
   const bool words = writing_ == ShipWriting::Name && !look.Text.isEmpty();
   if (const auto word_font = words ? FontOfWords(font, area) : std::nullopt) {
     const QFontMetricsF metrics(*word_font);
-    const qreal word_height = metrics.capHeight() + metrics.descent() + 2 * kWordInset;
-    room.setBottom(area.bottom() - word_height);
-    WriteCentred(painter, {area.center().x(), room.bottom() + metrics.capHeight() / 2}, look.Text, *word_font,
-                 InkOn(look, colours));
+    const qreal rim = kRim * area.height();
+    const qreal middle = area.bottom() - rim - metrics.descent() - metrics.capHeight() / 2;
+    WriteCentred(painter, {area.center().x(), middle}, look.Text, *word_font, InkOn(look, colours));
+    room.adjust(0, rim, 0, 0);
+    room.setBottom(middle - metrics.capHeight() / 2 - kWordGap);
   }
-  const qreal side = std::min(sign->Side * area.width(), room.height() - kWordInset);
+  const qreal side = std::min(sign->Side * area.width(), room.height());
   if (!look::PaintPicture(painter, room, sign->Picture, {side, side}, sign->Colour)) {
     QFont letter = font;
     letter.setPixelSize(std::max(1, qRound(kLetter * side)));

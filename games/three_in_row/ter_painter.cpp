@@ -15,6 +15,7 @@ constexpr qreal kPieceSide = 0.5;
 constexpr qreal kStroke = 0.085;
 constexpr qreal kContour = 0.12;
 constexpr qreal kDotRadius = 0.035;
+constexpr qreal kCorner = 0.14;      // of the last move; the cells of three rows are large
 constexpr qreal kLineInset = 0.06;   // of the four lines' ends from the edge of the board
 constexpr qreal kStrokeEnd = 0.33;   // how far the winning stroke reaches beyond the middle of its last cell
 constexpr qreal kStrokeWidth = 9.0;  // in pixels, its edges included
@@ -24,6 +25,7 @@ constexpr qreal kCurrentInset = 5;
 constexpr qreal kEdgeOfWinning = 3;
 constexpr qreal kDottedWidth = 2.5;
 constexpr qreal kSmallestDot = 2;
+constexpr qreal kSmallestCorner = 10;
 constexpr int kDarkerContour = 220;  // #740000 for #FF0000
 
 QColor ColourOf(char16_t symbol) {
@@ -125,7 +127,10 @@ void TerPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& lo
     painter.drawEllipse(area.center(), radius, radius);
   }
   if (look.Marks.testFlag(Mark::Lifted)) look::PaintLifted(painter, area);
-  if (look.Marks.testFlag(Mark::LastMove)) look::PaintLastMove(painter, area);
+  if (look.Marks.testFlag(Mark::LastMove)) {
+    const QRectF inside = area.adjusted(kCurrentInset, kCurrentInset, -kCurrentInset, -kCurrentInset);
+    look::PaintLastMove(painter, inside, std::max(side * kCorner, kSmallestCorner));
+  }
 }
 
 void TerPainter::PaintOver(QPainter& painter, const BoardView& board) const {
