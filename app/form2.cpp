@@ -70,6 +70,7 @@ class GameList : public QListWidget {
 Form2::Form2()
     : text1_(new GuideBox(u"Text1"_s, u"Indicaciones"_s, kQuestion)),
       list1_(new GameList),
+      rows_(new GameDelegate(list1_)),
       leave_(new QPushButton(u"SALIR"_s)) {
   setObjectName(u"Form2"_s);
   setWindowTitle(u"BRONTAVIA"_s);
@@ -77,7 +78,7 @@ Form2::Form2()
   list1_->setObjectName(u"List1"_s);
   list1_->setAccessibleName(u"Juegos"_s);
   list1_->setFont(look::Scaled(font(), kEntry));
-  list1_->setItemDelegate(new GameDelegate(list1_));
+  list1_->setItemDelegate(rows_);
   list1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   for (const Game& game : Games()) list1_->addItem(game.Window.ListEntry.toString());
   list1_->setCurrentRow(0);
@@ -108,6 +109,7 @@ void Form2::resizeEvent(QResizeEvent* /*event*/) {
 void Form2::ShareHeight() {
   const int room = list1_->viewport()->height();
   const int rows = list1_->count();
+  rows_->SetRowHeight(std::max(room / rows, kSmallestRow));
   for (int row = 0; row < rows; ++row) {
     const int height = room * (row + 1) / rows - room * row / rows;
     list1_->item(row)->setSizeHint({0, std::max(height, kSmallestRow)});

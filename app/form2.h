@@ -8,6 +8,7 @@ class QPushButton;
 
 namespace brontavia {
 
+class GameDelegate;
 class GuideBox;
 
 class Form2 : public QWidget {
@@ -35,6 +36,7 @@ class Form2 : public QWidget {
 
   GuideBox* text1_;
   QListWidget* list1_;
+  GameDelegate* rows_;
   QPushButton* leave_;
 };
 

@@ -36,7 +36,7 @@ void GameDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->drawLine(row.topLeft() + QPointF(kMargin, 0.5), row.topRight() + QPointF(-kMargin, 0.5));
   }
 
-  const int side = option.rect.height() - 2 * kAbovePicture;
+  const int side = row_height_ - 2 * kAbovePicture;
   const QPoint corner = option.rect.topLeft() + QPoint(kMargin, kAbovePicture);
   painter->drawPixmap(corner, Picture(index.row(), side, painter->device()->devicePixelRatioF(), option.palette));
 
@@ -65,7 +65,7 @@ const QPixmap& GameDelegate::Picture(int game, int side, qreal scale, const QPal
     kept.Picture.fill(Qt::transparent);
     QPainter painter(&kept.Picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    Games()[static_cast<std::size_t>(game)].PaintPicture(painter, QRectF(0.5, 0.5, side - 1, side - 1), palette);
+    Games()[static_cast<std::size_t>(game)].PaintPicture(painter, QRectF(0, 0, side, side), palette);
   }
   return kept.Picture;
 }

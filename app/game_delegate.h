@@ -14,6 +14,9 @@ class GameDelegate : public QStyledItemDelegate {
  public:
   explicit GameDelegate(QObject* parent);
 
+  // The least of all rows' heights, which gives all pictures one size.
+  void SetRowHeight(int height) { row_height_ = height; }
+
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
  private:
@@ -24,6 +27,7 @@ class GameDelegate : public QStyledItemDelegate {
     QPixmap Picture;
     qint64 Palette = 0;
   };
+  int row_height_ = 0;
   mutable std::vector<Kept> kept_;
 };
 

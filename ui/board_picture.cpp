@@ -1,6 +1,7 @@
 #include "ui/board_picture.h"
 
 #include <QPainterPath>
+#include <cmath>
 
 #include "ui/look.h"
 
@@ -19,14 +20,15 @@ QColor ColourOf(ColourValue value) {
 void PaintBoardPicture(QPainter& painter, const QRectF& area, const QPalette& palette, const CellPainter& cells,
                        const BoardPicture& board) {
   QPainterPath frame;
-  frame.addRoundedRect(area, kRadius, kRadius);
+  frame.addRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
   painter.save();
   painter.setClipPath(frame, Qt::IntersectClip);
-  painter.translate(area.topLeft());
-  const QSizeF& cell = board.CellSize;
   const int rows = static_cast<int>(board.Rows.size());
   const int columns = static_cast<int>(board.Rows.first().size());
-  painter.scale(area.width() / (columns * cell.width()), area.height() / (rows * cell.height()));
+  // Between whole pixels, so that nothing shines through where two cells meet.
+  const auto left = [&](int column) { return std::round(area.left() + area.width() * column / columns); };
+  const auto top = [&](int row) { return std::round(area.top() + area.height() * row / rows); };
+  const QSizeF& cell = board.CellSize;
   for (int row = 0; row < rows; ++row) {
     for (int column = 0; column < columns; ++column) {
       const CellContent content = board.ContentOf(board.Rows[row][column]);
@@ -38,7 +40,11 @@ void PaintBoardPicture(QPainter& painter, const QRectF& area, const QPalette& pa
                           .Drawing = content.Drawing,
                           .Palette = palette,
                           .CellSize = cell};
-      cells.Paint(painter, QRectF({column * cell.width(), row * cell.height()}, cell), look);
+      painter.save();
+      painter.translate(left(column), top(row));
+      painter.scale((left(column + 1) - left(column)) / cell.width(), (top(row + 1) - top(row)) / cell.height());
+      cells.Paint(painter, QRectF(QPointF(), cell), look);
+      painter.restore();
     }
   }
   painter.restore();
