@@ -62,8 +62,14 @@ QList<OwnAddress> ReachableAddresses(const QList<InterfaceAddresses>& interfaces
     const bool is_local = each.Type == QNetworkInterface::Ethernet || each.Type == QNetworkInterface::Wifi;
     for (const QHostAddress& address : each.Addresses) {
       if (!IsReachable(address)) continue;
-      QList<OwnAddress>& group = !IsIPv4(address) ? ipv6 : is_local ? local : other;
-      group << OwnAddress{.Address = address.toString(), .Kind = KindOf(address, each.Type)};
+      const OwnAddress found{.Address = address.toString(), .Kind = KindOf(address, each.Type)};
+      if (!IsIPv4(address)) {
+        ipv6.append(found);
+      } else if (is_local) {
+        local.append(found);
+      } else {
+        other.append(found);
+      }
     }
   }
   return local + other + ipv6;

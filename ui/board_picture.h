@@ -16,7 +16,8 @@ namespace brontavia {
 struct BoardPicture {
   QStringList Rows;  // of one length, a letter a cell
   QSizeF CellSize;
-  CellContent (*ContentOf)(QChar letter);
+  CellContent (*ContentOf)(QChar letter) = nullptr;
+  CellIndex First;  // of the cell at the top left; a board with headers begins at {1, 1}
 };
 
 // Fills `area`.

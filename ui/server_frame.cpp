@@ -77,7 +77,7 @@ class ServerFrame::Plate : public QWidget {
     painter.setBrush(colours.Base);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), look::kPlateRadius, look::kPlateRadius);
     for (int row = 1; row < rows_; ++row) {
-      const qreal y = height() * row / rows_ + 0.5;
+      const qreal y = row * qreal(height()) / rows_ + 0.5;
       painter.drawLine(QPointF(look::kUnit * 4, y), QPointF(width() - look::kUnit * 4, y));
     }
     if (rows_ > 0) return;

@@ -202,8 +202,9 @@ void NavalPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& 
   if (drawing.ShipLength > 0 && (!hit || drawing.Sunk)) PaintShip(painter, area, drawing, colours);
   PaintSign(painter, area, look, drawing, colours);
   if (look.Marks.testFlag(Mark::FirstEnd)) look::PaintFirstEnd(painter, area);
-  if (look.Marks.testFlag(Mark::LastMove)) look::PaintLastMove(painter, area);
   if (look.Current) look::PaintCurrent(painter, area);
+  // The current cell's rim would hide the corners: whoever has fired stands on the last shot.
+  if (look.Marks.testFlag(Mark::LastMove)) look::PaintLastMove(painter, area);
 }
 
 void NavalPainter::PaintShip(QPainter& painter, const QRectF& cell, const SeaDrawing& ship,

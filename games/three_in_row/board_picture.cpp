@@ -1,6 +1,6 @@
 #include "games/three_in_row/board_picture.h"
 
-#include "games/three_in_row/form_ter.h"
+#include "games/three_in_row/ter_painter.h"
 #include "ui/board_picture.h"
 
 namespace brontavia {

@@ -173,6 +173,7 @@ TEST(Form2Window, ItsRowsFillTheListAndAreNeverLow) {
   auto* list = form.findChild<QListWidget*>(u"List1"_s);
   const auto row_heights = [list] {
     std::vector<int> heights;
+    heights.reserve(Games().size());
     for (int row = 0; row < list->count(); ++row) heights.push_back(list->visualItemRect(list->item(row)).height());
     return heights;
   };

@@ -11,7 +11,12 @@ inline QString ShownOn(const BoardModel& board) {
   for (int row = 0; row < board.Shape().Rows; ++row) {
     for (int column = 0; column < board.Shape().Columns; ++column) {
       const CellContent& cell = board.Cell({.Row = row, .Column = column});
-      cells += QStringLiteral("[%1 %2 %3 %4]").arg(cell.Text).arg(cell.ForeColour).arg(cell.BackColour).arg(cell.Marks);
+      cells += QStringLiteral("[%1 %2 %3 %4 %5]")
+                   .arg(cell.Text)
+                   .arg(cell.ForeColour)
+                   .arg(cell.BackColour)
+                   .arg(cell.Marks)
+                   .arg(cell.Drawing);
     }
     cells += u'\n';
   }

@@ -98,6 +98,10 @@ TEST(Fleet, HasTwentyTwoCells) {
   EXPECT_EQ(cells_of(11), 22);
 }
 
+TEST(Ship, HasItsNameByItsLength) {
+  for (std::size_t ship = 0; ship < kNames.size(); ++ship) EXPECT_EQ(ShipName(kLengths.at(ship)), kNames.at(ship));
+}
+
 TEST(Ship, CountsItsSegmentsFromItsStart) {
   const ShipRecord lying{.Start = {.Column = 4, .Row = 7}, .End = {.Column = 8, .Row = 7}};
   const ShipRecord standing{.Start = {.Column = 10, .Row = 6}, .End = {.Column = 10, .Row = 10}};

@@ -3,6 +3,7 @@
 
 #include <random>
 
+#include "games/naval/sea_drawing.h"
 #include "tests/support/bar_pair.h"
 #include "tests/support/random_games.h"
 
@@ -27,7 +28,20 @@ void ExpectSameFleet(const NavalBoard& owner, const NavalBoard& shooter) {
   }
 }
 
+// The opponent's sea shows his ships when they are sunk, and no other.
+void ExpectNoSecretTold(const BarCopy& copy) {
+  for (const Coordinate cell : CellsBetween({1, 1}, {kSeaSide, kSeaSide})) {
+    const CellContent& shown = copy.Flow.FG1().Cell({cell.Row, cell.Column});
+    const int ship = copy.Flow.Board().EnemyBoard(cell);
+    const bool sunk = ship != 0 && copy.Flow.Board().Ship(ship).State == ShipState::Hundido;
+    ASSERT_EQ(Unpacked(shown.Drawing).Sunk, sunk) << cell.Column << ' ' << cell.Row;
+    ASSERT_TRUE(sunk || shown.Drawing == 0) << cell.Column << ' ' << cell.Row;
+    ASSERT_TRUE(shown.Marks == Mark::LastMove || shown.Marks == Marks()) << cell.Column << ' ' << cell.Row;
+  }
+}
+
 void ExpectInStep(const BarPair& pair) {
+  for (const BarCopy* copy : {&pair.Server, &pair.Client}) ASSERT_NO_FATAL_FAILURE(ExpectNoSecretTold(*copy));
   const Session& server = pair.Server.Flow.State();
   const Session& client = pair.Client.Flow.State();
   ASSERT_EQ(server.CurrentTurn, client.CurrentTurn);

@@ -329,7 +329,7 @@ TEST_F(Firing, WaterPassesTheTurnAndIsHeardOnBothSides) {
   Shoot(Server, u"J10"_s);
   EXPECT_EQ(Server.Connection.Sent.last(), u"Jug|22A"_s);
   EXPECT_EQ(Server.Screen.Status, u"¡Agua! le toca disparar al otro jugador."_s);
-  EXPECT_EQ(Server.FG1(u"J10"_s), (CellContent{.Text = u"Agua"_s, .BackColour = kBlue}));
+  EXPECT_EQ(Server.FG1(u"J10"_s), (CellContent{.Text = u"Agua"_s, .BackColour = kBlue, .Marks = Mark::LastMove}));
   EXPECT_EQ(Server.Screen.Sounds, QStringList(u"Mp1 Agua.wav"_s));
   EXPECT_EQ(Client.Screen.Sounds, QStringList(u"Mp1 Agua.wav"_s));
   EXPECT_EQ(Client.Screen.Lines.last(), u"Disparo enemigo  en J10: Agua. Le toca disparar."_s);
@@ -348,11 +348,12 @@ TEST_F(Firing, AHitKeepsTheTurnAndIsHeardAtTheTarget) {
   Shoot(Server, u"B3"_s);
   EXPECT_EQ(Server.Connection.Sent.last(), u"Jug|*+I"_s);
   EXPECT_EQ(Server.Screen.Status, u"¡Impacto!, Barco tocado. Siga disparando."_s);
-  EXPECT_EQ(Server.FG1(u"B3"_s), (CellContent{.Text = u"impacto"_s, .BackColour = kRed}));
+  EXPECT_EQ(Server.FG1(u"B3"_s), (CellContent{.Text = u"impacto"_s, .BackColour = kRed, .Marks = Mark::LastMove}));
   EXPECT_TRUE(Server.Screen.Sounds.isEmpty());
   EXPECT_EQ(Client.Screen.Sounds, QStringList(u"Mp1 Impacto.wav"_s));
   EXPECT_EQ(Client.Screen.Lines.last(), u"Disparo enemigo  en B3: Impacto en un Acorazado, barco tocado."_s);
-  EXPECT_EQ(Client.FG2(u"B3"_s), (CellContent{.Text = u"*"_s, .BackColour = kRed}));
+  EXPECT_EQ(Client.FG2(u"B3"_s).Text, u"*"_s);
+  EXPECT_EQ(Client.FG2(u"B3"_s).BackColour, kRed);
   EXPECT_TRUE(Client.Screen.Ships.contains(u"Acorazado    T |Acorazado    ?"_s));
   EXPECT_TRUE(Server.Screen.Ships.contains(u"Acorazado    I |Acorazado    ?"_s)) << "a hit is no sinking";
   EXPECT_EQ(Server.Flow.State().CurrentTurn, Player::Server);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <optional>
 #include <random>
 #include <stdexcept>
 #include <string>
@@ -234,34 +236,40 @@ TEST(OwnClick, OutsideTheBoardIsRefused) {
 
 // ---- Lines ----
 
+using Cells = std::array<int, 3>;
+
 struct Position {
   const char* Name;
-  std::u16string_view Cells;
-  bool HasLine;
+  std::u16string_view Shown;
+  std::optional<Cells> Line;
 };
 
 void PrintTo(const Position& position, std::ostream* out) { *out << position.Name; }
 
 class Line : public testing::TestWithParam<Position> {};
 
-TEST_P(Line, IsFound) { EXPECT_EQ(BoardOf(GetParam().Cells).HasLine(), GetParam().HasLine); }
+TEST_P(Line, IsFound) {
+  const ThreeInRowBoard board = BoardOf(GetParam().Shown);
+  EXPECT_EQ(board.Line(), GetParam().Line);
+  EXPECT_EQ(board.HasLine(), GetParam().Line.has_value());
+}
 
 constexpr Position kPositions[] = {
-    {"TopRow", u"XXX******", true},
-    {"MiddleRow", u"***OOO***", true},
-    {"BottomRow", u"******XXX", true},
-    {"LeftColumn", u"O**O**O**", true},
-    {"MiddleColumn", u"*X**X**X*", true},
-    {"RightColumn", u"**O**O**O", true},
-    {"FallingDiagonal", u"X***X***X", true},
-    {"RisingDiagonal", u"**O*O*O**", true},
-    {"BetweenTheOthersPieces", u"XXXO*OO**", true},
-    {"OfBothPlayers", u"XXX***OOO", true},
-    {"EmptyBoard", u"*********", false},
-    {"TwoInALine", u"XX*******", false},
-    {"MixedLine", u"XOX******", false},
-    {"AroundTheEdge", u"**XX**X**", false},
-    {"FullBoardWithout", u"XOXXOOOXX", false},
+    {"TopRow", u"XXX******", Cells{0, 1, 2}},
+    {"MiddleRow", u"***OOO***", Cells{3, 4, 5}},
+    {"BottomRow", u"******XXX", Cells{6, 7, 8}},
+    {"LeftColumn", u"O**O**O**", Cells{0, 3, 6}},
+    {"MiddleColumn", u"*X**X**X*", Cells{1, 4, 7}},
+    {"RightColumn", u"**O**O**O", Cells{2, 5, 8}},
+    {"FallingDiagonal", u"X***X***X", Cells{0, 4, 8}},
+    {"RisingDiagonal", u"**O*O*O**", Cells{2, 4, 6}},
+    {"BetweenTheOthersPieces", u"XXXO*OO**", Cells{0, 1, 2}},
+    {"OfBothPlayers", u"XXX***OOO", Cells{0, 1, 2}},
+    {"EmptyBoard", u"*********", std::nullopt},
+    {"TwoInALine", u"XX*******", std::nullopt},
+    {"MixedLine", u"XOX******", std::nullopt},
+    {"AroundTheEdge", u"**XX**X**", std::nullopt},
+    {"FullBoardWithout", u"XOXXOOOXX", std::nullopt},
 };
 INSTANTIATE_TEST_SUITE_P(Position, Line, testing::ValuesIn(kPositions),
                          [](const auto& tested) { return std::string(tested.param.Name); });

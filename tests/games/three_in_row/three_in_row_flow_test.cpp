@@ -227,6 +227,70 @@ TEST_F(ThreeInRow, AMoveThatCannotBeSentIsToldAndHasNotHappened) {
   EXPECT_EQ(Pair.Server.Shown(), u"*********"_s);
 }
 
+// ---- What only eyes see ----
+
+// The cells of FG1 with the mark, in their order.
+QList<int> Marked(const TerCopy& copy, Mark mark) {
+  QList<int> cells;
+  for (int cell = 0; cell < kTerCells; ++cell) {
+    if (copy.Flow.FG1().Cell({cell / kTerSide, cell % kTerSide}).Marks.testFlag(mark)) cells << cell;
+  }
+  return cells;
+}
+
+TEST_F(ThreeInRow, TheOpponentsMoveIsMarkedUntilItIsAnswered) {
+  Pair.Play({4});
+  EXPECT_EQ(Marked(Pair.Client, Mark::LastMove), QList<int>{4});
+  EXPECT_EQ(Marked(Pair.Server, Mark::LastMove), QList<int>());
+  Pair.Play({0});
+  EXPECT_EQ(Marked(Pair.Client, Mark::LastMove), QList<int>());
+  EXPECT_EQ(Marked(Pair.Server, Mark::LastMove), QList<int>{0});
+  Pair.Play({1, 7, 3, 5, 3, 6});
+  EXPECT_EQ(Pair.Client.Shown(), u"OX**XOXO*"_s);
+  EXPECT_EQ(Marked(Pair.Client, Mark::LastMove), (QList<int>{3, 6})) << "from and to";
+}
+
+TEST_F(ThreeInRow, ALiftedPieceIsShownWhereItHasBeenToItsPlayerAlone) {
+  Pair.Play({4, 0, 1, 7, 3, 5, 3});
+  const CellContent lifted = Pair.Server.Flow.FG1().Cell({1, 0});
+  EXPECT_EQ(lifted, (CellContent{.Text = u"*"_s, .Marks = Mark::Lifted, .Drawing = u'X'}));
+  EXPECT_EQ(Marked(Pair.Client, Mark::Lifted), QList<int>());
+  Pair.Play({3});
+  EXPECT_EQ(Marked(Pair.Server, Mark::Lifted), QList<int>()) << "it has been put back";
+  EXPECT_EQ(Pair.Server.Flow.FG1().Cell({1, 0}).Drawing, 0);
+  Pair.Play({3, 6});
+  EXPECT_EQ(Marked(Pair.Server, Mark::Lifted), QList<int>());
+  EXPECT_EQ(Pair.Server.Flow.FG1().Cell({1, 0}), CellContent{.Text = u"*"_s});
+}
+
+TEST_F(ThreeInRow, TheWinningThreeAreMarkedInBothCopiesWhileTheBoardWaitsForAClick) {
+  const QList<int> three{0, 1, 2};
+  Pair.Server.Dialogs.Expect(box::kWonTitle, box::kWon,
+                             [&] { EXPECT_EQ(Marked(Pair.Server, Mark::WinningLine), three); });
+  Pair.Client.Dialogs.Expect(box::kLostTitle, u"Ana            "_s + box::kLostEnding);
+  Pair.Play({0, 4, 1, 8, 2});
+  for (TerCopy* copy : {&Pair.Server, &Pair.Client}) {
+    EXPECT_EQ(Marked(*copy, Mark::WinningLine), three);
+    EXPECT_TRUE(copy->Flow.FG1().WaitsForClick());
+  }
+  Pair.Server.Dialogs.AnswerBox = Pair.Client.Dialogs.AnswerBox = [](const QString&) { return Button::Yes; };
+  Pair.Server.Click(0);
+  Pair.Settle();
+  Pair.Client.Click(0);
+  Pair.Settle();
+  for (TerCopy* copy : {&Pair.Server, &Pair.Client}) {
+    EXPECT_EQ(Marked(*copy, Mark::WinningLine), QList<int>());
+    EXPECT_FALSE(copy->Flow.FG1().WaitsForClick());
+  }
+}
+
+TEST_F(ThreeInRow, APieceThatWasLiftedForTheWinningMoveIsNotShownAsLifted) {
+  ExpectWin(Pair.Server, Pair.Client, u"Ana            "_s);
+  Pair.Play({0, 4, 1, 8, 6, 5, 6, 2});
+  EXPECT_EQ(Marked(Pair.Server, Mark::WinningLine), (QList<int>{0, 1, 2}));
+  EXPECT_EQ(Marked(Pair.Server, Mark::Lifted), QList<int>());
+}
+
 // ---- What a stranger may send ----
 
 struct BadMove {
