@@ -32,7 +32,7 @@ void PaintBoardPicture(QPainter& painter, const QRectF& area, const QPalette& pa
   for (int row = 0; row < rows; ++row) {
     for (int column = 0; column < columns; ++column) {
       const CellContent content = board.ContentOf(board.Rows[row][column]);
-      const CellLook look{.Index = {row, column},
+      const CellLook look{.Index = {board.First.Row + row, board.First.Column + column},
                           .Text = content.Text,
                           .ForeColour = ColourOf(content.ForeColour),
                           .BackColour = ColourOf(content.BackColour),

@@ -23,6 +23,7 @@ constexpr BoardShape kShape{.Rows = kBoardSide + 1,
 ChessDisplay::ChessDisplay(const ChessGame& game, Screen& screen)
     : game_(game), screen_(screen), fg1_(kShape, [this](CellIndex cell) { return DescribeCell(cell); }) {
   ShowHeaders();
+  fg1_.SetCurrentCell(IndexOf({.Column = 1, .Row = 1}));  // where White's pieces stand, at the lower edge
 }
 
 // ---- After a change of the game ----

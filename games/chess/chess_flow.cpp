@@ -76,6 +76,11 @@ KeyHints ChessFlow::Keys() const {
   return {{.Key = u"Intro"_s, .Use = u"elige y mueve"_s}, {.Key = u"Esc"_s, .Use = u"suelta la pieza"_s}};
 }
 
+void ChessFlow::ShowState() {
+  GameFlow::ShowState();
+  FG1().SetWaitsForClick(session_.GameOver);
+}
+
 // ---- The player acts ----
 
 void ChessFlow::BoardClicked(CellIndex cell) {

@@ -61,6 +61,7 @@ class ChessFlow : public GameFlow, private ChessHost {
   void ResetForNewGame() override;
   void DescribeSide(Player player, ScoreboardSide& side) const override;
   [[nodiscard]] KeyHints Keys() const override;
+  void ShowState() override;
 
  private:
   void AnswerMessages();
