@@ -296,11 +296,11 @@ void NavalFlow::ShowFirstEnd() { MoveMark(fg1_, Mark::FirstEnd, board_.PendingSt
 void NavalFlow::DrawShip(BoardModel& grid, int number) {
   const ShipRecord& ship = board_.Ship(number);
   for (const Coordinate cell : CellsBetween(ship.Start, ship.End)) {
-    SetDrawing(grid, cell,
-               {.ShipLength = ship.Length,
-                .Segment = ship.SegmentOn(cell),
-                .Upright = ship.Start.Column == ship.End.Column,
-                .Sunk = ship.State == ShipState::Hundido});
+    const SeaDrawing drawing{.ShipLength = ship.Length,
+                             .Segment = ship.SegmentOn(cell),
+                             .Upright = ship.Start.Column == ship.End.Column,
+                             .Sunk = ship.State == ShipState::Hundido};
+    SetDrawing(grid, cell, drawing);
   }
 }
 

@@ -147,7 +147,7 @@ std::optional<QFont> FontOfName(const QFont& font, const QString& name, qreal ce
 }
 
 std::optional<QFont> FontOfInitials(const QFont& font, qreal cell) {
-  return look::FittingFont(font, Initials(), {cell, 0.75 * cell}, LargestIn(font, kLargestInitial * cell));
+  return look::FittingFont(font, Initials(), {cell, 0.7 * cell}, LargestIn(font, kLargestInitial * cell));
 }
 
 std::optional<QFont> FontOfWords(const QFont& font, const QRectF& area) {
@@ -162,6 +162,15 @@ void WriteCentred(QPainter& painter, QPointF centre, const QString& text, const 
   painter.setFont(font);
   painter.setPen(colour);
   painter.drawText(centre + QPointF(-metrics.horizontalAdvance(text) / 2, metrics.capHeight() / 2), text);
+}
+
+// ---- Marks ----
+
+void PaintMarks(QPainter& painter, const QRectF& area, const CellLook& look) {
+  if (look.Marks.testFlag(Mark::FirstEnd)) look::PaintFirstEnd(painter, area);
+  if (look.Current) look::PaintCurrent(painter, area);
+  // The current cell's rim would hide the corners: whoever has fired stands on the last shot.
+  if (look.Marks.testFlag(Mark::LastMove)) look::PaintLastMove(painter, area);
 }
 
 // ---- From cell to cell ----
@@ -199,12 +208,13 @@ void NavalPainter::Paint(QPainter& painter, const QRectF& area, const CellLook& 
   const bool hit = look.BackColour == look::kHit;
   PaintWater(painter, area, look, colours);
   if (hit) PaintHitGround(painter, area);
-  if (drawing.ShipLength > 0 && (!hit || drawing.Sunk)) PaintShip(painter, area, drawing, colours);
+  const bool ship = drawing.ShipLength > 0 && (!hit || drawing.Sunk);
+  if (ship) {
+    PaintMarks(painter, area, look);  // above the hull they would cut its name
+    PaintShip(painter, area, drawing, colours);
+  }
   PaintSign(painter, area, look, drawing, colours);
-  if (look.Marks.testFlag(Mark::FirstEnd)) look::PaintFirstEnd(painter, area);
-  if (look.Current) look::PaintCurrent(painter, area);
-  // The current cell's rim would hide the corners: whoever has fired stands on the last shot.
-  if (look.Marks.testFlag(Mark::LastMove)) look::PaintLastMove(painter, area);
+  if (!ship) PaintMarks(painter, area, look);
 }
 
 void NavalPainter::PaintShip(QPainter& painter, const QRectF& cell, const SeaDrawing& ship,

@@ -1,6 +1,8 @@
 // What the flow of the naval battle tells those who see the grids, besides texts and colours.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "games/naval/sea_drawing.h"
 #include "tests/support/bar_pair.h"
 
@@ -23,10 +25,9 @@ QStringList Marked(const BoardModel& grid, Mark mark) {
 }
 
 bool NothingIsDrawn(const BoardModel& grid) {
-  for (const Coordinate cell : CellsBetween({1, 1}, {kSeaSide, kSeaSide})) {
-    if (grid.Cell({cell.Row, cell.Column}).Drawing != 0) return false;
-  }
-  return true;
+  return std::ranges::all_of(CellsBetween({1, 1}, {kSeaSide, kSeaSide}), [&](Coordinate cell) {
+    return grid.Cell({cell.Row, cell.Column}).Drawing == 0;
+  });
 }
 
 // ---- Placing ----

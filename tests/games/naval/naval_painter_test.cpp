@@ -49,15 +49,19 @@ CellLook Margin(const QPalette& palette = LightPalette()) {
   return look;
 }
 
-// All cells of a ship, each painted alone.
+// All cells of a ship, each painted alone; the current cell, which has been fired at last, is on segment `marked`.
 QImage PaintedShip(const NavalPainter& sea, SeaDrawing ship, int side, const QFont& font,
-                   const QPalette& palette = LightPalette()) {
+                   const QPalette& palette = LightPalette(), int marked = 0) {
   const QSize cells = ship.Upright ? QSize(1, ship.ShipLength) : QSize(ship.ShipLength, 1);
   return test::Painted(cells * side, [&](QPainter& painter) {
     painter.setFont(font);
     for (ship.Segment = 1; ship.Segment <= ship.ShipLength; ++ship.Segment) {
       CellLook look = Sea(ship, palette);
       if (ship.Sunk) look.BackColour = kRed;
+      if (ship.Segment == marked) {
+        look.Marks = Mark::LastMove;
+        look.Current = true;
+      }
       const int before = (ship.Segment - 1) * side;
       sea.Paint(painter, QRectF(ship.Upright ? 0 : before, ship.Upright ? before : 0, side, side), look);
     }
@@ -123,6 +127,19 @@ TEST_P(NavalWriting, ShowsTheNameOfAShipWholeOrNotAtAll) {
       EXPECT_NEAR(writing.width(), expected.width(), 3) << ship.Name.toStdString() << " at " << side;
       EXPECT_GT(writing.left(), side / 6) << ship.Name.toStdString() << " at " << side;
       EXPECT_LT(writing.right(), ship.Length * side - side / 6) << ship.Name.toStdString() << " at " << side;
+    }
+  }
+}
+
+TEST_P(NavalWriting, OfAShipIsNotCutByMarks) {
+  constexpr int side = 48;
+  for (const Ship& ship : kShips) {
+    const QImage bare = PaintedShip(Painter, {.ShipLength = ship.Length}, side, Font);
+    const QRect writing = Writing(bare, ship.Length, side);
+    for (int segment = 1; segment <= ship.Length; ++segment) {
+      const QImage marked = PaintedShip(Painter, {.ShipLength = ship.Length}, side, Font, LightPalette(), segment);
+      EXPECT_EQ(marked.copy(writing), bare.copy(writing)) << ship.Name.toStdString() << ' ' << segment;
+      EXPECT_GT(Difference(marked, bare), 0.01) << "the marks are to be seen";
     }
   }
 }
@@ -208,7 +225,7 @@ TEST(NavalInitials, AreWrittenOnceInTheMiddleOfTheHull) {
       const auto bright = [](const QColor& each) { return qGray(each.rgb()) > 150; };
       const QRect writing = Bounds(image.copy(hull), bright).translated(hull.topLeft());
       EXPECT_FALSE(writing.isEmpty()) << ship.Name.toStdString() << " at " << side;
-      EXPECT_NEAR(writing.center().x(), ship.Length * side / 2, side / 6 + 1) << ship.Name.toStdString();
+      EXPECT_NEAR(writing.center().x(), ship.Length * side / 2.0, side / 6.0 + 1) << ship.Name.toStdString();
       EXPECT_LT(writing.width(), side);
     }
   }
@@ -252,6 +269,7 @@ TEST(NavalHull, IsPaintedInsideItsCell) {
 
 TEST(NavalHull, OfEachShipIsToldFromTheOthersWithoutTheirNames) {
   std::vector<QImage> sterns;
+  sterns.reserve(kShips.size());
   for (const Ship& ship : kShips) {
     sterns.push_back(PaintedShip(NavalPainter(), {.ShipLength = ship.Length}, 20, FontOf(10)).copy(0, 0, 40, 20));
   }
@@ -284,10 +302,10 @@ TEST(NavalSigns, AreToldApartWithoutColourWithAndWithoutMarks) {
 
 TEST(NavalSigns, OfShotsHaveTheirGivenColours) {
   for (const QPalette& palette : {LightPalette(), DarkPalette()}) {
-    for (const auto& [text, colour] : {std::pair{u"Agua"_s, kBlue}, std::pair{u"impacto"_s, kRed}}) {
-      const QImage image = test::Painted(NavalPainter(), Shot(text, colour, palette), 40);
-      const QRect shown = Bounds(image, [&](const QColor& each) { return each == colour; });
-      EXPECT_GE(shown.width(), 20) << text.toStdString();
+    for (const CellLook& shot : {Shot(u"Agua"_s, kBlue, palette), Shot(u"impacto"_s, kRed, palette)}) {
+      const QImage image = test::Painted(NavalPainter(), shot, 40);
+      const QRect shown = Bounds(image, [&](const QColor& each) { return each == shot.BackColour; });
+      EXPECT_GE(shown.width(), 20) << shot.Text.toStdString();
     }
   }
 }

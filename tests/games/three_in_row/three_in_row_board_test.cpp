@@ -236,12 +236,12 @@ TEST(OwnClick, OutsideTheBoardIsRefused) {
 
 // ---- Lines ----
 
-using Cells = std::array<int, 3>;
+using Three = std::array<int, 3>;
 
 struct Position {
   const char* Name;
   std::u16string_view Shown;
-  std::optional<Cells> Line;
+  std::optional<Three> Line;
 };
 
 void PrintTo(const Position& position, std::ostream* out) { *out << position.Name; }
@@ -255,16 +255,16 @@ TEST_P(Line, IsFound) {
 }
 
 constexpr Position kPositions[] = {
-    {"TopRow", u"XXX******", Cells{0, 1, 2}},
-    {"MiddleRow", u"***OOO***", Cells{3, 4, 5}},
-    {"BottomRow", u"******XXX", Cells{6, 7, 8}},
-    {"LeftColumn", u"O**O**O**", Cells{0, 3, 6}},
-    {"MiddleColumn", u"*X**X**X*", Cells{1, 4, 7}},
-    {"RightColumn", u"**O**O**O", Cells{2, 5, 8}},
-    {"FallingDiagonal", u"X***X***X", Cells{0, 4, 8}},
-    {"RisingDiagonal", u"**O*O*O**", Cells{2, 4, 6}},
-    {"BetweenTheOthersPieces", u"XXXO*OO**", Cells{0, 1, 2}},
-    {"OfBothPlayers", u"XXX***OOO", Cells{0, 1, 2}},
+    {"TopRow", u"XXX******", Three{0, 1, 2}},
+    {"MiddleRow", u"***OOO***", Three{3, 4, 5}},
+    {"BottomRow", u"******XXX", Three{6, 7, 8}},
+    {"LeftColumn", u"O**O**O**", Three{0, 3, 6}},
+    {"MiddleColumn", u"*X**X**X*", Three{1, 4, 7}},
+    {"RightColumn", u"**O**O**O", Three{2, 5, 8}},
+    {"FallingDiagonal", u"X***X***X", Three{0, 4, 8}},
+    {"RisingDiagonal", u"**O*O*O**", Three{2, 4, 6}},
+    {"BetweenTheOthersPieces", u"XXXO*OO**", Three{0, 1, 2}},
+    {"OfBothPlayers", u"XXX***OOO", Three{0, 1, 2}},
     {"EmptyBoard", u"*********", std::nullopt},
     {"TwoInALine", u"XX*******", std::nullopt},
     {"MixedLine", u"XOX******", std::nullopt},
