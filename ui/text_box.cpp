@@ -52,6 +52,7 @@ TextBox::TextBox(const QString& name, const QString& accessible_name, QWidget* p
   setReadOnly(true);
   setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   setTabChangesFocus(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // lines wrap, at any character where they must
   setMaximumBlockCount(kMostLines);
   setFrameStyle(QFrame::Box);
   setLineWidth(kFrame);
