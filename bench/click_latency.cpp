@@ -38,8 +38,8 @@ struct Plan {
   std::array<int, 2> Fixed;
   std::array<int, 2> Shuttle;
 };
-const std::array<Plan, 2> kPlans{Plan{.Symbol = u"X"_s, .Fixed = {0, 1}, .Shuttle = {5, 8}},
-                                 Plan{.Symbol = u"O"_s, .Fixed = {2, 4}, .Shuttle = {3, 7}}};
+const PerPlayer<Plan> kPlans{Plan{.Symbol = u"X"_s, .Fixed = {0, 1}, .Shuttle = {5, 8}},
+                             Plan{.Symbol = u"O"_s, .Fixed = {2, 4}, .Shuttle = {3, 7}}};
 
 // Between seeing a move and answering it. Varied, so that clicks do not fall into step with any timer.
 constexpr int kShortestThought = 15;
@@ -56,7 +56,9 @@ long long Now() {
 class Copy : public QObject {
  public:
   Copy(Role role, std::int32_t port, int moves)
-      : own_(role == Role::Server ? 0 : 1), moves_(moves), values_{.ConnectionPort = port, .PlayerRole = role} {
+      : own_(role == Role::Server ? Player::Server : Player::Client),
+        moves_(moves),
+        values_{.ConnectionPort = port, .PlayerRole = role} {
     connect(&chores_, &QTimer::timeout, this, &Copy::DoChores);
     chores_.start(kBetweenChores);
     QTimer::singleShot(kLongestRun, this, [] {
@@ -84,14 +86,15 @@ class Copy : public QObject {
     if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
       box->defaultButton()->click();
     } else if (auto* input = qobject_cast<QInputDialog*>(QApplication::activeModalWidget())) {
-      if (input->textValue() == u"3"_s) input->setTextValue(own_ == 0 ? u"1"_s : u"2"_s);  // the server begins
+      if (input->textValue() == u"3"_s)
+        input->setTextValue(own_ == Player::Server ? u"1"_s : u"2"_s);  // the server begins
       input->accept();
     } else if (auto* local = form_.findChild<QPushButton*>(u"CBConLocal"_s); local->isVisible()) {
       // A new try ends the one before, so each gets its time.
       if (chores_done_++ % kChoresBetweenTries == 0) local->click();
     } else if (form_.findChild<QPlainTextEdit*>(u"TBMensajes"_s)->toPlainText().contains(u"mutua"_s)) {
       chores_.stop();
-      if (own_ == 0) Think();
+      if (own_ == Player::Server) Think();
     }
   }
 
@@ -101,7 +104,7 @@ class Copy : public QObject {
   }
 
   void Move() {
-    const Plan& plan = kPlans.at(own_);
+    const Plan& plan = kPlans[own_];
     const std::size_t turn = own_moves_++;
     if (turn >= 3) Click(plan.Shuttle.at((turn + 1) % 2));
     Note("clicked", Now());
@@ -119,7 +122,7 @@ class Copy : public QObject {
   }
 
   void CellChanged(const QModelIndex& cell) {
-    if (cell.data().toString() != kPlans.at(1 - own_).Symbol) return;
+    if (cell.data().toString() != kPlans[OpponentOf(own_)].Symbol) return;
     Note("shown", Now());
     awaits_paint_ = true;
   }
@@ -147,14 +150,14 @@ class Copy : public QObject {
     long long Time;
   };
 
-  std::size_t own_;
+  Player own_;
   int moves_;
   ProcessValues values_;
   FormTER form_{values_, std::make_unique<TcpConnection>()};
   BoardView* board_ = nullptr;
   QTimer chores_;
   int chores_done_ = 0;
-  std::mt19937 random_{static_cast<unsigned>(own_)};
+  std::mt19937 random_{static_cast<unsigned>(NumberOf(own_))};
   std::size_t own_moves_ = 0;
   int made_ = 0;  // by both
   bool awaits_paint_ = false;
