@@ -19,7 +19,7 @@ ChessFlow::ChessFlow(const Seams& seams, const RandomSeed& seed, SecondTimer::No
       editing_(*this, Screen(), {game_, display_, clocks_}, [this] { emit CommandsChanged(); }) {
   AnswerMessages();
   connect(&FG1(), &BoardModel::CurrentCellChanged, this, [this](CellIndex /*previous*/, CellIndex current) {
-    if (replaying_) return;
+    if (moving_cursor_) return;
     RunUserAction([this, current] { SetStatus(FG1().Description(current)); });
   });
 }
@@ -74,6 +74,11 @@ void ChessFlow::DescribeSide(Player player, ScoreboardSide& side) const {
 
 KeyHints ChessFlow::Keys() const {
   return {{.Key = u"Intro"_s, .Use = u"elige y mueve"_s}, {.Key = u"Esc"_s, .Use = u"suelta la pieza"_s}};
+}
+
+void ChessFlow::FirstTurnSettled() {
+  // Where the eye starts: the row on which the own pieces stand.
+  MoveCursor({.Column = 1, .Row = BackRow(WhitePlayer() == OwnPlayer() ? Colour::White : Colour::Black)});
 }
 
 void ChessFlow::ShowState() {
@@ -244,9 +249,14 @@ void ChessFlow::ReplayMove(const QString& payload) {
   DropSelection();
   for (const Coordinate square : {move->Source, move->Target}) {
     const QScopedValueRollback replaying(replaying_, true);
-    FG1().SetCurrentCell(IndexOf(square));
+    MoveCursor(square);
     ClickSquare(square);
   }
+}
+
+void ChessFlow::MoveCursor(Coordinate square) {
+  const QScopedValueRollback moving(moving_cursor_, true);
+  FG1().SetCurrentCell(IndexOf(square));
 }
 
 void ChessFlow::DropSelection() {

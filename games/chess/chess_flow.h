@@ -59,6 +59,7 @@ class ChessFlow : public GameFlow, private ChessHost {
   void LoadGame() override { ResetBoard(); }
   void ResetForSession() override;
   void ResetForNewGame() override;
+  void FirstTurnSettled() override;
   void DescribeSide(Player player, ScoreboardSide& side) const override;
   [[nodiscard]] KeyHints Keys() const override;
   void ShowState() override;
@@ -76,6 +77,8 @@ class ChessFlow : public GameFlow, private ChessHost {
   std::optional<int> AskForPromotion();
   void ReplayMove(const QString& payload);
   void DropSelection();
+  // Makes the cell of `square` current without telling what stands there.
+  void MoveCursor(Coordinate square);
   [[nodiscard]] bool OwnTurn() const { return session_.TurnSettled && session_.CurrentTurn == OwnPlayer(); }
 
   // ---- For the parts ----
@@ -84,6 +87,7 @@ class ChessFlow : public GameFlow, private ChessHost {
   void SetStatus(const QString& text) override { GameFlow::SetStatus(text); }
   void AddPoint(Player player) override { GameFlow::AddPoint(player); }
   void Tell(const QString& text, const QString& title) override { ShowBox(text, title); }
+  void Dismiss(const QString& text) override { GameFlow::Dismiss(text); }
   bool Confirm(const QString& text, const QString& title) override;
   QString Ask(const QString& prompt, const QString& title, const QString& proposal) override;
   QString AskFileToOpen(const FileQuestion& question) override { return GameFlow::AskFileToOpen(question); }
@@ -99,7 +103,8 @@ class ChessFlow : public GameFlow, private ChessHost {
   ChessEndings endings_;
   SavedGames saved_games_;
   ChessEditing editing_;
-  bool replaying_ = false;  // a received move is being played
+  bool replaying_ = false;      // a received move is being played
+  bool moving_cursor_ = false;  // not the user
 };
 
 }  // namespace brontavia

@@ -30,6 +30,8 @@ class ChessHost {
   // ---- Boxes. Other events are handled meanwhile; they throw WindowEnded in a window that has ended. ----
 
   virtual void Tell(const QString& text, const QString& title = {}) = 0;
+  // The reason of an open box with `text` has ended: it closes itself.
+  virtual void Dismiss(const QString& text) = 0;
   // Whether the answer is "Yes".
   virtual bool Confirm(const QString& text, const QString& title) = 0;
   // What was typed; empty when cancelled.

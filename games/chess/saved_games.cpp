@@ -94,18 +94,25 @@ void SavedGames::Open() {
     offered_path_.clear();
     return;
   }
-  host_.Tell(u"Se ha enviado a "_s + OtherName() +
-             u" un mensaje preguntándole si desea continuar jugando contra usted la partida " + description +
-             u". Si responde que sí, se cargará automáticamente la partida.");
+  waiting_box_ = u"Se ha enviado a "_s + OtherName() +
+                 u" un mensaje preguntándole si desea continuar jugando contra usted la partida " + description +
+                 u". Si responde que sí, se cargará automáticamente la partida.";
+  host_.Tell(waiting_box_);
+}
+
+void SavedGames::CloseWaitingBox() {
+  if (!waiting_box_.isEmpty()) host_.Dismiss(std::exchange(waiting_box_, {}));
 }
 
 void SavedGames::Refused() {
+  CloseWaitingBox();
   offered_path_.clear();
   host_.Tell(OtherName() +
              u" rechazó la solicitud de jugar la partida guardada en el disco. Continúa la partida actual.");
 }
 
 void SavedGames::Accepted() {
+  CloseWaitingBox();
   screen_.AddMessage(u"Se aceptó la solicitud, cargando la partida."_s);
   const auto saved = Read(offered_path_);  // it may have changed since it was chosen
   if (!saved || !host_.SendAndWait(message::kPosition.Token + saved->Line)) return;

@@ -47,6 +47,8 @@ class SavedGames {
   std::optional<ChessPosition> ReadLine(const QString& line);
   void Load(const ChessPosition& position);
   void ChooseColours();
+  // The other player has answered.
+  void CloseWaitingBox();
   [[nodiscard]] QString FileToPropose() const;
   [[nodiscard]] QString OtherName() const { return session_.PlayerNames.Trimmed(OpponentOf(host_.OwnPlayer())); }
 
@@ -54,6 +56,7 @@ class SavedGames {
   Screen& screen_;
   Session& session_;
   ChessTable table_;
+  QString waiting_box_;   // the text of the box that tells to wait for an answer; empty when there is none
   QString file_name_;     // the last file chosen in a dialog
   QString offered_path_;  // of the position that this side has offered to go on with
 };

@@ -378,5 +378,25 @@ TEST_F(ChessFiles, TurnsThatCannotBeAreLeftOut) {
   EXPECT_TRUE(Black.Screen.Lines.filter(u"Posición cargada"_s).isEmpty());
 }
 
+TEST_F(ChessFiles, TheBoxThatTellsToWaitClosesWhenTheAnswerComes) {
+  const QString refusal =
+      u"Luis rechazó la solicitud de jugar la partida guardada en el disco. Continúa la partida actual."_s;
+  const QString offer =
+      u"Se ha enviado a Luis un mensaje preguntándole si desea continuar jugando contra usted la partida a.fen. Si "
+      u"responde que sí, se cargará automáticamente la partida."_s;
+  Open(u"a.fen"_s, "tcadract/pppppppp/8/8/8/8/PPPPPPPP/TCADRACT/B RDrd - 0 1\r\n");
+  ExpectQuestion(u"a.fen"_s, Button::No);
+  White.Dialogs.Expect({}, refusal);  // within the wait, before there is a box
+  White.Dialogs.Expect({}, offer, [&] {
+    EXPECT_TRUE(White.Dialogs.Dismissed.isEmpty());
+    White.Connection.Receive(u"cargpno|"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(White.Dialogs.Dismissed, QStringList{offer});
+  });
+  White.Dialogs.Expect({}, refusal);
+  White.Flow.Run(ChessCommand::OpenGame);
+  Pair.Settle();
+}
+
 }  // namespace
 }  // namespace brontavia::test

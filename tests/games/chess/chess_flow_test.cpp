@@ -50,6 +50,12 @@ TEST(ChessBeforeTheFirstTurn, ClicksAndMenusAreOutOfTurnAlike) {
   EXPECT_EQ(pair.Server.Screen.Status, box::kNotYourTurn);
 }
 
+TEST_F(Chess, TheEyeStartsWhereTheOwnPiecesStand) {
+  EXPECT_EQ(White.Flow.FG1().CurrentCell(), White.Flow.IndexOf(SquareNamed(u"a1"_s)));
+  EXPECT_EQ(Black.Flow.FG1().CurrentCell(), Black.Flow.IndexOf(SquareNamed(u"a8"_s)));
+  for (const AjeCopy* copy : {&White, &Black}) EXPECT_EQ(copy->Screen.Status, QString()) << "nothing is told of it";
+}
+
 TEST_F(Chess, TheStripTellsColoursAndClocks) {
   EXPECT_EQ(White.Screen.Scoreboard.Own.Sign, PlayerSign::WhiteKing);
   EXPECT_EQ(White.Screen.Scoreboard.Own.Clock, (ScoreboardClock{.Time = u"00:00"_s, .Runs = false}));
