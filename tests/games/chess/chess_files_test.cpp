@@ -327,10 +327,8 @@ TEST_F(ChessFiles, AFileNeedsNoLineBreakAtItsEnd) {
 }
 
 TEST_F(ChessFiles, AFirstLineIsReadWhole) {
-  const QByteArray line = QByteArray(60'000, 'x') + QByteArray(
-                                                        "8/8/8/8/8/8/\0"
-                                                        "4P3/R6r/B - - 0 7",
-                                                        33);
+  QByteArray line(60'000, 'x');
+  line.append("8/8/8/8/8/8/").append('\0').append("4P3/R6r/B - - 0 7");
   Open(u"long.fen"_s, line + "\r\n");
   ExpectQuestion(u"long.fen"_s, Button::Yes);
   ExpectColours(u"1"_s);
