@@ -6,6 +6,7 @@
 #include <QTest>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "net/tcp_connection.h"
 #include "tests/support/waiting.h"
@@ -17,9 +18,8 @@ namespace brontavia::test {
 
 template <typename GameForm>
 struct OwnedWindow {
-  OwnedWindow(Role role, std::int32_t port)
-      : Values{.ConnectionPort = port, .PlayerRole = role},
-        Window(new GameForm(Values, std::make_unique<TcpConnection>())) {
+  OwnedWindow(Role role, std::int32_t port, std::unique_ptr<Connection> connection = std::make_unique<TcpConnection>())
+      : Values{.ConnectionPort = port, .PlayerRole = role}, Window(new GameForm(Values, std::move(connection))) {
     QObject::connect(Window, &GameWindow::Finished, Window, [this](AfterWindow after) {
       Finished = after;
       Window->deleteLater();

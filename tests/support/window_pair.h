@@ -18,18 +18,27 @@ struct WindowPair {
   OwnedWindow<GameForm> Server{Role::Server, Port};
   OwnedWindow<GameForm> Client{Role::Client, Port};
 
-  // For the user's script: connects Ana, the server, with Luis; she has the first turn.
-  void Handshake() {
+  // ---- For the user's script ----
+
+  // Until both are asked for their names; the client's box opened later and is on top.
+  void Connect() {
     Client.Press(QStringLiteral("CBConLocal"));
     Answer(QStringLiteral("Solicitud de conexión"), QStringLiteral("OK"));
     EXPECT_TRUE(Eventually([this] {
       return Server.Window->template findChild<QDialog*>() != nullptr &&
              Client.Window->template findChild<QDialog*>() != nullptr;
     }));
-    for (const auto& [name, choice] : {std::pair("Luis", "2"), {"Ana", "1"}}) {
-      AnswerInput(QStringLiteral("Introducir nombre"), QString::fromLatin1(name));
+  }
+  // Then: Ana, the server, has the first turn.
+  void TellNames(const QString& client = QStringLiteral("Luis")) {
+    for (const auto& [name, choice] : {std::pair(client, "2"), {QStringLiteral("Ana"), "1"}}) {
+      AnswerInput(QStringLiteral("Introducir nombre"), name);
       AnswerInput(QStringLiteral("Asignación del primer turno"), QString::fromLatin1(choice));
     }
+  }
+  void Handshake() {
+    Connect();
+    TellNames();
   }
 };
 

@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Photographs every window in every phase, light and dark, at scale 1 and 2, with fonts of 10 and 18 points, at its
+# smallest and its first size and on a large screen. Needs no display.
+# Contact sheets: build/gallery/<palette>-<scale>x-<points>pt-<size>.png, single pictures in directories of these names.
+# usage: scripts/gallery.sh
+set -euo pipefail
+cd "$(dirname "$(readlink -f "$0")")/.."
+
+cmake --preset check >/dev/null
+cmake --build build/check --target gallery
+rm -rf build/gallery
+
+export QT_QPA_PLATFORM=offscreen:configfile=$PWD/tests/gallery/screen.json
+for scale in 1 2; do
+  for palette in light dark; do
+    for points in 10 18; do echo "$scale $palette $points"; done
+  done
+done | xargs --max-lines=1 --max-procs="$(nproc)" \
+  bash -c 'QT_SCALE_FACTOR=$0 build/check/tests/gallery/gallery build/gallery "$1" "$2"' \
+  2> >(grep -v '^This plugin does not support ' >&2)
