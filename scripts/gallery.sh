@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Photographs every window in every phase, light and dark, at scale 1 and 2, with fonts of 10 and 18 points, at its
-# smallest and its first size and on a large screen. Needs no display.
+# smallest and its first size, on a small screen (800 x 600) and on a large one. Needs no display.
 # Contact sheets: build/gallery/<palette>-<scale>x-<points>pt-<size>.png, single pictures in directories of these names.
 # usage: scripts/gallery.sh
 set -euo pipefail

@@ -19,7 +19,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr QSize kSmallest(1, 1);  // what a window makes of it
-constexpr QSize kLargest(1920, 1080);
+constexpr QSize kSmallScreen(800, 600);
+constexpr QSize kLargeScreen(1920, 1080);
 constexpr QSize kOnSheet(600, 450);
 constexpr int kColumns = 5;
 constexpr int kGap = 12;
@@ -57,7 +58,8 @@ void Album::Take(QWidget& window, const QString& moment) {
     const QSize first = first_sizes_.try_emplace(window.objectName(), window.size()).first->second;
     const QString name = window.objectName() + u'-' + moment;
     TakeAs(window, name, u"smallest"_s, kSmallest);
-    TakeAs(window, name, u"1920x1080"_s, kLargest);
+    TakeAs(window, name, u"800x600"_s, kSmallScreen);
+    TakeAs(window, name, u"1920x1080"_s, kLargeScreen);
     TakeAs(window, name, u"default"_s, first);
   });
 }
