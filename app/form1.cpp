@@ -16,8 +16,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+constexpr int kSmallestWidth = 440;
 constexpr QSize kFirstSize(800, 600);
-constexpr QSize kSmallestSize(440, 400);
 constexpr int kWidest = 1000;           // of the parts together; a wider window leaves room beside them
 constexpr int kNarrow = 560;            // the buttons stand one over the other below this width
 constexpr qreal kPictureInset = 0.147;  // of a button's height
@@ -90,7 +90,7 @@ Form1::Form1(std::int32_t port)
     part->setParent(this);
   }
   text1_->setFocus();
-  setMinimumSize(kSmallestSize);
+  setMinimumSize(kSmallestWidth, look::SmallestWindow(font()).height());
   LetF11FillTheScreen(*this);
   resize(kFirstSize);
 }

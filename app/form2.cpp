@@ -21,7 +21,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr QSize kFirstSize(800, 600);
-constexpr QSize kSmallestSize(360, 400);
 constexpr int kMargin = 24;
 constexpr int kGap = 14;
 constexpr int kFrame = 3;  // of the list, room for the ring of the focus
@@ -97,7 +96,7 @@ Form2::Form2()
   layout->addWidget(leave_);
   leave_->setMinimumHeight(kLeaveHeight);
   list1_->setFocus();
-  setMinimumSize(kSmallestSize);
+  setMinimumSize(look::SmallestWindow(font()));
   LetF11FillTheScreen(*this);
   resize(kFirstSize);
 }

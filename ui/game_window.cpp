@@ -15,6 +15,7 @@
 #include "ui/full_screen.h"
 #include "ui/game_frame.h"
 #include "ui/server_frame.h"
+#include "ui/look.h"
 #include "ui/text_box.h"
 
 namespace brontavia {
@@ -47,6 +48,7 @@ GameWindow::GameWindow(const WindowTraits& window, std::unique_ptr<Connection> c
   boxes_[Box::TBEstado] = game_frame_->Status();
   AddLog(Box::TBMensajes, u"TBMensajes"_s, u"Mensajes"_s, kMessageLines);
   LetF11FillTheScreen(*this);
+  setMinimumSize(look::SmallestWindow(font()));
   resize(kFirstSize.boundedTo(screen()->availableSize() * kMostOfScreen));
 }
 

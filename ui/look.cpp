@@ -155,6 +155,15 @@ double Contrast(const QColor& one, const QColor& other) {
 
 qreal PixelsOf(const QFont& font) { return QFontInfo(font).pixelSize(); }
 
+QSize SmallestWindow(const QFont& font) {
+  constexpr QSizeF kWithSmallFont(640, 480);
+  constexpr QSizeF kWithLargeFont(800, 560);
+  constexpr qreal kSmallFont = 13;
+  constexpr qreal kLargeFont = 24;
+  const qreal part = std::clamp((PixelsOf(font) - kSmallFont) / (kLargeFont - kSmallFont), 0.0, 1.0);
+  return (kWithSmallFont + (kWithLargeFont - kWithSmallFont) * part).toSize();
+}
+
 QFont Scaled(const QFont& font, qreal factor, bool bold) {
   QFont scaled = font;
   scaled.setPixelSize(std::max(kSmallestReadable, qRound(PixelsOf(font) * factor)));

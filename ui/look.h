@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QRectF>
+#include <QSize>
 #include <QString>
 #include <optional>
 #include <span>
@@ -93,6 +94,9 @@ inline constexpr int kSmallestReadable = 11;  // pixels of writing that is meant
 qreal PixelsOf(const QFont& font);
 // `font` at `factor` times its size; never under kSmallestReadable pixels.
 QFont Scaled(const QFont& font, qreal factor, bool bold = false);
+// The size below which no window shrinks: 640 x 480 with a font of 10 pt, growing with the font to 800 x 560, which
+// every screen has room for. In it nothing is cut.
+QSize SmallestWindow(const QFont& font);
 
 // ---- Writing ----
 

@@ -187,8 +187,9 @@ TEST(Form2Window, ItsRowsFillTheListAndAreNeverLow) {
     EXPECT_LE(std::ranges::max(heights) - std::ranges::min(heights), 1);
     EXPECT_EQ(list->verticalScrollBar()->maximum(), 0);
   }
-  form.resize(500, 400);
-  EXPECT_EQ(std::ranges::min(row_heights()), 56);
+  form.resize(form.minimumSize());
+  EXPECT_GE(std::ranges::min(row_heights()), 56);
+  EXPECT_EQ(list->verticalScrollBar()->maximum(), 0);
 }
 
 TEST(Form2Window, EveryGameHasAPictureOfItsOwn) {

@@ -159,7 +159,7 @@ TEST_F(GameWindows, ShowTheKeysBelowAllElseWhereThereIsRoom) {
   ASSERT_EQ(keys->Shown().size(), 2);
   EXPECT_EQ(keys->Shown().first(), play);
   EXPECT_GT(keys->y(), Server.Window->findChild<TextBox*>(u"TBEstado"_s)->geometry().bottom());
-  Server.Window->resize(800, 350);
+  Server.Window->findChild<QWidget*>(u"FrJuego"_s)->resize(800, 350);
   EXPECT_FALSE(keys->isVisible());
 }
 
