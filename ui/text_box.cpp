@@ -194,7 +194,7 @@ bool TextBox::Fits(const QFont& font) const {
     if (size.width() > room.width()) return false;
     height += size.height();
   }
-  return height <= room.height();
+  return height < room.height();  // the box would scroll a text of exactly its height
 }
 
 }  // namespace brontavia

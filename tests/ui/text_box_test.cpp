@@ -189,6 +189,16 @@ TEST_P(FittingText, IsWrittenAsLargeAsItFits) {
   EXPECT_TRUE(ShowsAll());
 }
 
+TEST_P(FittingText, NeverScrollsWhereItsSmallestWritingFits) {
+  Box.SetText(u"00:00 / 00:00"_s);
+  QFont smallest = Largest;
+  smallest.setPixelSize(11);
+  for (int height = TextBox::HeightFor(1, Largest); height >= TextBox::HeightFor(1, smallest); --height) {
+    Box.resize(Box.width(), height);
+    EXPECT_TRUE(ShowsAll()) << height;
+  }
+}
+
 TEST_P(FittingText, IsNeverWrittenTooSmallToBeRead) {
   Box.SetText(u"line\n"_s.repeated(50));
   EXPECT_EQ(Box.font().pixelSize(), 11);
