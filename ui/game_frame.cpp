@@ -104,7 +104,10 @@ void GameFrame::changeEvent(QEvent* event) {
 
 const GameFrame::Spacing& GameFrame::Gaps() const { return width() < kNarrowBelow ? kNarrow : kWide; }
 
-bool GameFrame::HasRoomForKeys() const { return height() >= kKeysFrom * look::PixelsOf(font()); }
+bool GameFrame::HasRoomForKeys() const {
+  const int with_keys = minimumSizeHint().height() + Gaps().AboveKeys + key_line_->sizeHint().height();
+  return height() >= std::max<qreal>(with_keys, kKeysFrom * look::PixelsOf(font()));
+}
 
 int GameFrame::CaptionHeight() const { return LineHeight(look::Scaled(font(), kCaptionTimes)) + Gaps().CaptionToBox; }
 
