@@ -61,7 +61,10 @@ void PictureButton::paintEvent(QPaintEvent* /*event*/) {
   const int side = height() - 2 * inset;
   const QRect picture(kGap, inset, side, side);
   picture_(painter, QRectF(picture), colours);
-  const QRect caption(picture.right() + kGap, 0, this->width() - picture.right() - kGap - look::kUnit, height());
+  const int room = this->width() - picture.right() - kGap;
+  // A word that needs it takes the gap at the end.
+  const int gap = std::clamp(room - SmallestSizeOf(text(), fontMetrics()).width(), look::kUnit, kGap);
+  const QRect caption(picture.right() + kGap, 0, room - gap, height());
   painter.setFont(font());
   painter.setPen(colours.Text);
   painter.drawText(caption, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, text());

@@ -18,6 +18,7 @@
 #include "ui/client_frame.h"
 #include "ui/guide_box.h"
 #include "ui/one_line_label.h"
+#include "ui/picture_button.h"
 #include "ui/server_frame.h"
 
 namespace brontavia::test {
@@ -332,6 +333,21 @@ int EndOfWriting(QWidget& widget) {
     }
   }
   return -1;
+}
+
+TEST(PictureButtonWindow, KeepsItsCaptionAwayFromItsEdge) {
+  constexpr int kFree = 12;
+  PictureButton button(
+      u"Jugar como cliente"_s, [](QPainter&, const QRectF&, const look::Colours&) {}, 0.077);
+  const int height = button.minimumSizeHint().height();
+  for (int width = button.minimumSizeHint().width(); width <= 2 * button.sizeHint().width(); ++width) {
+    button.resize(width, height);
+    const QImage shown = button.grab().toImage();
+    const QImage margin = shown.copy(width - kFree, kFree, kFree - 3, height - 2 * kFree);
+    QImage empty(margin.size(), margin.format());
+    empty.fill(margin.pixelColor(0, 0));
+    ASSERT_EQ(margin, empty) << width;
+  }
 }
 
 TEST(OneLineLabelWindow, IsNarrowedRatherThanCut) {
