@@ -51,7 +51,7 @@ TEST_F(FormBARPair, ShowsTwoGridsAndTheShipsInAFixedWidthBox) {
 TEST(FormBARLayout, ShowsAllOfItselfInEverySizeAndFont) {
   const QString rows = u"Portaaviones T |Portaaviones ?\nAcorazado    I |Acorazado    H\n"_s;
   const QString ships = u"Estado de los barcos\nBarcos propios | Barcos enemigos \n" + rows.repeated(4).chopped(32);
-  ExpectGoodLayout<FormBAR>({{{620, 480}, 13, 0},
+  ExpectGoodLayout<FormBAR>({{{640, 480}, 13, 0},
                              {{800, 560}, 13, 0},
                              {{800, 600}, 13, 37},
                              {{1080, 760}, 13, 47},
