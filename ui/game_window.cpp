@@ -14,8 +14,8 @@
 #include "ui/client_frame.h"
 #include "ui/full_screen.h"
 #include "ui/game_frame.h"
-#include "ui/server_frame.h"
 #include "ui/look.h"
+#include "ui/server_frame.h"
 #include "ui/text_box.h"
 
 namespace brontavia {
