@@ -3,13 +3,15 @@
 It keeps its own idea of the position and compares everything that the windows show with it.
 """
 
+import time
+
 import chess
 import placing
 from chess import GAME, Move, Position
 from handshake import CLIENT, NO_TITLE, SERVER, score_text
 from hands import NO, YES
 from placing import NEW_GAME_TITLE
-from waiting import wait_for_value
+from waiting import wait_for_value, wait_until
 
 
 class Side(placing.Side):
@@ -224,9 +226,23 @@ class Session(placing.Session):
         self.tell(f"{player.name} switches free mode on")
         player.choose(chess.OPTIONS_MENU, chess.FREE_MODE)
         self.answer(side, chess.FREE_MODE_TITLE, chess.FREE_MODE_TEXT, YES)
-        self.answer(1 - side, NO_TITLE, f"{player.name} ha activado el modo libre.")
+        other.copy.box(NO_TITLE)
+        self._await_last_box(other.copy)
         while other.copy.boxes():
             self.answer(1 - side, NO_TITLE, f"{player.name} ha activado el modo libre.")
+
+    @staticmethod
+    def _await_last_box(copy):
+        """Until no further box has come for longer than the pauses between the sends."""
+        seen = [0, time.monotonic()]
+
+        def rests():
+            count = len(copy.boxes())
+            if count != seen[0]:
+                seen[:] = count, time.monotonic()
+            return time.monotonic() - seen[1] > 1
+
+        wait_until("the last box", rests)
 
     def empty_board(self, side):
         player = self.sides[side]

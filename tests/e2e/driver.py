@@ -126,7 +126,8 @@ class Copy:
 
         def look():
             titled = [box for box in self.boxes() if box.name == title]
-            return next((box for box in titled if label_of(box) == text), next(iter(titled), None))
+            alike = [box for box in titled if label_of(box) == text] or titled
+            return next((box for box in alike if has_state(box, pyatspi.STATE_ACTIVE)), next(iter(alike), None))
 
         try:
             return wait_until(f"the box {title!r}", look)
