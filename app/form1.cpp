@@ -72,7 +72,8 @@ Form1::Form1(std::int32_t port)
       text2_(new GuideBox(u"Text2"_s, u"Explicación"_s)),
       credit_(new OneLineLabel(
           u"Brontavia: cinco juegos de mesa para dos jugadores. Programa libre, GPL-3.0 o posterior."_s,
-          OneLineLabel::Ink::Muted)) {
+          OneLineLabel::Ink::Muted)),
+      announcer_(*this) {
   setObjectName(u"Form1"_s);
   setWindowTitle(u"BRONTAVIA"_s);
   QString question = u"Seleccione cómo desea jugar."_s;
@@ -113,6 +114,7 @@ bool Form1::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
       focused_role_ = role;
       Explain(role);
+      announcer_.Announce(text2_->toPlainText());
       break;
     case QEvent::Enter:
       Explain(role);
@@ -132,7 +134,7 @@ void Form1::Explain(std::optional<Role> role) {
     return;
   }
   text2_->SetText(*role == Role::Server ? ServerExplanation(port_) : ClientExplanation());
-  text2_->selectAll();
+  text2_->SelectAll();
 }
 
 bool Form1::IsNarrow() const { return width() < kNarrow; }

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "net/process_values.h"
+#include "ui/announcer.h"
 
 class QPushButton;
 
@@ -35,6 +36,7 @@ class Form1 : public QWidget {
   struct Measures;
 
   QPushButton* MakeRoleButton(Role role);
+  // Shows what a role means, or nothing.
   void Explain(std::optional<Role> role);
   [[nodiscard]] bool IsNarrow() const;
   [[nodiscard]] int ColumnWidth(const Measures& measures) const;
@@ -56,6 +58,7 @@ class Form1 : public QWidget {
   QPushButton* client_button_;
   GuideBox* text2_;
   OneLineLabel* credit_;
+  Announcer announcer_;
 };
 
 }  // namespace brontavia

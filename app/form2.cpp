@@ -70,7 +70,8 @@ Form2::Form2()
     : text1_(new GuideBox(u"Text1"_s, u"Indicaciones"_s, kQuestion)),
       list1_(new GameList),
       rows_(new GameDelegate(list1_)),
-      leave_(new QPushButton(u"SALIR"_s)) {
+      leave_(new QPushButton(u"SALIR"_s)),
+      announcer_(*this) {
   setObjectName(u"Form2"_s);
   setWindowTitle(u"BRONTAVIA"_s);
   text1_->SetText(u"Elija a qué juego desea jugar. Los dos jugadores deben escoger el mismo."_s);
@@ -103,6 +104,11 @@ Form2::Form2()
 
 void Form2::resizeEvent(QResizeEvent* /*event*/) {
   text1_->setFixedHeight(text1_->heightForWidth(width() - 2 * kMargin));
+}
+
+void Form2::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!event->spontaneous()) announcer_.Announce(text1_->toPlainText());
 }
 
 void Form2::ShareHeight() {

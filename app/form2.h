@@ -3,6 +3,8 @@
 
 #include <QWidget>
 
+#include "ui/announcer.h"
+
 class QListWidget;
 class QPushButton;
 
@@ -28,6 +30,7 @@ class Form2 : public QWidget {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void ChooseSelected();
@@ -38,6 +41,7 @@ class Form2 : public QWidget {
   QListWidget* list1_;
   GameDelegate* rows_;
   QPushButton* leave_;
+  Announcer announcer_;
 };
 
 }  // namespace brontavia

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "app/window_owner.h"
-#include "ui/board_accessible.h"
+#include "ui/accessibility.h"
 #include "ui/look.h"
 
 namespace {
@@ -28,7 +28,7 @@ int RunWindows(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   IconSetter icon_setter;
-  brontavia::InstallAccessibleFactory();
+  brontavia::InstallAccessibility();
   brontavia::WindowOwner owner(QApplication::applicationDirPath());
   owner.ShowStart();
   const int code = QApplication::exec();

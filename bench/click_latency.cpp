@@ -24,7 +24,7 @@
 
 #include "games/three_in_row/form_ter.h"
 #include "net/tcp_connection.h"
-#include "ui/board_accessible.h"
+#include "ui/accessibility.h"
 
 namespace brontavia {
 namespace {
@@ -169,7 +169,7 @@ class Copy : public QObject {
 
 int main(int argc, char* argv[]) {
   const QApplication application(argc, argv);
-  brontavia::InstallAccessibleFactory();
+  brontavia::InstallAccessibility();
   const QStringList arguments = QApplication::arguments();
   if (arguments.size() != 4) {
     std::fputs("usage: click_latency server|client PORT MOVES\n", stderr);

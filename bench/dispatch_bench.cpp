@@ -64,6 +64,7 @@ class BlindScreen : public Screen {
   void SetText(Box /*box*/, const QString& text) override { Take(text); }
   void AppendText(Box /*box*/, const QString& /*text*/) override {}
   void AddMessage(const QString& line) override { Take(line); }
+  void Announce(const QString& sentence) override { Take(sentence); }
   void PlaySound(MediaPlayer /*player*/, const QString& /*file*/) override {}
   void ShowScoreboard(const Scoreboard& /*scoreboard*/) override {}
   void ShowKeys(const KeyHints& /*keys*/) override {}

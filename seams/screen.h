@@ -33,6 +33,9 @@ class Screen {
   // TBMensajes: appends a line break and `line`, and selects the line so that the box scrolls to it.
   virtual void AddMessage(const QString& line) = 0;
 
+  // Says what others see on the board alone to those who hear the screen; shows nothing.
+  virtual void Announce(const QString& sentence) = 0;
+
   // The strip above the board, the line of keys below it, and whose sea the big board of the naval battle shows (the
   // word and the sign before it; no other game has such a caption).
   virtual void ShowScoreboard(const Scoreboard& scoreboard) = 0;

@@ -61,6 +61,7 @@ AddressRow::AddressRow(QWidget* parent)
   kind_->setFont(look::Scaled(font(), kKind));
   copy_->setAutoDefault(true);
   copy_->setFixedSize(copy_->sizeHint().expandedTo(kSmallestButton));
+  setFocusProxy(copy_);
   copied_.setSingleShot(true);
   copied_.setInterval(kCopiedFor);
   auto* layout = new QGridLayout(this);

@@ -1,45 +1,106 @@
 #include "ui/announcer.h"
 
 #include <QAccessible>
+#include <algorithm>
+#include <chrono>
 #include <utility>
+
+#include "text/qt_text.h"
 
 namespace brontavia {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
-constexpr int kLongestAnnouncement = 500;
+constexpr qsizetype kLongestAnnouncement = 1000;
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
+// A screen reader asks for the text some time after it was told of it; until then the label has to be there. Under a
+// flood of texts the oldest go first.
+constexpr auto kTimeToAsk = 10s;
+constexpr qsizetype kMostAtATime = 16;
+#endif
+
+bool IsPartOfWord(const QString& text, qsizetype position) {
+  return position >= 0 && position < text.size() && text[position].isLetterOrNumber();
+}
+
+// As words: "A1" is not said with "A10".
+bool SaysToo(const QString& text, const QString& part) {
+  for (qsizetype at = text.indexOf(part); at >= 0; at = text.indexOf(part, at + 1)) {
+    if (!IsPartOfWord(text, at - 1) && !IsPartOfWord(text, at + part.size())) return true;
+  }
+  return false;
+}
 
 }  // namespace
 
-Announcer::Announcer(QWidget* window) : QLabel(window) {
-  setObjectName(u"Announcer"_s);
+Announcement::Announcement(QWidget* window) : QLabel(window) {
   setTextFormat(Qt::PlainText);
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFixedSize(1, 1);
   hide();
+}
+
+Announcer::Announcer(QWidget& window) : window_(window) {
   speak_.setSingleShot(true);
   connect(&speak_, &QTimer::timeout, this, &Announcer::Speak);
 }
 
-void Announcer::Announce(const QString& text) {
-  QString sentence = text.trimmed().left(kLongestAnnouncement);
-  if (sentence.isEmpty()) return;
-  if (sentence.back().isLetterOrNumber()) sentence += u'.';
-  waiting_ << sentence;
+void Announcer::Announce(const QString& text) { Queue(nullptr, text); }
+
+void Announcer::Add(const QWidget& box, const QString& line) { Queue(&box, line); }
+
+void Announcer::Replace(const QWidget& box, const QString& text) {
+  waiting_.removeIf([&](const Piece& piece) { return piece.Box == &box; });
+  Queue(&box, text);
+}
+
+void Announcer::Heard(const QString& text) {
+  heard_ << text.trimmed();
   speak_.start(0);
 }
 
+void Announcer::Queue(const QWidget* box, const QString& text) {
+  const QString piece = ForScreen(text.trimmed().left(kLongestAnnouncement));
+  if (!piece.isEmpty()) waiting_.append({.Box = box, .Text = piece});
+  speak_.start(0);
+}
+
+QString Announcer::Sentence() const {
+  QStringList sentences;
+  for (qsizetype i = 0; i < waiting_.size(); ++i) {
+    const QString& text = waiting_[i].Text;
+    const auto said_by = [&](qsizetype other) {
+      const QString& more = waiting_[other].Text;
+      return other != i && SaysToo(more, text) && (more != text || other < i);
+    };
+    bool said = heard_.contains(text);
+    for (qsizetype other = 0; other < waiting_.size() && !said; ++other) said = said_by(other);
+    if (!said) sentences << (text.back().isLetterOrNumber() ? text + u'.' : text);
+  }
+  return sentences.join(u' ').left(kLongestAnnouncement);
+}
+
 void Announcer::Speak() {
-  const QString text = std::exchange(waiting_, {}).join(u' ').left(kLongestAnnouncement);
+  const QString text = Sentence();
+  waiting_.clear();
+  heard_.clear();
+  if (text.isEmpty()) return;
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-  QAccessibleAnnouncementEvent event(window(), text);
+  QAccessibleAnnouncementEvent event(&window_, text);
   QAccessible::updateAccessibility(&event);
 #else
-  hide();
-  setText(text);
-  show();
+  // Each has a label of its own: a screen reader that is told of two in a row asks for both texts after the second.
+  auto* label = new Announcement(&window_);
+  label->setText(text);
+  label->show();
+  QTimer::singleShot(kTimeToAsk, label, &QObject::deleteLater);
+  spoken_.removeIf([](const QPointer<QWidget>& gone) { return gone.isNull(); });
+  spoken_.append(label);
+  if (spoken_.size() > kMostAtATime) delete spoken_.takeFirst();
 #endif
 }
 

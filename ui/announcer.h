@@ -1,28 +1,59 @@
-// Tells a screen reader what has just appeared in a text box that does not have the focus.
+// Tells those who hear the screen what has just appeared where the focus is not.
 #pragma once
 
 #include <QLabel>
-#include <QStringList>
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
 #include <QTimer>
 
 namespace brontavia {
 
-// One to a window. Where Qt can announce a text by itself that is used; before Qt 6.8 a label of role Notification is
-// given the text and shown, which a screen reader takes for an announcement, and hidden again before the next.
-class Announcer : public QLabel {
+// One to a window. What one handler has to tell is spoken together, once it has returned or waits, and each text once:
+// what is said as part of another text, what has been replaced meanwhile, and what is heard anyway is left out.
+class Announcer : public QObject {
   Q_OBJECT
 
  public:
-  explicit Announcer(QWidget* window);
+  explicit Announcer(QWidget& window);
 
-  // Texts announced by one handler are spoken together. Very long ones are cut.
+  // Blanks around `text` are not spoken, and of a very long one the beginning.
   void Announce(const QString& text);
+  // The same for a line that `box` shows from now on besides what it showed.
+  void Add(const QWidget& box, const QString& line);
+  // The same for the whole text of `box`; what it showed before and has not been spoken never will be.
+  void Replace(const QWidget& box, const QString& text);
+
+  // The screen reader speaks `text` unasked, as the name of what it is on.
+  void Heard(const QString& text);
 
  private:
-  void Speak();
+  struct Piece {
+    const QWidget* Box;  // where it is shown, or none; never looked into
+    QString Text;
+  };
 
-  QStringList waiting_;
+  void Queue(const QWidget* box, const QString& text);
+  void Speak();
+  [[nodiscard]] QString Sentence() const;
+
+  QWidget& window_;
+  QList<Piece> waiting_;
+  QStringList heard_;
   QTimer speak_;
+  QList<QPointer<QWidget>> spoken_;  // the oldest first
+};
+
+// What a screen reader takes for an announcement when it shows: a label that nobody sees, of role Notification.
+class Announcement : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit Announcement(QWidget* window);
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {}
 };
 
 }  // namespace brontavia

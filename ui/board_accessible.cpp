@@ -2,16 +2,19 @@
 
 #include <QAccessibleWidget>
 #include <QWindow>
+#include <optional>
 #include <vector>
 
-#include "ui/announcer.h"
+#include "seams/board_model.h"
 #include "ui/board_view.h"
-#include "ui/strip.h"
 
 namespace brontavia {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+// A text for the eye alone: a hidden piece, a hit on the own fleet, an empty cell.
+constexpr QChar kSign = u'*';
 
 class CellAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
@@ -29,10 +32,14 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleActionInte
   void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
 
   [[nodiscard]] QString text(QAccessible::Text kind) const override {
-    if (kind == QAccessible::Name) return board_->Model().Description(cell_);
-    if (kind == QAccessible::Description) return board_->Model().Cell(cell_).Text;
+    if (kind == QAccessible::Name) return told_name_.emplace(board_->Model().Description(cell_));
+    if (kind == QAccessible::Description) return told_rest_.emplace(Rest());
     return {};
   }
+
+  // Whether what a screen reader was told is no longer true. What it was not asked for it does not know.
+  [[nodiscard]] bool Renamed() const { return told_name_ && told_name_ != board_->Model().Description(cell_); }
+  [[nodiscard]] bool RestChanged() const { return told_rest_ && told_rest_ != Rest(); }
 
   [[nodiscard]] QRect rect() const override {
     const QRect cell = board_->CellRect(cell_);
@@ -65,8 +72,18 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleActionInte
   }
 
  private:
+  // What can be read on the cell and is not said in its name.
+  [[nodiscard]] QString Rest() const {
+    const BoardModel& model = board_->Model();
+    const QString& text = model.Cell(cell_).Text;
+    if (text == kSign || model.Description(cell_).contains(text, Qt::CaseInsensitive)) return {};
+    return text;
+  }
+
   BoardView* board_;
   CellIndex cell_;
+  mutable std::optional<QString> told_name_;
+  mutable std::optional<QString> told_rest_;
 };
 
 class BoardAccessible : public QAccessibleWidget {
@@ -85,6 +102,12 @@ class BoardAccessible : public QAccessibleWidget {
   }
 
   [[nodiscard]] int IndexOf(CellIndex cell) const { return cell.Row * columns_ + cell.Column; }
+
+  // The cell, 0..childCount() - 1, if anybody has asked for it.
+  [[nodiscard]] const CellAccessible* Known(int index) const {
+    const QAccessible::Id id = ids_[static_cast<std::size_t>(index)];
+    return id == 0 ? nullptr : static_cast<const CellAccessible*>(QAccessible::accessibleInterface(id));
+  }
 
   [[nodiscard]] int childCount() const override { return static_cast<int>(ids_.size()); }
 
@@ -119,36 +142,43 @@ class BoardAccessible : public QAccessibleWidget {
   mutable std::vector<QAccessible::Id> ids_;  // 0: not asked for yet
 };
 
-class AnnouncerAccessible : public QAccessibleWidget {
- public:
-  explicit AnnouncerAccessible(Announcer& announcer) : QAccessibleWidget(&announcer, QAccessible::Notification) {}
-  [[nodiscard]] QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Name ? static_cast<Announcer*>(object())->text() : QString();
-  }
-};
-
-QAccessibleInterface* MakeInterface(const QString& /*class_name*/, QObject* object) {
-  if (auto* board = qobject_cast<BoardView*>(object)) return new BoardAccessible(*board);
-  if (auto* announcer = qobject_cast<Announcer*>(object)) return new AnnouncerAccessible(*announcer);
-  if (auto* strip = qobject_cast<Strip*>(object)) return MakeAccessible(*strip);
-  return nullptr;
+void Tell(BoardView& board, int cell, QAccessible::Event kind) {
+  QAccessibleEvent event(&board, kind);
+  event.setChild(cell);
+  QAccessible::updateAccessibility(&event);
 }
 
-void Tell(BoardView& board, CellIndex cell, QAccessible::Event kind) {
-  QAccessibleEvent event(&board, kind);
-  event.setChild(cell.Row * board.Model().columnCount() + cell.Column);
-  QAccessible::updateAccessibility(&event);
+BoardAccessible& AccessibleOf(BoardView& board) {
+  return static_cast<BoardAccessible&>(*QAccessible::queryAccessibleInterface(&board));
+}
+
+int IndexOfCurrent(BoardView& board) {
+  const auto [row, column] = board.Model().CurrentCell();
+  return row * board.Model().columnCount() + column;
 }
 
 }  // namespace
 
-void InstallAccessibleFactory() { QAccessible::installFactory(MakeInterface); }
+QAccessibleInterface* MakeAccessible(BoardView& board) { return new BoardAccessible(board); }
 
-void TellFocus(BoardView& board) { Tell(board, board.Model().CurrentCell(), QAccessible::Focus); }
+void TellFocus(BoardView& board) { Tell(board, IndexOfCurrent(board), QAccessible::Focus); }
 
-void TellChange(BoardView& board, CellIndex cell) {
-  Tell(board, cell, QAccessible::NameChanged);
-  Tell(board, cell, QAccessible::DescriptionChanged);
+bool TellNames(BoardView& board) {
+  const BoardAccessible& cells = AccessibleOf(board);
+  const int current = IndexOfCurrent(board);
+  bool renamed = false;
+  for (int index = 0; index < cells.childCount(); ++index) {
+    const CellAccessible* cell = cells.Known(index);
+    if (cell == nullptr) continue;
+    if (cell->Renamed()) {
+      renamed |= index == current;
+      Tell(board, index, QAccessible::NameChanged);
+    }
+    // Of a cell without the focus nobody speaks it, and a board that changes whole would drown what matters.
+    if (index == current && board.hasFocus() && cell->RestChanged())
+      Tell(board, index, QAccessible::DescriptionChanged);
+  }
+  return renamed;
 }
 
 }  // namespace brontavia

@@ -2,21 +2,20 @@
 // whole rows at a time.
 #pragma once
 
-#include <QAccessible>
-
-#include "seams/board_model.h"
+class QAccessibleInterface;
 
 namespace brontavia {
 
 class BoardView;
 
-// Teaches Qt the interfaces of boards, announcers and strips. Once, after the application object has been made.
-void InstallAccessibleFactory();
+// Qt owns what it is given.
+QAccessibleInterface* MakeAccessible(BoardView& board);
 
 // The screen reader's focus is on the board's current cell.
 void TellFocus(BoardView& board);
 
-// What is on `cell` has changed.
-void TellChange(BoardView& board, CellIndex cell);
+// Tells of the cells whose names have changed since a screen reader asked for them. Returns whether the current cell is
+// one of them.
+bool TellNames(BoardView& board);
 
 }  // namespace brontavia

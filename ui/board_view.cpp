@@ -241,12 +241,8 @@ void BoardView::focusInEvent(QFocusEvent* event) {
   QWidget::focusInEvent(event);
   update();
   // After the focus of the board itself has been told, so that the way in speaks the current cell.
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        if (hasFocus()) TellFocus(*this);
-      },
-      Qt::QueuedConnection);
+  focus_to_tell_ = true;
+  TellSoon();
 }
 
 void BoardView::focusOutEvent(QFocusEvent* event) {
@@ -260,17 +256,35 @@ void BoardView::CurrentCellMoved(CellIndex previous, CellIndex current) {
   update(CellRect(previous));
   update(CellRect(current));
   RepaintOver();
-  if (hasFocus()) TellFocus(*this);
+  focus_to_tell_ = true;
+  TellSoon();
 }
 
 void BoardView::CellsChanged(const QModelIndex& first, const QModelIndex& last) {
   for (int row = first.row(); row <= last.row(); ++row) {
     for (int column = first.column(); column <= last.column(); ++column) {
       update(CellRect({row, column}));
-      TellChange(*this, {row, column});
     }
   }
   RepaintOver();
+  TellSoon();
+}
+
+// ---- What a screen reader is told ----
+
+void BoardView::TellSoon() {
+  if (telling_) return;
+  telling_ = true;
+  QMetaObject::invokeMethod(this, &BoardView::Tell, Qt::QueuedConnection);
+}
+
+void BoardView::Tell() {
+  telling_ = false;
+  const bool renamed = TellNames(*this);
+  const bool entered = std::exchange(focus_to_tell_, false);
+  if (!hasFocus()) return;
+  if (entered) TellFocus(*this);
+  if (entered || renamed) emit CellSpoken(model_.Description(model_.CurrentCell()));
 }
 
 void BoardView::RepaintOver() {

@@ -50,6 +50,8 @@ class BoardView : public QWidget {
   void CellClicked(brontavia::CellIndex cell);
   // The pointer has moved over a cell, headers included.
   void PointerMoved(brontavia::CellIndex cell);
+  // A screen reader says `name` unasked: the name of the current cell.
+  void CellSpoken(const QString& name);
   // A key (Qt::Key) that the board itself has no use for.
   void KeyPressed(int key);
 
@@ -82,6 +84,9 @@ class BoardView : public QWidget {
   void RepaintOver();
   void CurrentCellMoved(CellIndex previous, CellIndex current);
   void CellsChanged(const QModelIndex& first, const QModelIndex& last);
+  // Once the handler has returned or waits, so that what is told is true then.
+  void TellSoon();
+  void Tell();
 
   BoardModel& model_;
   const CellPainter& painter_;
@@ -93,6 +98,8 @@ class BoardView : public QWidget {
   QRegion over_;  // where the painter paints over the cells
   std::optional<CellIndex> pressed_;
   bool cursor_needs_focus_ = false;
+  bool telling_ = false;
+  bool focus_to_tell_ = false;
 };
 
 }  // namespace brontavia

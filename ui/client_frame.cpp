@@ -73,6 +73,8 @@ ClientFrame::ClientFrame(const QString& instructions)
   connect(connect_there_, &QPushButton::clicked, this, &ClientFrame::CbConectarClicked);
 }
 
+QString ClientFrame::Guidance() const { return instructions_->toPlainText(); }
+
 void ClientFrame::resizeEvent(QResizeEvent* event) {
   GuideFrame::resizeEvent(event);
   QRect room = contentsRect();

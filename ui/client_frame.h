@@ -17,6 +17,8 @@ class ClientFrame : public GuideFrame {
  public:
   explicit ClientFrame(const QString& instructions);
 
+  [[nodiscard]] QString Guidance() const override;
+
  signals:
   void CBConLocalClicked();
   void CbConectarClicked();

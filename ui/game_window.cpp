@@ -9,7 +9,6 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "ui/announcer.h"
 #include "ui/board_view.h"
 #include "ui/client_frame.h"
 #include "ui/full_screen.h"
@@ -36,7 +35,7 @@ GameWindow::GameWindow(const WindowTraits& window, std::unique_ptr<Connection> c
       server_frame_(new ServerFrame(*connection_)),
       client_frame_(new ClientFrame(ClientInstructions(window))),
       game_frame_(new GameFrame),
-      announcer_(new Announcer(this)) {
+      announcer_(*this) {
   setObjectName(window.Window.toString());
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
@@ -62,6 +61,7 @@ void GameWindow::Attach(ConnectionFlow& flow, BoardView& board) {
   board_->setObjectName(u"FG1"_s);
   board_->setAccessibleName(u"Tablero"_s);
   game_frame_->SetBoard(board);
+  connect(&board, &BoardView::CellSpoken, &announcer_, &Announcer::Heard);
   server_frame_->SetPort(flow_->Port());
   connect(client_frame_, &ClientFrame::CbConectarClicked, flow_, &ConnectionFlow::CbConectarClicked);
   connect(client_frame_, &ClientFrame::CBConLocalClicked, flow_, &ConnectionFlow::CBConLocalClicked);
@@ -86,7 +86,10 @@ TextBox* GameWindow::AddTable(Box box, const QString& name, const QString& acces
   return boxes_[box] = game_frame_->AddTable(name, accessible_name, lines);
 }
 
-void GameWindow::AddSmallBoard(BoardView& board) { game_frame_->SetSmallBoard(board); }
+void GameWindow::AddSmallBoard(BoardView& board) {
+  game_frame_->SetSmallBoard(board);
+  connect(&board, &BoardView::CellSpoken, &announcer_, &Announcer::Heard);
+}
 
 QMenuBar* GameWindow::AddMenuBar() {
   menu_bar_ = new QMenuBar;
@@ -120,19 +123,24 @@ void GameWindow::ShowFrame(Frame frame, bool visible) {
   box->setEnabled(visible);
   if (frame == Frame::FrJuego && menu_bar_ != nullptr) menu_bar_->setVisible(visible);
   if (visible && frame == Frame::FrJuego) board_->setFocus();
+  if (const auto* guide = qobject_cast<const GuideFrame*>(box); visible && guide != nullptr) {
+    announcer_.Announce(guide->Guidance());
+  }
 }
 
 void GameWindow::SetText(Box box, const QString& text) {
   boxes_.at(box)->SetText(text);
-  if (box == Box::TBEstado || box == Box::TBMensajes) announcer_->Announce(text);
+  if (box == Box::TBEstado || box == Box::TBMensajes) announcer_.Replace(*boxes_.at(box), text);
 }
 
 void GameWindow::AppendText(Box box, const QString& text) { boxes_.at(box)->AppendText(text); }
 
 void GameWindow::AddMessage(const QString& line) {
   boxes_.at(Box::TBMensajes)->AddLine(line);
-  announcer_->Announce(line);
+  announcer_.Add(*boxes_.at(Box::TBMensajes), line);
 }
+
+void GameWindow::Announce(const QString& sentence) { announcer_.Announce(sentence); }
 
 void GameWindow::ShowScoreboard(const Scoreboard& scoreboard) { game_frame_->ShowScoreboard(scoreboard); }
 

@@ -9,6 +9,7 @@
 #include "net/connection_flow.h"
 #include "seams/connection.h"
 #include "seams/screen.h"
+#include "ui/announcer.h"
 #include "ui/sound_player.h"
 #include "ui/widget_dialogs.h"
 
@@ -17,7 +18,6 @@ class QMenuBar;
 
 namespace brontavia {
 
-class Announcer;
 class BoardView;
 class ClientFrame;
 class GameFrame;
@@ -59,6 +59,7 @@ class GameWindow : public QWidget, protected Screen {
   void SetText(Box box, const QString& text) override;
   void AppendText(Box box, const QString& text) override;
   void AddMessage(const QString& line) override;
+  void Announce(const QString& sentence) override;
   void ShowScoreboard(const Scoreboard& scoreboard) override;
   void ShowKeys(const KeyHints& keys) override;
   void ShowBoardCaption(const QString& caption, PlayerSign owner) override;
@@ -75,7 +76,7 @@ class GameWindow : public QWidget, protected Screen {
   ClientFrame* client_frame_;
   GameFrame* game_frame_;
   QMenuBar* menu_bar_ = nullptr;
-  Announcer* announcer_;
+  Announcer announcer_;
 };
 
 }  // namespace brontavia

@@ -11,6 +11,9 @@ class GuideFrame : public QGroupBox {
  public:
   GuideFrame(const QString& title, const QString& name);
 
+  // What is told to a person who comes to the frame without seeing it.
+  [[nodiscard]] virtual QString Guidance() const = 0;
+
   // Less would leave no room for anything to read.
   [[nodiscard]] QSize minimumSizeHint() const override;
 

@@ -148,9 +148,16 @@ void ServerFrame::SetPort(std::int32_t port) {
       number + u" hacia este ordenador."_s);
 }
 
+QString ServerFrame::Guidance() const {
+  return instructions_->toPlainText().trimmed() + u' ' +
+         (addresses_.isEmpty() ? no_network_->text() + u' ' : QString()) + note_->text();
+}
+
 bool ServerFrame::event(QEvent* event) {
   const bool handled = GuideFrame::event(event);
   if (event->type() == QEvent::Show || event->type() == QEvent::WindowActivate) Refresh();
+  // The instructions are announced; in their box their first line would be said again.
+  if (event->type() == QEvent::Show && !addresses_.isEmpty()) rows_.front()->setFocus();
   return handled;
 }
 

@@ -25,6 +25,7 @@ class ServerFrame : public GuideFrame {
   explicit ServerFrame(const Connection& connection);
 
   void SetPort(std::int32_t port);
+  [[nodiscard]] QString Guidance() const override;
 
  protected:
   bool event(QEvent* event) override;

@@ -1,6 +1,7 @@
 #include "ui/text_box.h"
 
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -62,11 +63,13 @@ TextBox::TextBox(const QString& name, const QString& accessible_name, QWidget* p
 }
 
 void TextBox::SetText(const QString& text) {
+  const QScopedValueRollback writing(being_written_, true);
   setPlainText(ForScreen(Shortened(text, kMostAtOnce)));
   Fit();
 }
 
 void TextBox::AppendText(const QString& text) {
+  const QScopedValueRollback writing(being_written_, true);
   moveCursor(QTextCursor::End);
   insertPlainText(ForScreen(text.last(qMin(text.size(), kMostAtOnce))));
   ForgetOldest();
@@ -75,6 +78,7 @@ void TextBox::AppendText(const QString& text) {
 }
 
 void TextBox::AddLine(const QString& line) {
+  const QScopedValueRollback writing(being_written_, true);
   const QString shown = ForScreen(Shortened(line, kLongestLine));
   QTextCursor cursor(document());
   cursor.movePosition(QTextCursor::End);
@@ -85,6 +89,11 @@ void TextBox::AddLine(const QString& line) {
   cursor.setPosition(end - static_cast<int>(shown.size()));
   cursor.setPosition(end, QTextCursor::KeepAnchor);
   setTextCursor(cursor);
+}
+
+void TextBox::SelectAll() {
+  const QScopedValueRollback writing(being_written_, true);
+  selectAll();
 }
 
 void TextBox::ForgetOldest() {

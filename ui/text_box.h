@@ -25,6 +25,11 @@ class TextBox : public QPlainTextEdit {
   // characters the beginning is shown.
   void AddLine(const QString& line);
 
+  void SelectAll();
+
+  // Whether the program is changing the text or what is selected, rather than the user.
+  [[nodiscard]] bool IsBeingWritten() const { return being_written_; }
+
   // The box is at least this many lines high.
   void SetMinimumLines(int lines);
 
@@ -54,6 +59,7 @@ class TextBox : public QPlainTextEdit {
   [[nodiscard]] bool Fits(const QFont& font) const;
 
   std::optional<QFont> largest_;
+  bool being_written_ = false;
 };
 
 }  // namespace brontavia

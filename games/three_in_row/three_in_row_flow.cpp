@@ -15,6 +15,16 @@ constexpr BoardShape kFG1Shape{.Rows = kTerSide, .Columns = kTerSide, .CellWidth
 
 CellIndex IndexOf(int cell) { return {.Row = cell / kTerSide, .Column = cell % kTerSide}; }
 
+QString PlaceOf(int cell) {
+  const CellIndex index = IndexOf(cell);
+  return u"fila %1, columna %2"_s.arg(index.Row + 1).arg(index.Column + 1);
+}
+
+QString Told(TerMove move) {
+  const QString target = PlaceOf(move.Target);
+  return move.Lifted == kNoCell ? target : u"de "_s + PlaceOf(move.Lifted) + u" a " + target;
+}
+
 int CellOf(CellIndex index) { return index.Row * kTerSide + index.Column; }
 
 }  // namespace
@@ -131,6 +141,7 @@ void ThreeInRowFlow::MoveReceived(const QString& payload) {
   board_.Apply(session_.CurrentTurn, *move);
   opponents_move_ = move;
   ShowBoard();
+  Screen().Announce(session_.PlayerNames.Trimmed(session_.CurrentTurn) + u": "_s + Told(*move));
   if (session_.GameOver) return;
   session_.CurrentTurn = OpponentOf(session_.CurrentTurn);
   const QString name = session_.PlayerNames.Trimmed(session_.CurrentTurn);

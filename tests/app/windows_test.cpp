@@ -19,6 +19,7 @@
 #include "app/form1.h"
 #include "app/form2.h"
 #include "app/games.h"
+#include "tests/support/accessible_events.h"
 #include "tests/support/printers.h"
 #include "tests/support/waiting.h"
 #include "ui/text_box.h"
@@ -83,6 +84,24 @@ void Point(QWidget& widget) {
 void Leave(QWidget& widget) {
   QEvent event(QEvent::Leave);
   QApplication::sendEvent(&widget, &event);
+}
+
+TEST(Form1Window, AFocusedButtonSaysTheWholeExplanationEachTime) {
+  const AccessibleEvents events;
+  Form1 form(34567);
+  form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  QStringList expected;
+  for (int i = 0; i < 3; ++i) {
+    QTest::keyClick(QApplication::focusWidget(), i < 2 ? Qt::Key_Tab : Qt::Key_Backtab);
+    PassATurn();
+    expected << Text(form, u"Text2"_s);
+  }
+  EXPECT_EQ(AccessibleEvents::Announcements(), expected);
+  EXPECT_TRUE(expected[0].endsWith(u"el otro como cliente."_s)) << "nothing is cut off";
+  EXPECT_NE(expected[0], expected[1]);
+  EXPECT_EQ(expected[0], expected[2]);
+  EXPECT_EQ(AccessibleEvents::Of(QAccessible::TextSelectionChanged), QStringList()) << "it would be said twice";
 }
 
 TEST(Form1Window, PointingAtAButtonExplainsItAndLeavingBringsTheFocusedOnesTextBack) {
@@ -166,6 +185,14 @@ TEST(Form2Window, ListsTheGamesWithTheFirstSelected) {
   EXPECT_EQ(Text(form, u"Text1"_s), u"Elija a qué juego desea jugar. Los dos jugadores deben escoger el mismo."_s);
   EXPECT_EQ(form.findChild<QPushButton*>(u"Command1"_s)->text(), u"SALIR"_s);
   EXPECT_EQ(form.windowTitle(), u"BRONTAVIA"_s);
+}
+
+TEST(Form2Window, SaysWhatToDoAsItComes) {
+  const AccessibleEvents events;
+  Form2 form;
+  form.show();
+  PassATurn();
+  EXPECT_EQ(AccessibleEvents::Announcements(), QStringList({Text(form, u"Text1"_s)}));
 }
 
 TEST(Form2Window, ItsRowsFillTheListAndAreNeverLow) {

@@ -41,6 +41,12 @@ CONTROLS = {
 _MENUS = Menus()
 
 
+def cell_tells(name, text):
+    """What a cell tells that has a name and displays a text: the text only where it adds to the name."""
+    adds = text not in ("", "*") and text.casefold() not in name.casefold()
+    return f"{name} | {text}" if adds else name
+
+
 def free_port():
     """A port that nobody listens on, outside the range that the system gives to outgoing connections."""
     while True:
@@ -221,8 +227,8 @@ class Copy:
         return 1 + sum(1 for _ in itertools.takewhile(lambda top: top == first, tops))
 
     def board(self, board="FG1"):
-        """What the cells of a board display, in row-major order."""
-        return [cell.description for cell in self.cells(board)]
+        """What is told of the cells of a board, in row-major order."""
+        return [cell_tells(cell.name, cell.description) for cell in self.cells(board)]
 
     def current_cell(self, board="FG1"):
         """The number of the cell under the board's cursor."""
@@ -246,9 +252,13 @@ class Copy:
     def expect_text(self, name, expected):
         wait_for_value(name, lambda: self.text(name), expected)
 
-    def expect_board(self, expected, board="FG1"):
-        """The board's cells as one text, with rows parted by blanks: "*X* *O* ***"."""
-        wait_for_value(board, lambda: "".join(self.board(board)), expected.replace(" ", ""))
+    def expect_board(self, expected):
+        """The cells of three in a row as one text, with rows parted by blanks: "*X* *O* ***"."""
+        names = [
+            f"Fila {number // 3 + 1}, columna {number % 3 + 1}: {'vacía' if mark == '*' else mark}"
+            for number, mark in enumerate(expected.replace(" ", ""))
+        ]
+        wait_for_value("the board", self.board, names)
 
     def expect_no_box(self):
         boxes = [(box.name, label_of(box)) for box in self.boxes()]

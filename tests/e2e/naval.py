@@ -4,6 +4,7 @@ The session keeps its own idea of both seas and compares everything that the win
 """
 
 import placing
+from driver import cell_tells
 from handshake import CLIENT, NO_TITLE, SERVER, Game
 from hands import NO
 from placing import LOSS_TITLE, WIN_TITLE
@@ -108,11 +109,6 @@ def around(cells):
     return set(found) - set(cells)
 
 
-def shown(copy, board):
-    """What the cells of a board that are not empty display."""
-    return {name_of(number): text for number, text in enumerate(copy.board(board)) if text}
-
-
 # ---- One player's side of the battle ----
 
 
@@ -171,6 +167,11 @@ class Side(placing.Side):
             return f"{cell} {SHIPS[ship][0]}"
         return f"{cell} Agua" if cell in self.margin() else f"{cell} "
 
+    def own_description(self, cell):
+        """What a screen reader says of a cell of FG2."""
+        shown, ship = self.own.get(cell, ""), self.ship_at(cell)
+        return f"{cell} {SHIPS[ship][0] if shown and ship is not None else ''}{' Impacto' if shown == '*' else ''}"
+
     def fleet_travelled(self):
         """When either fleet has been sent or has come, FG1 is empty and FG2 shows the own ships placed so far."""
         self.target = {}
@@ -181,10 +182,15 @@ class Side(placing.Side):
 
     def expect_boards(self):
         """Both boards, each cell."""
-        corner = {CORNER: self.corner} if self.corner else {}
-        for board, texts, of_corner in (("FG1", self.target, {}), ("FG2", self.own, corner)):
-            expected = {**_HEADERS, **texts, **of_corner}
-            wait_for_value(f"{board} of {self.name}", lambda: shown(self.copy, board), expected)
+        cells = [f"{column}{row}" for column in _COLUMNS for row in range(1, 11)]
+        big = {cell: cell_tells(self.description(cell), self.target.get(cell, "")) for cell in cells}
+        small = {cell: cell_tells(self.own_description(cell), self.own.get(cell, "")) for cell in cells}
+        for board, sea, corner in (("FG1", big, ""), ("FG2", small, self.corner)):
+            expected = {**_HEADERS, CORNER: corner, **sea}
+            wait_for_value(f"{board} of {self.name}", lambda: self._shown(board), expected)
+
+    def _shown(self, board):
+        return {name_of(number): text for number, text in enumerate(self.copy.board(board))}
 
     def expect_ships_to_place(self):
         missing = [SHIPS[ship] for ship in range(7) if ship not in self.placed]

@@ -7,6 +7,7 @@ import collections
 import itertools
 
 import placing
+from driver import cell_tells
 from handshake import CLIENT, NO_TITLE, SERVER
 from hands import NO
 from placing import LOSS_TITLE, WIN_TITLE
@@ -104,13 +105,10 @@ class Side(placing.Side):
 
     def expect_board(self):
         """Each cell."""
-        shown = {cell: RANKS[self.rank_at(cell)] if self.knows(cell) else "*" for cell in self.board}
-        numbers = {self.number_of(cell): text for cell, text in {**shown, **self.lingering}.items()}
-        expected = {**self.variant.headers(), **numbers}
-        wait_for_value(f"the board of {self.name}", self._shown, expected)
-
-    def _shown(self):
-        return {number: text for number, text in enumerate(self.copy.board()) if text}
+        cells = {cell: cell_tells(self.description(cell), self.lingering.get(cell, "")) for cell in self.variant.cells()}
+        numbers = {self.number_of(cell): text for cell, text in cells.items()}
+        expected = {0: "", **self.variant.headers(), **numbers}
+        wait_for_value(f"the board of {self.name}", lambda: dict(enumerate(self.copy.board())), expected)
 
     def deploy(self, answer):
         """F3, and the answer to the question whether that is all."""
@@ -126,10 +124,11 @@ class Side(placing.Side):
             self.log = ""
 
     def _read_army(self):
-        """An army that the program has drawn up, as its own board shows it."""
+        """An army that the program has drawn up, as its own board tells it."""
         texts = self.copy.board()
         for cell in self.variant.zone():
-            self.set(cell, (self.number, RANKS.index(texts[self.number_of(cell)])))
+            rank = texts[self.number_of(cell)].rsplit(" ", 3)[0]  # "Capitán rojo . A1"
+            self.set(cell, (self.number, RANKS.index(rank)))
         self.left = dict.fromkeys(self.left, 0)
         counts = collections.Counter(self.rank_at(cell) for cell in self.variant.zone())
         assert counts == collections.Counter(self.variant.counts), f"the army of {self.name} is {counts}"

@@ -65,7 +65,7 @@ class NavalWire(cases.CopiesTest):
         peer.send(b"Jug|))IHaganado|")
         hand.answer_box(placing.LOSS_TITLE, naval.loss_text("Eva"))
         hand.copy.expect_text("TBMensajes", "")
-        self.assertEqual(hand.copy.cell(naval.number_of("A1"), "FG2").description, "P")
+        self.assertNotIn("Impacto", hand.copy.cell(naval.number_of("A1"), "FG2").name)
         peer.send(b"Seguir|No")
         hand.answer_box(handshake.NO_TITLE, handshake.refusal_text("Eva"))
         handshake.leave(hand)

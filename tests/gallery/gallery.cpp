@@ -13,7 +13,7 @@
 
 #include "tests/gallery/album.h"
 #include "tests/gallery/scenes.h"
-#include "ui/board_accessible.h"
+#include "ui/accessibility.h"
 
 namespace {
 
@@ -47,7 +47,7 @@ int main(int argc, char* argv[]) {
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setPalette(MakePalette(palette == u"dark"));
   QApplication::setFont(QFont(u"DejaVu Sans"_s, points.toInt()));
-  brontavia::InstallAccessibleFactory();
+  brontavia::InstallAccessibility();
 
   brontavia::test::Album album(arguments[1], u"%1-%2x-%3pt"_s.arg(palette).arg(qApp->devicePixelRatio()).arg(points));
   brontavia::test::TakeWindowsBeforeTheGame(album);

@@ -32,6 +32,10 @@ class RecordingScreen : public Screen {
     Messages += u"\r\n" + line;
     Lines << line;
   }
+  void Announce(const QString& sentence) override {
+    ++Writes;
+    Announced << sentence;
+  }
   void ShowScoreboard(const brontavia::Scoreboard& scoreboard) override {
     ++Writes;
     Scoreboard = scoreboard;
@@ -53,13 +57,14 @@ class RecordingScreen : public Screen {
 
   QString Caption;
   QMap<Frame, bool> Visible;
-  QString Status;     // TBEstado
-  QString Messages;   // TBMensajes
-  QStringList Lines;  // every line ever added
-  QString Ships;      // TBBarcos
-  QString Moves;      // TBJugadas
-  QString Position;   // TBEntorno
-  QString Clocks;     // TBReloj
+  QString Status;         // TBEstado
+  QString Messages;       // TBMensajes
+  QStringList Lines;      // every line ever added
+  QStringList Announced;  // beside what the boxes tell
+  QString Ships;          // TBBarcos
+  QString Moves;          // TBJugadas
+  QString Position;       // TBEntorno
+  QString Clocks;         // TBReloj
   brontavia::Scoreboard Scoreboard;
   KeyHints Keys;
   QString BoardCaption;

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QThread>
+#include <QTimer>
 #include <functional>
 #include <type_traits>
 
@@ -48,6 +49,14 @@ inline bool Eventually(const std::function<bool()>& condition) {
 inline void LetPass(int milliseconds) {
   const QDeadlineTimer deadline(milliseconds);
   while (!deadline.hasExpired()) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+}
+
+// Handles events until all that was put off to the next turn of the event loop has run.
+inline void PassATurn() {
+  QTimer last;
+  last.setSingleShot(true);
+  last.start(0);
+  while (last.isActive()) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
 }
 
 // Runs `script` as the user, on a thread of its own, while the windows' event loop runs; so a script can answer a box

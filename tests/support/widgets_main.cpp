@@ -3,12 +3,12 @@
 
 #include <QApplication>
 
-#include "ui/board_accessible.h"
+#include "ui/accessibility.h"
 
 int main(int argc, char* argv[]) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  brontavia::InstallAccessibleFactory();
+  brontavia::InstallAccessibility();
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }

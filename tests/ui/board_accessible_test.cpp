@@ -4,8 +4,10 @@
 
 #include <QAccessible>
 #include <QTest>
+#include <tuple>
 #include <vector>
 
+#include "tests/support/accessible_events.h"
 #include "tests/support/plain_painter.h"
 #include "tests/support/printers.h"
 #include "ui/board_view.h"
@@ -36,7 +38,10 @@ class AccessibleBoard : public testing::Test {
   }
 
   BoardModel Model{{.Rows = 3, .Columns = 4, .HeaderCells = 1, .CellWidth = 600, .CellHeight = 800, .HeaderSize = 300},
-                   [](CellIndex cell) { return u"cell %1,%2"_s.arg(cell.Row).arg(cell.Column); }};
+                   [this](CellIndex cell) -> QString {
+                     return u"cell %1,%2"_s.arg(cell.Row).arg(cell.Column) + On.value(cell.Column);
+                   }};
+  QMap<int, QString> On;  // what is said to be on the cells of a column
   PlainPainter Painter;
   QWidget Window;
   QWidget Other{&Window};
@@ -65,11 +70,74 @@ TEST_F(AccessibleBoard, IsANamedGroupOfOneItemACellInRowMajorOrder) {
   EXPECT_EQ(Board()->indexOfChild(Board()), -1);
 }
 
-TEST_F(AccessibleBoard, ACellIsDescribedByItsText) {
+TEST_F(AccessibleBoard, ACellIsDescribedByItsTextWhereThatAddsToTheName) {
   EXPECT_EQ(Child(6)->text(QAccessible::Description), QString());
-  Model.SetCell({1, 2}, {.Text = u"X"_s});
-  EXPECT_EQ(Child(6)->text(QAccessible::Description), u"X"_s);
+  Model.SetCell({1, 2}, {.Text = u"Capitán"_s});
+  EXPECT_EQ(Child(6)->text(QAccessible::Description), u"Capitán"_s);
+  On[2] = u" CAPITÁN rojo"_s;
+  EXPECT_EQ(Child(6)->text(QAccessible::Description), QString()) << "the name says it";
+  Model.SetCell({1, 2}, {.Text = u"*"_s});
+  On.clear();
+  EXPECT_EQ(Child(6)->text(QAccessible::Description), QString()) << "a sign for the eye alone";
   EXPECT_EQ(Child(6)->text(QAccessible::Value), QString());
+}
+
+TEST_F(AccessibleBoard, OnlyCellsThatWereAskedForAndAreCalledOtherwiseTell) {
+  const AccessibleEvents events;
+  std::ignore = Child(5)->text(QAccessible::Name);
+  std::ignore = Child(6)->text(QAccessible::Name);
+  On[2] = u" X"_s;
+  On[3] = u" O"_s;
+  for (int column = 1; column < 4; ++column) Model.SetCell({1, column}, {.Text = u"*"_s, .Marks = Mark::LastMove});
+  EXPECT_TRUE(AccessibleEvents::All().isEmpty()) << "when the handler has returned it may be called otherwise again";
+  QCoreApplication::processEvents();
+  EXPECT_EQ(AccessibleEvents::Of(QAccessible::NameChanged), QStringList({u"cell 1,2 X"_s}));
+  Model.SetCell({1, 2}, {.Text = u"*"_s});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(AccessibleEvents::Of(QAccessible::NameChanged).size(), 1) << "told once";
+}
+
+TEST_F(AccessibleBoard, TheDescriptionOfTheCellWithTheFocusAloneTells) {
+  const AccessibleEvents events;
+  for (const int index : {5, 6}) std::ignore = Child(index)->text(QAccessible::Description);
+  Model.SetCell({1, 1}, {.Text = u"Capitán"_s});
+  Model.SetCell({1, 2}, {.Text = u"Capitán"_s});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(AccessibleEvents::Of(QAccessible::DescriptionChanged), QStringList({u"cell 1,1"_s}));
+  Model.SetCurrentCell({1, 2});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(AccessibleEvents::Of(QAccessible::DescriptionChanged), QStringList({u"cell 1,1"_s, u"cell 1,2"_s}))
+      << "what a screen reader has remembered is put right as it comes there";
+}
+
+TEST_F(AccessibleBoard, TheFocusIsToldOnceForAllStepsOfAHandler) {
+  QCoreApplication::processEvents();
+  const AccessibleEvents events;
+  QStringList spoken;
+  QObject::connect(View, &BoardView::CellSpoken, View, [&](const QString& name) { spoken << name; });
+  Model.SetCurrentCell({1, 2});
+  Model.SetCurrentCell({1, 3});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(AccessibleEvents::Of(QAccessible::Focus), QStringList({u"cell 1,3"_s}));
+  EXPECT_EQ(spoken, QStringList({u"cell 1,3"_s}));
+  Other.setFocus();
+  AccessibleEvents::Forget();
+  Model.SetCurrentCell({1, 1});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(AccessibleEvents::Of(QAccessible::Focus), QStringList()) << "the focus is elsewhere";
+  EXPECT_EQ(spoken.size(), 1);
+}
+
+TEST_F(AccessibleBoard, ACurrentCellThatIsCalledOtherwiseIsSpokenToo) {
+  QCoreApplication::processEvents();
+  const AccessibleEvents events;
+  QStringList spoken;
+  QObject::connect(View, &BoardView::CellSpoken, View, [&](const QString& name) { spoken << name; });
+  std::ignore = Child(5)->text(QAccessible::Name);
+  On[1] = u" X"_s;
+  Model.SetCell({1, 1}, {.Text = u"X"_s});
+  QCoreApplication::processEvents();
+  EXPECT_EQ(spoken, QStringList({u"cell 1,1 X"_s}));
 }
 
 TEST_F(AccessibleBoard, ACellLiesWhereItIsOnScreen) {

@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include "net/connection_flow.h"
+#include "tests/support/accessible_events.h"
 #include "tests/support/box_answerer.h"
 #include "tests/support/joined_connections.h"
 #include "tests/support/plain_painter.h"
@@ -49,7 +50,9 @@ class PlainWindow : public GameWindow {
   }
 
   PlainFlow Flow;
-  BoardModel Model{{.Rows = 3, .Columns = 3, .CellWidth = 900, .CellHeight = 900}, [](CellIndex) { return QString(); }};
+  BoardModel Model{{.Rows = 3, .Columns = 3, .CellWidth = 900, .CellHeight = 900}, [](CellIndex cell) -> QString {
+                     return QString::number(cell.Row) + u',' + QString::number(cell.Column);
+                   }};
   PlainPainter Painter;
   BoardView Board;
 };
@@ -141,6 +144,51 @@ TEST_F(GameWindows, ShowCaptionAndTexts) {
   EXPECT_EQ(Server.Text(u"TBEstado"_s), u"Coloque una ficha"_s);
   Server.Told().AddMessage(u"<b>Ana</b>"_s);
   EXPECT_EQ(Server.Text(u"TBMensajes"_s), u"\n<b>Ana</b>"_s);
+}
+
+TEST_F(GameWindows, SayTheInstructionsOfAFrameAsItShows) {
+  const AccessibleEvents events;
+  const auto shows = [](Side& side, Frame frame) {
+    AccessibleEvents::Forget();
+    side.Told().ShowFrame(frame, false);
+    side.Told().ShowFrame(frame, true);
+    PassATurn();
+    return AccessibleEvents::Announcements();
+  };
+  EXPECT_EQ(shows(Client, Frame::FrCliente), QStringList({Client.Text(u"TbCli1"_s).trimmed()}));
+  const QStringList server = shows(Server, Frame::FrServidor);
+  ASSERT_EQ(server.size(), 1);
+  EXPECT_TRUE(server.first().startsWith(Server.Text(u"TbServ1"_s).trimmed())) << qPrintable(server.first());
+}
+
+TEST_F(GameWindows, SayEachNewTextOnceAndWhatOthersSeeOnTheBoard) {
+  Connect();
+  const AccessibleEvents events;
+  Server.Told().SetText(Box::TBEstado, u"Comandante movido"_s);
+  Server.Told().AddMessage(u"Comandante movido. Le toca jugar a Luis"_s);
+  Server.Told().Announce(u"Luis: fila 2, columna 2"_s);
+  Server.Told().SetText(Box::TBReloj, u"04:12"_s);
+  PassATurn();
+  EXPECT_EQ(AccessibleEvents::Announcements(),
+            QStringList({u"Comandante movido. Le toca jugar a Luis. Luis: fila 2, columna 2."_s}));
+}
+
+// What a game does as the current cell changes.
+TEST_F(GameWindows, SayAStatusThatNamesTheCurrentCellOnlyWhereTheCellIsNotSaid) {
+  PlainWindow& window = Playing();
+  PassATurn();
+  const AccessibleEvents events;
+  const auto announced_at = [&](CellIndex cell) {
+    AccessibleEvents::Forget();
+    Server.Told().SetText(Box::TBEstado, window.Model.Description(cell));
+    window.Model.SetCurrentCell(cell);
+    PassATurn();
+    return AccessibleEvents::Announcements();
+  };
+  EXPECT_EQ(announced_at({1, 2}), QStringList());
+  EXPECT_EQ(AccessibleEvents::Of(QAccessible::Focus), QStringList({u"1,2"_s}));
+  window.findChild<QWidget*>(u"TBMensajes"_s)->setFocus();
+  EXPECT_EQ(announced_at({2, 1}), QStringList({u"2,1."_s})) << "the focus is elsewhere";
 }
 
 TEST_F(GameWindows, ShowTheScoreboardAboveTheBoard) {

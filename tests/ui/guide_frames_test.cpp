@@ -1,6 +1,7 @@
 // What guides server and client until their connection stands.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QLabel>
@@ -185,20 +186,32 @@ TEST(ServerFrameWindow, AnAddressThatHasBeenCopiedStaysSoWhenTheWindowComesToThe
   EXPECT_EQ(shown.CopyButtons(), QStringList({u"Copiar 192.168.1.37"_s, u"Copiada 192.168.1.38"_s}));
 }
 
-TEST(ServerFrameWindow, TabGoesFromTheInstructionsThroughTheAddresses) {
+TEST(ServerFrameWindow, TheFirstAddressHasTheFocusAndTabGoesOnToTheInstructions) {
   TestConnection connection;
   connection.Addresses = kSix;
   Shown<ServerFrame> shown(connection);
   ASSERT_TRUE(shown.Show());
-  EXPECT_EQ(QApplication::focusWidget(), shown.Frame_->findChild<GuideBox*>(u"TbServ1"_s));
   QStringList names;
-  for (int i = 0; i < 3; ++i) {
+  while (names.size() < 2 || names.last() != names.first()) {
+    ASSERT_LT(names.size(), 10);
+    names << QAccessible::queryAccessibleInterface(QApplication::focusWidget())->text(QAccessible::Name);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    auto* button = qobject_cast<QPushButton*>(QApplication::focusWidget());
-    ASSERT_NE(button, nullptr);
-    names << (button->accessibleName().isEmpty() ? button->text() : button->accessibleName());
   }
-  EXPECT_EQ(names, QStringList({u"Más direcciones"_s, u"Copiar 192.168.1.37"_s, u"Copiar 192.168.1.38"_s}));
+  EXPECT_EQ(names,
+            QStringList({u"Copiar 192.168.1.37"_s, u"Copiar 192.168.1.38"_s, u"Copiar 88.1.2.3"_s, u"Copiar 10.8.0.6"_s,
+                         u"Instrucciones"_s, u"Más direcciones"_s, u"Copiar 192.168.1.37"_s}));
+}
+
+TEST(ServerFrameWindow, TellsTheInstructionsAndWhatMustNotBeOverlooked) {
+  TestConnection connection;
+  Shown<ServerFrame> shown(connection);
+  shown.Frame_->SetPort(34567);
+  ASSERT_TRUE(shown.Show());
+  const QString guidance = shown.Frame_->Guidance();
+  EXPECT_TRUE(guidance.startsWith(u"El programa ha empezado a escuchar"_s)) << qPrintable(guidance);
+  EXPECT_TRUE(guidance.contains(u"Este ordenador no está conectado a ninguna red."_s));
+  EXPECT_TRUE(guidance.endsWith(u"el puerto 34567 hacia este ordenador."_s));
+  EXPECT_TRUE(shown.Frame_->findChild<GuideBox*>(u"TbServ1"_s)->hasFocus()) << "there is no address to copy";
 }
 
 // What shows, apart from the picture, lies inside the frame, and nothing over anything else.

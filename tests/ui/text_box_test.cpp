@@ -2,14 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QTest>
 #include <QTextCursor>
 
 #include "tests/support/printers.h"
 #include "tests/support/shown_text.h"
-#include "tests/support/waiting.h"
-#include "ui/announcer.h"
 #include "ui/look.h"
 
 namespace brontavia::test {
@@ -240,32 +237,6 @@ TEST(TextBox, IsReadOnlySelectableByKeysAndLeftWithTab) {
   EXPECT_TRUE(box.textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard));
   EXPECT_EQ(box.objectName(), u"TBEstado"_s);
   EXPECT_EQ(box.accessibleName(), u"Estado"_s);
-}
-
-TEST(Announcer, SpeaksATextBehindManyBlanks) {
-  QWidget window;
-  auto* announcer = new Announcer(&window);
-  window.show();
-  announcer->Announce(QString(600, u' ') + u"one");
-  ASSERT_TRUE(Eventually([&] { return announcer->isVisible(); }));
-  EXPECT_EQ(announcer->text(), u"one."_s);
-}
-
-TEST(Announcer, SpeaksTheTextsOfOneHandlerTogether) {
-  QWidget window;
-  auto* announcer = new Announcer(&window);
-  window.show();
-  announcer->Announce(u"one"_s);
-  announcer->Announce(u"  "_s);
-  announcer->Announce(u" two! "_s);
-  EXPECT_TRUE(announcer->isHidden());
-  ASSERT_TRUE(Eventually([&] { return announcer->isVisible(); }));
-  QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(announcer);
-  EXPECT_EQ(heard->role(), QAccessible::Notification);
-  EXPECT_EQ(heard->text(QAccessible::Name), u"one. two!"_s);
-  announcer->Announce(QString(100'000, u'x'));
-  ASSERT_TRUE(Eventually([&] { return heard->text(QAccessible::Name).startsWith(u'x'); }));
-  EXPECT_LE(heard->text(QAccessible::Name).size(), 500);
 }
 
 }  // namespace

@@ -41,6 +41,14 @@ TEST_F(ThreeInRow, APlacementIsSentAndShownInBothCopies) {
   EXPECT_EQ(Pair.Server.Flow.FG1().Cell({0, 0}).ForeColour, kGreen);
 }
 
+TEST_F(ThreeInRow, WhereTheOtherHasPlacedIsSaid) {
+  Pair.Play({4});
+  EXPECT_EQ(Pair.Client.Screen.Announced, QStringList({u"Ana: fila 2, columna 2"_s}));
+  EXPECT_EQ(Pair.Server.Screen.Announced, QStringList()) << "of the own placement the cell tells";
+  Pair.Play({2});
+  EXPECT_EQ(Pair.Server.Screen.Announced, QStringList({u"Luis: fila 1, columna 3"_s}));
+}
+
 TEST_F(ThreeInRow, AClickOutOfTurnMovesNothing) {
   Pair.Client.Click(0);
   EXPECT_EQ(Pair.Client.Screen.Status, u"No es su turno de jugar."_s);
@@ -68,6 +76,14 @@ class Moving : public ThreeInRow {
   // X on 0, 1, 5; O on 2, 3, 7; the server moves.
   Moving() { Pair.Play({0, 2, 1, 3, 5, 7}); }
 };
+
+TEST_F(Moving, FromWhereTheOtherHasMovedAndWhereToIsSaid) {
+  Pair.Server.Click(1);
+  EXPECT_EQ(Pair.Client.Screen.Announced.size(), 3) << "a piece in the hand is the mover's own affair";
+  Pair.Server.Click(8);
+  Pair.Settle();
+  EXPECT_EQ(Pair.Client.Screen.Announced.last(), u"Ana: de fila 1, columna 2 a fila 3, columna 3"_s);
+}
 
 TEST_F(Moving, AfterThreePlacementsEachPlayerMoves) {
   EXPECT_EQ(Pair.Server.Screen.Status, u"Mueva una ficha del tablero"_s);
@@ -158,6 +174,7 @@ TEST_F(ThreeInRow, AWinInOneReadNamesTheWinnerAndBothScoresAgree) {
   EXPECT_EQ(sent.at(sent.size() - 2), u"Jug|-1|2"_s);
   EXPECT_EQ(sent.last(), u"Haganado|0"_s);
   EXPECT_EQ(Pair.Client.Shown(), u"XXX*O***O"_s) << "the move is handled after the loss and still shown";
+  EXPECT_EQ(Pair.Client.Screen.Announced.last(), u"Ana: fila 1, columna 3"_s) << "and said";
   for (TerCopy* copy : {&Pair.Server, &Pair.Client}) {
     EXPECT_TRUE(copy->Flow.State().GameOver);
     EXPECT_EQ(copy->Flow.State().Scores.Server, 1);
