@@ -14,6 +14,8 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 constexpr qsizetype kLongestAnnouncement = 1000;
+// A flood can keep the event loop from its next turn; the latest texts are spoken then.
+constexpr qsizetype kMostWaiting = 50;
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
 // A screen reader asks for the text some time after it was told of it; until then the label has to be there. Under a
@@ -60,12 +62,14 @@ void Announcer::Replace(const QWidget& box, const QString& text) {
 
 void Announcer::Heard(const QString& text) {
   heard_ << text.trimmed();
+  if (heard_.size() > kMostWaiting) heard_.removeFirst();
   speak_.start(0);
 }
 
 void Announcer::Queue(const QWidget* box, const QString& text) {
   const QString piece = ForScreen(text.trimmed().left(kLongestAnnouncement));
   if (!piece.isEmpty()) waiting_.append({.Box = box, .Text = piece});
+  if (waiting_.size() > kMostWaiting) waiting_.removeFirst();
   speak_.start(0);
 }
 

@@ -125,6 +125,16 @@ TEST_F(Announcements, OfAFloodDoNotPileUp) {
   EXPECT_EQ(Window.findChildren<Announcement*>().back()->text(), u"99."_s);
 }
 
+TEST_F(Announcements, OfAHandlerThatNeverReturnsAreTheLatest) {
+  for (int i = 0; i < 1000; ++i) {
+    Speaker.Announce(u'<' + QString::number(i) + u'>');
+    Speaker.Heard(u"other"_s);
+  }
+  ASSERT_EQ(Spoken().size(), 1);
+  EXPECT_TRUE(Spoken().first().startsWith(u"<950> <951> "_s)) << qPrintable(Spoken().first());
+  EXPECT_TRUE(Spoken().first().endsWith(u" <999>"_s));
+}
+
 TEST_F(Announcements, ShowNothing) {
   const QImage before = Window.grab().toImage();
   Speaker.Announce(u"one"_s);
