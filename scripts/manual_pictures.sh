@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Renews every picture of the manual (docs/manual/pictures): from the demonstration where both windows or their boxes
-# are to be seen, from the gallery where one window in a known moment tells more.
+# are to be seen, from the gallery where one window in a known moment tells more. Those of chess in the demonstration
+# differ from run to run in their clocks, all others only where the windows have changed.
 # usage: scripts/manual_pictures.sh
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
@@ -25,7 +26,8 @@ from_gallery start Form1-start
 from_gallery selection Form2-selection
 from_gallery server FormTER-server
 from_gallery client FormTER-client
-from_demo request request
+# The box alone: around it stands the demonstration's own port.
+from_demo request request -crop 440x107+191+227 +repage
 
 from_gallery three_in_row_lifted FormTER-lifted
 from_demo three_in_row_placed all_pieces_placed
