@@ -33,6 +33,11 @@ GAMES = ["TRES EN RAYA", "BATALLA NAVAL", "Mini-Estratega", "Estratega", "Ajedre
 
 _REPORT = re.compile(" (comienza|comenzará) jugando | jugará  con blancas ")
 
+CLIENT_EXPLANATION = (
+    "Si elige esta opción, deberá pedirle al otro jugador que le proporcione su IP externa, e introducir este dato "
+    "cuando se le pida el nombre o dirección del equipo con el que se quiere conectar.\n"
+    "Es necesario que uno de los jugadores actúe como servidor y el otro como cliente."
+)
 SERVER_INSTRUCTIONS = (
     "El programa ha empezado a escuchar en el puerto seleccionado. Comunique al otro jugador su IP externa si no lo ha "
     "hecho todavía, y \n"
@@ -79,6 +84,17 @@ class Player:
     def kept_name(self):
         """What both copies remember of the name."""
         return self.shown_name[:15].strip()
+
+
+def server_explanation(port):
+    return (
+        "Si elige esta opción,para poder jugar deberá:\n"
+        "· averiguar su IP externa y proporcionársela al otro jugador\n"
+        f"· Permitir el paso de información por el puerto seleccionado (puerto {port} de tcp). Para ello puede "
+        "necesitar abrir este puerto en su router, abrirlo en el firewall y si windows le muestra un aviso de que este "
+        "programa se ha bloqueado, elegir la opción de desbloquear o de permitir según la qe le aparezca.\n"
+        "Es necesario que uno de los jugadores actúe como servidor y el otro como cliente."
+    )
 
 
 SERVER = Player("Servidor")

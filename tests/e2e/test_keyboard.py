@@ -4,31 +4,13 @@ import cases
 import handshake
 import screen
 import three_in_row
-from handshake import Player
+from handshake import CLIENT_EXPLANATION, Player, server_explanation
 from hands import OK, KeyHand
 from tree import is_focused, text_of
 from waiting import wait_until
 
 SERVER = Player("Servidor", "Ana", "2")
 CLIENT = Player("Cliente", "Nombre de veinte car", "1")  # cut to 15 characters where names are kept
-
-
-def server_explanation(port):
-    return (
-        "Si elige esta opción,para poder jugar deberá:\n"
-        "· averiguar su IP externa y proporcionársela al otro jugador\n"
-        f"· Permitir el paso de información por el puerto seleccionado (puerto {port} de tcp). Para ello puede "
-        "necesitar abrir este puerto en su router, abrirlo en el firewall y si windows le muestra un aviso de que este "
-        "programa se ha bloqueado, elegir la opción de desbloquear o de permitir según la qe le aparezca.\n"
-        "Es necesario que uno de los jugadores actúe como servidor y el otro como cliente."
-    )
-
-
-CLIENT_EXPLANATION = (
-    "Si elige esta opción, deberá pedirle al otro jugador que le proporcione su IP externa, e introducir este dato "
-    "cuando se le pida el nombre o dirección del equipo con el que se quiere conectar.\n"
-    "Es necesario que uno de los jugadores actúe como servidor y el otro como cliente."
-)
 
 
 class Keyboard(cases.CopiesTest):
