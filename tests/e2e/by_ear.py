@@ -237,7 +237,16 @@ class Player:
         """Opens a menu of the window's menu bar by its first letter."""
         self.press_and_leave(f"alt+{menu[0].lower()}")
 
-    # ---- On the board ----
+    # ---- On a board ----
+
+    def tab_to_board(self, name):
+        """Presses Tab until a board is heard, and then its current cell."""
+        for _ in range(_LONGEST_TAB_CHAIN):
+            start = len(self._ear.heard)
+            self.move_focus("Tab")
+            if any(each.kind == "focus" and each.name == name for each in self._ear.heard[start:]):
+                return
+        raise AssertionError(f"{self.name} does not hear the board {name!r} with Tab")
 
     def go_to(self, cell):
         """Moves with the arrows until a cell is heard; returns what is on it."""
@@ -333,10 +342,11 @@ def play_again(players, game, scores, starter):
     """The server's player asks for another game; both hear the score and who begins."""
     for player in players:
         player.next_round()
-    for player, other in zip(players, reversed(players)):
+    for player in players:
         player.press("Return")
         player.answer(game.title, REMATCH_TEXT, YES)
-        other.hear(f"Nueva partida.{player.name} desea jugar otra partida.")
+        if player is players[0]:
+            players[1].hear(f"Nueva partida.{player.name} desea jugar otra partida.")
     names = [player.name for player in players]
     text = score_text(game, names[0], scores[0], names[1], scores[1], names[starter])
     for player in players:

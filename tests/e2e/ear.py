@@ -44,7 +44,7 @@ class Ears:
 
     def __init__(self):
         self._ears = collections.defaultdict(Ear)
-        self._waiting = {}  # names by process
+        self._names = {}  # names by process
         self.transcript = []  # who, kind and text of each utterance and of each key
         self._ready = threading.Event()
         self._process = subprocess.Popen(["/usr/bin/python3", str(_LISTENER)], stdout=subprocess.PIPE, text=True)
@@ -58,7 +58,7 @@ class Ears:
 
     def of(self, copy, name):
         """The ear of the player at a copy."""
-        self._waiting[copy.pid] = name
+        self._names[copy.pid] = name
         return self._ears[copy.pid]
 
     def _read(self):
@@ -81,8 +81,8 @@ class Ears:
 
     def write(self, path):
         """The transcript, with the number of utterances of each kind at its end."""
-        lines = [f"{self._waiting.get(who, who)} | {kind} | {text}" for who, kind, text in self.transcript]
-        counts = collections.Counter((self._waiting.get(who, str(who)), kind) for who, kind, _ in self.transcript)
+        lines = [f"{self._names.get(who, who)} | {kind} | {text}" for who, kind, text in self.transcript]
+        counts = collections.Counter((self._names.get(who, str(who)), kind) for who, kind, _ in self.transcript)
         lines += [f"{name} | count | {kind}: {count}" for (name, kind), count in sorted(counts.items())]
         path.parent.mkdir(parents=True, exist_ok=True)
         path.write_text("\n".join([*lines, ""]), encoding="utf-8")

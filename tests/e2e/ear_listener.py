@@ -37,6 +37,10 @@ class Listener:
         for kind in self._handlers:
             self._listener.register(kind)
 
+    def run(self):
+        write(None, "ready", "")
+        GLib.MainLoop().run()
+
     def _heard(self, event):
         kind = next(kind for kind in self._handlers if event.type.startswith(kind))
         try:
@@ -132,13 +136,6 @@ def write(source, kind, text, **more):
     print(json.dumps({"process": process, "kind": kind, "text": text, **more}), flush=True)
 
 
-def main():
-    Atspi.set_timeout(3000, 10000)
-    listener = Listener()
-    write(None, "ready", "")
-    GLib.MainLoop().run()
-    del listener
-
-
 if __name__ == "__main__":
-    main()
+    Atspi.set_timeout(3000, 10000)
+    Listener().run()

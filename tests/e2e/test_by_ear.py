@@ -166,7 +166,18 @@ class ByEar(unittest.TestCase):
         for player, sea in seas.items():
             shown = {cell: holds for cell, holds in player.survey().items() if holds}
             self.assertEqual(shown, sea)
-        self.assertEqual(len(hits), sum(length for _, length in naval.SHIPS) - 1)  # the last one is the end
+        luis.tab_to_board("Flota propia")
+        own = {cell: holds for cell, holds in luis.survey().items() if holds}
+        own.pop(cell)  # the shot that ends the battle may come with the end, and is not told then
+        fleet = {
+            each: ship
+            for (ship, _), ends in zip(naval.SHIPS, naval.IN_COLUMNS)
+            for each in naval.cells_between(*ends)
+            if each != cell
+        }
+        self.assertEqual(hits, fleet)
+        self.assertEqual(own, {each: f"{ship} Impacto" for each, ship in hits.items()})
+        luis.tab_to_board("Tablero")
 
     @staticmethod
     def next_shot(wounded, sea):
