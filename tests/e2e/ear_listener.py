@@ -75,7 +75,6 @@ class Listener:
         if not event.detail1:
             return
         self._focus[source.get_process_id()] = source
-        states = source.get_state_set()
         write(
             source,
             "focus",
@@ -83,7 +82,7 @@ class Listener:
             name=source.get_name(),
             role=source.get_role_name(),
             description=source.get_description(),
-            states=[word for state, word in _STATES.items() if states.contains(state)],
+            states=[word for state, word in _STATES.items() if is_in(source, state)],
         )
 
     def _has_focus(self, source):
@@ -100,13 +99,17 @@ class Listener:
     def _described(self, source, _event):
         if self._has_focus(source):
             write(source, "described", source.get_description())
-        elif source.get_role() == Atspi.Role.LIST_ITEM:
+        elif source.get_role() == Atspi.Role.LIST_ITEM and not is_in(source, Atspi.StateType.FOCUSED):
             write(source, "stray", f"the description of {source.get_name()!r}")
 
     def _caret_moved(self, source, event):
         # A field is filled before it gets the focus.
-        if not self._has_focus(source) and not source.get_state_set().contains(Atspi.StateType.EDITABLE):
+        if not self._has_focus(source) and not is_in(source, Atspi.StateType.EDITABLE):
             write(source, "stray", f"{event.type} in {source.get_name()!r}")
+
+
+def is_in(node, state):
+    return node.get_state_set().contains(state)
 
 
 def text_of(node):
