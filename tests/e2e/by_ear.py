@@ -283,11 +283,13 @@ class Player:
         """Walks over the whole board to and fro; returns what is on each cell."""
         found = {}
         for number, row in enumerate(self._board.rows):
-            ends = (row[0], row[-1]) if number % 2 == 0 else (row[-1], row[0])
-            found[ends[0]] = self.go_to(ends[0])
+            cells = row if number % 2 == 0 else row[::-1]
+            found[cells[0]] = self.go_to(cells[0])
             start = len(self._ear.heard)
-            self.go_to(ends[1])
+            self.go_to(cells[-1])
             found |= self._cells_since(start)
+            # Of keys in quick succession only the last cell may be told.
+            found |= {cell: self.go_to(cell) for cell in cells if cell not in found}
         return found
 
 

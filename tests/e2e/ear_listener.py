@@ -20,6 +20,7 @@ class Listener:
 
     def __init__(self):
         self._focus = {}  # by process
+        self._cell = {}  # of a list or a board, the last that had the focus
         self._window = {}  # the active one, by process
         self._boxes = set()  # that have been read since they opened
         self._handlers = {
@@ -74,7 +75,10 @@ class Listener:
     def _focused(self, source, event):
         if not event.detail1:
             return
-        self._focus[source.get_process_id()] = source
+        process = source.get_process_id()
+        self._focus[process] = source
+        if source.get_role() == Atspi.Role.LIST_ITEM:
+            self._cell[process] = source
         write(
             source,
             "focus",
@@ -99,7 +103,7 @@ class Listener:
     def _described(self, source, _event):
         if self._has_focus(source):
             write(source, "described", source.get_description())
-        elif source.get_role() == Atspi.Role.LIST_ITEM and not is_in(source, Atspi.StateType.FOCUSED):
+        elif source.get_role() == Atspi.Role.LIST_ITEM and source not in self._cell.values():
             write(source, "stray", f"the description of {source.get_name()!r}")
 
     def _caret_moved(self, source, event):
