@@ -211,12 +211,12 @@ class ByEar(unittest.TestCase):
     # ---- Both strategy games ----
 
     def test_strategy(self):
-        self.fight_on_land(strategy.EST)
+        self.fight_on_land("strategy", strategy.EST)
 
     def test_mini_strategy(self):
-        self.fight_on_land(strategy.MES)
+        self.fight_on_land("mini_strategy", strategy.MES)
 
-    def fight_on_land(self, variant):
+    def fight_on_land(self, name, variant):
         """Two pieces meet on the first column, and a scout goes straight for the flag."""
         front, mirrored, columns = variant.zone_rows, variant.mirrored, variant.open_columns()
         ana_front, ana_next, luis_next, luis_front = (f"{columns[0]}{front + row}" for row in range(4))
@@ -225,9 +225,8 @@ class ByEar(unittest.TestCase):
         board = lettered(
             _LETTERS[: variant.columns], range(variant.rows, 0, -1), r"(?P<holds>.*?)\W*(?P<cell>[A-J]\d+)"
         )
-        ana, luis = players = self.start(
-            variant.game.code, variant.game, board, "Por decisión mutua comenzará jugando Ana."
-        )
+        report = "Por decisión mutua comenzará jugando Ana."
+        ana, luis = players = self.start(name, variant.game, board, report)
         known = {}
         wishes = (
             {ana_front: "Capitán", scout: "Explorador"},
@@ -247,8 +246,8 @@ class ByEar(unittest.TestCase):
 
         self.move_on_land(ana, luis, known, (ana_front, ana_next), "Capitán movido")
         self.move_on_land(luis, ana, known, (mirrored(luis_front), mirrored(luis_next)), "Teniente movido")
-        report = "El Capitán se enfrenta a un Teniente y sale vencedor."
-        self.move_on_land(ana, luis, known, (ana_next, luis_next), report)
+        victory = "El Capitán se enfrenta a un Teniente y sale vencedor."
+        self.move_on_land(ana, luis, known, (ana_next, luis_next), victory)
         self.move_on_land(luis, ana, known, (other_scout, other_next), "Explorador movido")
         for player in players:
             self.assertEqual(player.survey(), known[player])
