@@ -20,10 +20,11 @@ GAME_DEMOS = (demo_three_in_row, demo_naval, demo_strategy.SMALL, demo_strategy.
 
 
 class Demonstration:
-    def __init__(self, stage):
+    def __init__(self, stage, server, client, games=GAME_DEMOS):
         self._stage = stage
-        self.server = MouseHand(stage.copies[0], stage.transcript)
-        self.client = KeyHand(stage.copies[1], stage.transcript)
+        self._games = games
+        self.server = server
+        self.client = client
         self._step = 0
 
     def tell(self, line):
@@ -36,7 +37,7 @@ class Demonstration:
 
     def run(self):
         self._start()
-        for number, game in enumerate(GAME_DEMOS):
+        for number, game in enumerate(self._games):
             self._connect(game, first=number == 0)
             game.play(self.server, self.client, self.tell, self.picture)
             self._stage.arrange()
@@ -48,7 +49,10 @@ class Demonstration:
         self.tell("Two copies are running; each shows the start window")
         self._stage.arrange()
         self.picture("start")
-        self.tell("One player will be the server and uses the mouse, the other the client and uses the keyboard")
+        self.tell(
+            f"One player will be the server and uses the {self.server.TOOL}, "
+            f"the other the client and uses the {self.client.TOOL}"
+        )
         handshake.choose_role(self.server, server=True)
         handshake.choose_role(self.client, server=False)
         self._stage.arrange()
@@ -84,7 +88,8 @@ def main(binary, output):
         old.unlink(missing_ok=True)
     stage = Stage(binary, folder)
     try:
-        Demonstration(stage).run()
+        server, client = stage.copies
+        Demonstration(stage, MouseHand(server, stage.transcript), KeyHand(client, stage.transcript)).run()
     except BaseException:
         stage.picture("failed")
         raise

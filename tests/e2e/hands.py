@@ -100,6 +100,8 @@ class Hand:
 class MouseHand(Hand):
     """The mouse alone, as long as no answer needs typing."""
 
+    TOOL = "mouse"
+
     def choose_game(self, number):
         self.copy.control("List1")
         self._click(lambda: self.copy.entries()[number], times=2)
@@ -153,6 +155,8 @@ class MouseHand(Hand):
 
 class KeyHand(Hand):
     """The keyboard alone."""
+
+    TOOL = "keyboard"
 
     def choose_game(self, number):
         self.copy.control("List1")
