@@ -1,10 +1,12 @@
-# Sourced by ./play and ./check: what each of them needs from Debian, and how it gets there.
+# Sourced by ./play, ./check and scripts/listen.sh: what each of them needs from Debian, and how it gets there.
 
 build_packages=(cmake g++ lowdown ninja-build libqt6svg6 qt6-base-dev qt6-multimedia-dev qt6-translations-l10n)
 # A virtual screen with a window manager, keys and clicks, pictures, and the accessibility bus.
 screen_packages=(xvfb openbox xdotool imagemagick x11-utils dbus-daemon at-spi2-core python3-pyatspi fonts-dejavu-core)
 # The private headers let a test stand where the platform hears what screen readers are told.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev qt6-base-private-dev)
+screen_reader_packages=(orca)
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
 lint_packages=(clang-format clang-tidy cppcheck)
 
 # Installs those of the named packages that are missing. Without the rights to do so it prints the command and stops.
