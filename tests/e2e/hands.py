@@ -182,9 +182,14 @@ class KeyHand(Hand):
         current = self.copy.current_cell(board)
         down, right = number // columns - current // columns, number % columns - current % columns
         keys = ["Down" if down > 0 else "Up"] * abs(down) + ["Right" if right > 0 else "Left"] * abs(right)
+        self._walk(keys)
+        wait_until(f"cell {number} to be current", lambda: self.copy.is_current_cell(number, board))
+
+    @staticmethod
+    def _walk(keys):
+        """Presses arrow keys, as fast as they can be."""
         if keys:
             screen.press(*keys)
-        wait_until(f"cell {number} to be current", lambda: self.copy.is_current_cell(number, board))
 
     def click_cell(self, number, board="FG1", key="Return"):
         self.move_to_cell(number, board)

@@ -14,6 +14,7 @@ import demo_chess
 import demo_naval
 import demo_strategy
 import demo_three_in_row
+import screen
 from demo import Demonstration
 from hands import KeyHand, Witness
 from heard import Summary
@@ -30,7 +31,7 @@ GAMES = {
 
 
 class Patience(Witness):
-    """Hears the screen reader out after each step, as a person would."""
+    """Hears the screen reader out after each step."""
 
     def __init__(self, reader):
         self._reader = reader
@@ -39,12 +40,24 @@ class Patience(Witness):
         self._reader.rest()
 
 
+class PatientHand(KeyHand):
+    """Hears the screen reader out after each arrow key too: a person does not press eighty keys a second."""
+
+    def __init__(self, copy, reader):
+        super().__init__(copy, Patience(reader))
+        self._reader = reader
+
+    def _walk(self, keys):
+        for key in keys:
+            screen.press(key)
+            self._reader.rest()
+
+
 class Listening(Demonstration):
     """Both players use the keyboard: who hears the screen does."""
 
     def __init__(self, stage, reader, game):
-        patience = Patience(reader)
-        server, client = (KeyHand(copy, patience) for copy in stage.copies)
+        server, client = (PatientHand(copy, reader) for copy in stage.copies)
         super().__init__(stage, server, client, games=[game])
         self._reader = reader
         self.summary = Summary()

@@ -20,7 +20,7 @@ orca.settings.enableSound = False
 orca.debug.debugFile.reconfigure(line_buffering=True)
 """
 _READY = "ORCA: Starting registry"
-_QUIET = 0.4  # seconds without a line in the record: nothing is left to speak
+_QUIET = 0.3  # seconds without a line in the record: nothing is left to speak
 
 
 class ScreenReader:
