@@ -213,10 +213,14 @@ class KeyHand(Hand):
         """
         for _ in range(_MOST_PRESSES):
             self.copy.bring_to_front(self.copy.main_window())
-            screen.press(f"alt+{menu[0].lower()}")
+            self._press_with_alt(menu[0].lower())
             if self.copy.menu_comes(_PATIENCE):
                 return
         raise AssertionError(f"the keys do not open the menu {menu!r}")
+
+    @staticmethod
+    def _press_with_alt(key):
+        screen.press(f"alt+{key}")
 
     def close_window(self):
         """Alt+F4, which the window manager makes a request to close."""

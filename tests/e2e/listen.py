@@ -41,11 +41,21 @@ class Patience(Witness):
 
 
 class PatientHand(KeyHand):
-    """Hears the screen reader out after each arrow key too: a person does not press eighty keys a second."""
+    """Hears the screen reader out before a button is pressed and after each arrow key: a person does not press eighty
+    keys a second."""
 
     def __init__(self, copy, reader):
         super().__init__(copy, Patience(reader))
         self._reader = reader
+
+    def _focus(self, find, window, what, focused):
+        super()._focus(find, window, what, focused)
+        self._reader.rest()
+
+    def _press_with_alt(self, key):
+        """The toolkit asks the screen reader about keys before it hands them on, but opens a menu at once. An Alt that
+        comes behind the opening closes the menu again."""
+        screen.press_holding("alt", key, self._reader.rest)
 
     def _walk(self, keys):
         for key in keys:

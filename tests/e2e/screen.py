@@ -80,6 +80,16 @@ def press(*keys):
     _run("xdotool", "key", "--clearmodifiers", *keys)
 
 
+def press_holding(modifier, key, meanwhile):
+    """A key while a modifier is held, with something to be done between the two."""
+    _run("xdotool", "keydown", modifier)
+    try:
+        meanwhile()
+        _run("xdotool", "key", key)
+    finally:
+        _run("xdotool", "keyup", modifier)
+
+
 def type_text(text):
     _run("xdotool", "type", "--clearmodifiers", "--delay", "5", "--", text)
 
