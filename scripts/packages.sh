@@ -6,7 +6,6 @@ screen_packages=(xvfb openbox xdotool imagemagick x11-utils dbus-daemon at-spi2-
 # The private headers let a test stand where the platform hears what screen readers are told.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev qt6-base-private-dev)
 screen_reader_packages=(orca)
-test_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
 lint_packages=(clang-format clang-tidy cppcheck)
 
 # Installs those of the named packages that are missing. Without the rights to do so it prints the command and stops.
