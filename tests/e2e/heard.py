@@ -97,15 +97,15 @@ class Summary:
         yield "most often:"
         yield from _counted(collections.Counter(utterance.words for utterance in spoken).most_common(_MOST_OFTEN))
         yield from _repeated("said twice in a row", spoken, operator.eq)
-        yield from _repeated("only the end of the one before", spoken, _is_end)
+        yield from _repeated("only a part of the one before", spoken, _tells_part)
         yield f"announcements: {self._announced}, not spoken: {len(self._silent)}"
         yield from _counted(collections.Counter(self._silent).most_common())
         yield f"told by another event besides the announcement: {self._told_besides.total()}"
         yield from _counted(self._told_besides.most_common())
 
 
-def _is_end(whole, end):
-    return whole != end and whole.endswith(end)
+def _tells_part(whole, part):
+    return whole != part and (whole.startswith(part) or whole.endswith(part))
 
 
 def _repeated(title, utterances, is_repeat):

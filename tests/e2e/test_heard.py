@@ -65,9 +65,10 @@ class Summaries(unittest.TestCase):
         text = _summary(_event("focus:", "a") + _spoken("SALIR."), key + _event("focus:", "b") + _spoken("SALIR"))
         self.assertIn("said twice in a row: 1\n  1 x 'SALIR': focus: [a]; then focus: [b]", text)
 
-    def test_the_end_of_the_one_before_is_nothing_new(self):
-        text = _summary(_event("focus:", "a") + _spoken("Fila 1: X") + _spoken("X"))
-        self.assertIn("only the end of the one before: 1\n  1 x 'X'", text)
+    def test_beginning_and_end_of_the_one_before_are_nothing_new(self):
+        for part in ("X", "Fila 1"):
+            text = _summary(_event("focus:", "a") + _spoken("Fila 1: X") + _spoken(part))
+            self.assertIn(f"only a part of the one before: 1\n  1 x '{part}'", text)
 
     def test_an_announcement_that_orca_drops_is_told(self):
         text = _summary(_announced("Su turno") + _shown("Agua"))
