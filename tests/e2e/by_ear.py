@@ -29,6 +29,7 @@ from waiting import wait_until
 
 _LONGEST_TAB_CHAIN = 12
 _LONGEST_MENU = 20
+_SOON = 2.0  # seconds
 
 
 @dataclasses.dataclass(frozen=True)
@@ -152,16 +153,22 @@ class Player:
 
     def come_to_front(self):
         """Turns to the own computer; returns what is heard to have the focus there."""
+        return self._wait("hear what has the focus", self._focus_in_front)
 
-        def front():
-            windows = screen.windows_of(self._copy.pid)
-            if windows and screen.in_front(windows[-1][0]):
-                return self._ear.focus(self._focus_after)
-            if windows:
-                screen.activate(windows[-1][0])
+    def is_heard(self):
+        """Whether the own computer says soon what has the focus when the player turns to it."""
+        try:
+            return wait_until("what has the focus", self._focus_in_front, _SOON)
+        except TimeoutError:
             return None
 
-        return self._wait("hear what has the focus", front)
+    def _focus_in_front(self):
+        windows = screen.windows_of(self._copy.pid)
+        if windows and screen.in_front(windows[-1][0]):
+            return self._ear.focus(self._focus_after)
+        if windows:
+            screen.activate(windows[-1][0])
+        return None
 
     def press(self, *keys):
         self.come_to_front()
@@ -309,6 +316,8 @@ def _letters(texts):
 def sit_down(players, game, port, report):
     """From the start windows to the first turn, which both give to the server's player."""
     server, client = players
+    # A copy that has just started may not know yet that somebody listens.
+    wait_until("both start windows to be heard", lambda: all([player.is_heard() for player in players]))
     for player, explanation, button, instructions in (
         (server, server_explanation(port), SERVER_BUTTON, SERVER_INSTRUCTIONS),
         (client, CLIENT_EXPLANATION, CLIENT_BUTTON, CLIENT_INSTRUCTIONS),
