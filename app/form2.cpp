@@ -108,7 +108,7 @@ void Form2::resizeEvent(QResizeEvent* /*event*/) {
 
 void Form2::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (!event->spontaneous()) announcer_.Announce(text1_->toPlainText());
+  if (!event->spontaneous()) announcer_.AnnounceOnArrival(text1_->toPlainText());
 }
 
 void Form2::ShareHeight() {

@@ -1,6 +1,7 @@
 #include "ui/announcer.h"
 
 #include <QAccessible>
+#include <QEvent>
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -16,6 +17,9 @@ using namespace std::chrono_literals;
 constexpr qsizetype kLongestAnnouncement = 1000;
 // A flood can keep the event loop from its next turn; the latest texts are spoken then.
 constexpr qsizetype kMostWaiting = 50;
+
+// A window that opens tells of each of its parts, and a screen reader with so much to hear drops announcements.
+constexpr auto kTimeToArrive = 500ms;
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
 // A screen reader asks for the text some time after it was told of it; until then the label has to be there. Under a
@@ -48,7 +52,12 @@ Announcement::Announcement(QWidget* window) : QLabel(window) {
 
 Announcer::Announcer(QWidget& window) : window_(window) {
   speak_.setSingleShot(true);
-  connect(&speak_, &QTimer::timeout, this, &Announcer::Speak);
+  // Queued behind what boards have put off to tell: it may be the same.
+  connect(&speak_, &QTimer::timeout, this, &Announcer::Speak, Qt::QueuedConnection);
+  arrived_.setSingleShot(true);
+  arrived_.setInterval(kTimeToArrive);
+  connect(&arrived_, &QTimer::timeout, this, [this] { Announce(std::exchange(guidance_, {})); });
+  window_.installEventFilter(this);
 }
 
 void Announcer::Announce(const QString& text) { Queue(nullptr, text); }
@@ -58,6 +67,16 @@ void Announcer::Add(const QWidget& box, const QString& line) { Queue(&box, line)
 void Announcer::Replace(const QWidget& box, const QString& text) {
   waiting_.removeIf([&](const Piece& piece) { return piece.Box == &box; });
   Queue(&box, text);
+}
+
+void Announcer::AnnounceOnArrival(const QString& text) {
+  guidance_ = text;
+  if (window_.isActiveWindow()) arrived_.start();
+}
+
+bool Announcer::eventFilter(QObject* /*watched*/, QEvent* event) {
+  if (event->type() == QEvent::WindowActivate && !guidance_.isEmpty()) arrived_.start();
+  return false;
 }
 
 void Announcer::Heard(const QString& text) {

@@ -25,8 +25,15 @@ class Announcer : public QObject {
   // The same for the whole text of `box`; what it showed before and has not been spoken never will be.
   void Replace(const QWidget& box, const QString& text);
 
+  // What is told to a person who comes to the window: spoken a moment after the window has come to the front, when the
+  // screen reader has said where it is. Replaces what has not been spoken yet; an empty text takes it back.
+  void AnnounceOnArrival(const QString& text);
+
   // The screen reader speaks `text` unasked, as the name of what it is on.
   void Heard(const QString& text);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Piece {
@@ -42,6 +49,8 @@ class Announcer : public QObject {
   QList<Piece> waiting_;
   QStringList heard_;
   QTimer speak_;
+  QString guidance_;
+  QTimer arrived_;
   QList<QPointer<QWidget>> spoken_;  // the oldest first
 };
 

@@ -282,9 +282,10 @@ void BoardView::Tell() {
   telling_ = false;
   const bool renamed = TellNames(*this);
   const bool entered = std::exchange(focus_to_tell_, false);
-  if (!hasFocus()) return;
-  if (entered) TellFocus(*this);
-  if (entered || renamed) emit CellSpoken(model_.Description(model_.CurrentCell()));
+  if (hasFocus() && entered) TellFocus(*this);
+  // A box has the focus now, and the board when the box has gone: then the cell is told.
+  const bool told_later = !hasFocus() && window()->focusWidget() == this && entered;
+  if (told_later || (hasFocus() && (entered || renamed))) emit CellSpoken(model_.Description(model_.CurrentCell()));
 }
 
 void BoardView::RepaintOver() {

@@ -34,13 +34,14 @@ GameWindow::GameWindow(const WindowTraits& window, std::unique_ptr<Connection> c
       dialogs_(*this),
       server_frame_(new ServerFrame(*connection_)),
       client_frame_(new ClientFrame(ClientInstructions(window))),
-      game_frame_(new GameFrame),
+      waiting_frame_(std::make_unique<GameFrame>()),
+      game_frame_(waiting_frame_.get()),
       announcer_(*this) {
   setObjectName(window.Window.toString());
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins({});
   // The flow shows what the role needs; frames that show together would make the window grow.
-  for (QGroupBox* frame : std::initializer_list<QGroupBox*>{server_frame_, client_frame_, game_frame_}) {
+  for (QGroupBox* frame : std::initializer_list<QGroupBox*>{server_frame_, client_frame_}) {
     layout->addWidget(frame);
     frame->hide();
   }
@@ -50,6 +51,8 @@ GameWindow::GameWindow(const WindowTraits& window, std::unique_ptr<Connection> c
   setMinimumSize(look::SmallestWindow(font()));
   resize(kFirstSize.boundedTo(screen()->availableSize() * kMostOfScreen));
 }
+
+GameWindow::~GameWindow() = default;
 
 Seams GameWindow::MakeSeams(ProcessValues& values) {
   return {.Connection = *connection_, .Dialogs = dialogs_, .Screen = *this, .Values = values};
@@ -115,6 +118,7 @@ void GameWindow::ShowFrame(Frame frame, bool visible) {
       box = game_frame_;
       break;
   }
+  if (box == game_frame_ && waiting_frame_) layout()->addWidget(waiting_frame_.release());
   if (visible) {
     const int margin = frame == Frame::FrJuego ? 0 : kMargin;
     layout()->setContentsMargins(margin, margin, margin, margin);
@@ -123,9 +127,8 @@ void GameWindow::ShowFrame(Frame frame, bool visible) {
   box->setEnabled(visible);
   if (frame == Frame::FrJuego && menu_bar_ != nullptr) menu_bar_->setVisible(visible);
   if (visible && frame == Frame::FrJuego) board_->setFocus();
-  if (const auto* guide = qobject_cast<const GuideFrame*>(box); visible && guide != nullptr) {
-    announcer_.Announce(guide->Guidance());
-  }
+  const auto* guide = qobject_cast<const GuideFrame*>(box);
+  if (visible) announcer_.AnnounceOnArrival(guide != nullptr ? guide->Guidance() : QString());
 }
 
 void GameWindow::SetText(Box box, const QString& text) {

@@ -29,6 +29,9 @@ class GameWindow : public QWidget, protected Screen {
 
  public:
   GameWindow(const WindowTraits& window, std::unique_ptr<Connection> connection);
+  GameWindow(const GameWindow&) = delete;
+  GameWindow& operator=(const GameWindow&) = delete;
+  ~GameWindow() override;
 
   // Once the window shows: starts its connection.
   void Load();
@@ -74,6 +77,9 @@ class GameWindow : public QWidget, protected Screen {
   std::map<MediaPlayer, SoundPlayer> sounds_;
   ServerFrame* server_frame_;
   ClientFrame* client_frame_;
+  // The game frame until it first shows. A screen reader that finds it in the window before would never look again
+  // whether it can be seen.
+  std::unique_ptr<GameFrame> waiting_frame_;
   GameFrame* game_frame_;
   QMenuBar* menu_bar_ = nullptr;
   Announcer announcer_;

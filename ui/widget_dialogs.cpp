@@ -3,6 +3,7 @@
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
@@ -39,6 +40,21 @@ class OnlyButtonsAnswer : public QObject {
       return true;
     }
     return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel);
+  }
+};
+
+// Shows its proposal selected, with the cursor before it: behind the last character a screen reader finds no line to
+// read.
+class Question : public QInputDialog {
+ public:
+  using QInputDialog::QInputDialog;
+
+  void setVisible(bool visible) override {
+    QInputDialog::setVisible(visible);
+    auto* field = findChild<QLineEdit*>();
+    if (!visible || field == nullptr) return;
+    const int length = static_cast<int>(field->text().size());
+    field->setSelection(length, -length);
   }
 };
 
@@ -117,7 +133,7 @@ Button WidgetDialogs::MessageBox(const QString& text, const QString& title, Butt
 }
 
 QString WidgetDialogs::InputBox(const QString& prompt, const QString& title, const QString& proposal) {
-  const auto box = std::make_unique<QInputDialog>(&parent_);
+  const auto box = std::make_unique<Question>(&parent_);
   box->setWindowTitle(title);
   box->setInputMode(QInputDialog::TextInput);
   box->setLabelText(ForLabel(prompt));

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QPixmap>
+#include <QTest>
 
 #include "tests/support/accessible_events.h"
 #include "tests/support/printers.h"
@@ -113,6 +114,27 @@ TEST_F(Announcements, AreCutWhenVeryLong) {
 TEST_F(Announcements, HideNothingBehindControlCharacters) {
   Speaker.Announce(u"A\0na"_s);
   EXPECT_EQ(Spoken(), QStringList({u"A\ufffdna."_s}));
+}
+
+TEST_F(Announcements, ForThoseWhoComeToTheWindowWaitForThem) {
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  Speaker.AnnounceOnArrival(u"earlier"_s);
+  Speaker.AnnounceOnArrival(u"one"_s);
+  LetPass(700);
+  EXPECT_EQ(AccessibleEvents::Announcements(), QStringList()) << "nobody is there yet";
+  Window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&Window));
+  EXPECT_EQ(Spoken(), QStringList()) << "first the screen reader says where it is";
+  EXPECT_TRUE(Eventually([] { return AccessibleEvents::Announcements() == QStringList({u"one."_s}); }));
+  Speaker.AnnounceOnArrival(u"two"_s);
+  EXPECT_TRUE(Eventually([] { return AccessibleEvents::Announcements().last() == u"two."_s; }));
+  Speaker.AnnounceOnArrival(u"three"_s);
+  Speaker.AnnounceOnArrival({});
+  LetPass(700);
+  EXPECT_EQ(AccessibleEvents::Announcements().size(), 2) << "taken back";
 }
 
 TEST_F(Announcements, OfAFloodDoNotPileUp) {

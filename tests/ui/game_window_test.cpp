@@ -146,20 +146,21 @@ TEST_F(GameWindows, ShowCaptionAndTexts) {
   EXPECT_EQ(Server.Text(u"TBMensajes"_s), u"\n<b>Ana</b>"_s);
 }
 
-TEST_F(GameWindows, SayTheInstructionsOfAFrameAsItShows) {
-  PassATurn();
+TEST_F(GameWindows, SayTheInstructionsOfAFrameToWhoComesToThem) {
   const AccessibleEvents events;
-  const auto shows = [](Side& side, Frame frame) {
-    AccessibleEvents::Forget();
-    side.Told().ShowFrame(frame, false);
-    side.Told().ShowFrame(frame, true);
-    PassATurn();
-    return AccessibleEvents::Announcements();
-  };
-  EXPECT_EQ(shows(Client, Frame::FrCliente), QStringList({Client.Text(u"TbCli1"_s).trimmed()}));
-  const QStringList server = shows(Server, Frame::FrServidor);
-  ASSERT_EQ(server.size(), 1);
-  EXPECT_TRUE(server.first().startsWith(Server.Text(u"TbServ1"_s).trimmed())) << qPrintable(server.first());
+  for (const auto& [side, box] : {std::pair(&Client, u"TbCli1"_s), std::pair(&Server, u"TbServ1"_s)}) {
+    side->Window->activateWindow();
+    const QString instructions = side->Text(box).trimmed();
+    EXPECT_TRUE(Eventually([&] { return AccessibleEvents::Announcements().filter(instructions).size() == 1; }))
+        << qPrintable(box);
+  }
+}
+
+TEST_F(GameWindows, SayNoInstructionsOfAFrameThatHasGone) {
+  const AccessibleEvents events;
+  Connect();
+  LetPass(700);
+  EXPECT_EQ(AccessibleEvents::Announcements(), QStringList({u"Conexión establecida.Listo para jugar."_s}));
 }
 
 TEST_F(GameWindows, SayEachNewTextOnceAndWhatOthersSeeOnTheBoard) {
@@ -190,6 +191,24 @@ TEST_F(GameWindows, SayAStatusThatNamesTheCurrentCellOnlyWhereTheCellIsNotSaid) 
   EXPECT_EQ(AccessibleEvents::Of(QAccessible::Focus), QStringList({u"1,2"_s}));
   window.findChild<QWidget*>(u"TBMensajes"_s)->setFocus();
   EXPECT_EQ(announced_at({2, 1}), QStringList({u"2,1."_s})) << "the focus is elsewhere";
+}
+
+TEST_F(GameWindows, SayAStatusThatNamesTheCurrentCellNotUnderABoxThatGivesTheFocusBack) {
+  PlainWindow& window = Playing();
+  PassATurn();
+  const AccessibleEvents events;
+  AsUser([&] {
+    Post([&window] { window.close(); });
+    EXPECT_TRUE(Eventually([] { return TopDialog() != nullptr; }));
+    OnGui([&] {
+      Server.Told().SetText(Box::TBEstado, u"1,2"_s);
+      window.Model.SetCurrentCell({1, 2});
+    });
+    OnGui(PassATurn);
+    EXPECT_EQ(AccessibleEvents::Of(QAccessible::Focus).filter(u"1,2"_s), QStringList());
+    Answer(u"Tres en raya"_s, u"Yes"_s);
+  });
+  EXPECT_EQ(AccessibleEvents::Announcements().filter(u"1,2"_s), QStringList());
 }
 
 TEST_F(GameWindows, ShowTheScoreboardAboveTheBoard) {
