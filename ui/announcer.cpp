@@ -52,8 +52,7 @@ Announcement::Announcement(QWidget* window) : QLabel(window) {
 
 Announcer::Announcer(QWidget& window) : window_(window) {
   speak_.setSingleShot(true);
-  // Queued behind what boards have put off to tell: it may be the same.
-  connect(&speak_, &QTimer::timeout, this, &Announcer::Speak, Qt::QueuedConnection);
+  connect(&speak_, &QTimer::timeout, this, &Announcer::Speak);
   arrived_.setSingleShot(true);
   arrived_.setInterval(kTimeToArrive);
   connect(&arrived_, &QTimer::timeout, this, [this] { Announce(std::exchange(guidance_, {})); });

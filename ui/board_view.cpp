@@ -258,6 +258,8 @@ void BoardView::CurrentCellMoved(CellIndex previous, CellIndex current) {
   RepaintOver();
   focus_to_tell_ = true;
   TellSoon();
+  // While a box has the focus, too: it gives the focus back.
+  if (window()->focusWidget() == this) emit CellSpoken(model_.Description(current));
 }
 
 void BoardView::CellsChanged(const QModelIndex& first, const QModelIndex& last) {
@@ -282,10 +284,9 @@ void BoardView::Tell() {
   telling_ = false;
   const bool renamed = TellNames(*this);
   const bool entered = std::exchange(focus_to_tell_, false);
-  if (hasFocus() && entered) TellFocus(*this);
-  // A box has the focus now, and the board when the box has gone: then the cell is told.
-  const bool told_later = !hasFocus() && window()->focusWidget() == this && entered;
-  if (told_later || (hasFocus() && (entered || renamed))) emit CellSpoken(model_.Description(model_.CurrentCell()));
+  if (!hasFocus()) return;
+  if (entered) TellFocus(*this);
+  if (renamed) emit CellSpoken(model_.Description(model_.CurrentCell()));
 }
 
 void BoardView::RepaintOver() {

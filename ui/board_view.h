@@ -50,7 +50,8 @@ class BoardView : public QWidget {
   void CellClicked(brontavia::CellIndex cell);
   // The pointer has moved over a cell, headers included.
   void PointerMoved(brontavia::CellIndex cell);
-  // A screen reader says `name`, that of the current cell, unasked: now, or when the focus comes back to the board.
+  // A screen reader says `name`, that of the current cell, unasked: now, or when a box gives the
+  // focus back to the board.
   void CellSpoken(const QString& name);
   // A key (Qt::Key) that the board itself has no use for.
   void KeyPressed(int key);

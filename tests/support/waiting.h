@@ -57,7 +57,6 @@ inline void PassATurn() {
   last.setSingleShot(true);
   last.start(0);
   while (last.isActive()) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-  QCoreApplication::processEvents();
 }
 
 // Runs `script` as the user, on a thread of its own, while the windows' event loop runs; so a script can answer a box
