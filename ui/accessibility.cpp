@@ -40,21 +40,29 @@ bool IsSaidOtherwise(const QAccessibleEvent& event) {
   }
 }
 
+// What cannot be seen has nothing to tell but that it has gone: a screen reader that hears of it before it shows looks
+// at it at once, and takes it for invisible ever after.
+bool IsUnseen(const QAccessibleEvent& event) {
+  const auto* widget = qobject_cast<QWidget*>(event.object());
+  return widget != nullptr && !widget->isVisible() && !widget->isWindow() && event.type() != QAccessible::ObjectHide &&
+         event.type() != QAccessible::ObjectDestroyed;
+}
+
 // Who was told before this handler was installed; none: the platform.
 QAccessible::UpdateHandler next_handler = nullptr;
 
-void TellUnlessSaidOtherwise(QAccessibleEvent* event) {
-  if (IsSaidOtherwise(*event)) return;
+void TellWhatMatters(QAccessibleEvent* event) {
+  if (IsSaidOtherwise(*event) || IsUnseen(*event)) return;
   QAccessible::installUpdateHandler(next_handler);
   QAccessible::updateAccessibility(event);
-  QAccessible::installUpdateHandler(TellUnlessSaidOtherwise);
+  QAccessible::installUpdateHandler(TellWhatMatters);
 }
 
 }  // namespace
 
 void InstallAccessibility() {
   QAccessible::installFactory(MakeInterface);
-  next_handler = QAccessible::installUpdateHandler(TellUnlessSaidOtherwise);
+  next_handler = QAccessible::installUpdateHandler(TellWhatMatters);
 }
 
 }  // namespace brontavia

@@ -3,8 +3,8 @@
 
 namespace brontavia {
 
-// Teaches Qt the interfaces of boards, announcements and strips, and which events of a text box are not passed on, to
-// the platform or to an update handler that was installed before. Once, after the application object has been made.
+// Teaches Qt the interfaces of boards, announcements and strips, and which events are not passed on, to the platform or
+// to an update handler that was installed before. Once, after the application object has been made.
 void InstallAccessibility();
 
 }  // namespace brontavia
