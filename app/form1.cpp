@@ -1,10 +1,15 @@
 #include "app/form1.h"
 
 #include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDir>
 #include <QPainter>
 #include <QPushButton>
+#include <QUrl>
 #include <algorithm>
+#include <array>
 
+#include "app/version.h"
 #include "ui/full_screen.h"
 #include "ui/guide_box.h"
 #include "ui/look.h"
@@ -28,6 +33,7 @@ constexpr int kSmallIcon = 48;
 constexpr int kBetweenButtons = 16;
 constexpr qreal kHighestButton = 0.42;  // of its width
 constexpr int kMostSpareOfText = 40;
+constexpr int kBesideCredit = 16;
 
 // Of the user's font.
 constexpr qreal kName = 2.6;
@@ -62,7 +68,7 @@ struct Form1::Measures {
   qreal Button = 150;
 };
 
-Form1::Form1(std::int32_t port)
+Form1::Form1(std::int32_t port, const QString& manual)
     : port_(port),
       name_(new OneLineLabel(u"BRONTAVIA"_s)),
       motto_(new OneLineLabel(u"Cinco juegos de mesa para dos"_s, OneLineLabel::Ink::Muted)),
@@ -73,6 +79,8 @@ Form1::Form1(std::int32_t port)
       credit_(new OneLineLabel(
           u"Brontavia: cinco juegos de mesa para dos jugadores. Programa libre, GPL-3.0 o posterior."_s,
           OneLineLabel::Ink::Muted)),
+      version_(new OneLineLabel(u"Versión "_s + Version(), OneLineLabel::Ink::Muted)),
+      manual_(MakeManualButton(manual)),
       announcer_(*this) {
   setObjectName(u"Form1"_s);
   setWindowTitle(u"BRONTAVIA"_s);
@@ -85,9 +93,11 @@ Form1::Form1(std::int32_t port)
   motto_->setFont(look::Scaled(font(), kMotto));
   credit_->setFont(look::Scaled(font(), kCredit));
   credit_->setObjectName(u"LBNombre"_s);
+  version_->setFont(credit_->font());
+  version_->setObjectName(u"LBVersion"_s);
   // The order in which Tab goes through them.
-  for (QWidget* part :
-       std::initializer_list<QWidget*>{name_, motto_, text1_, server_button_, client_button_, text2_, credit_}) {
+  for (QWidget* part : std::initializer_list<QWidget*>{name_, motto_, text1_, server_button_, client_button_, text2_,
+                                                       credit_, version_, manual_}) {
     part->setParent(this);
   }
   text1_->setFocus();
@@ -105,6 +115,25 @@ QPushButton* Form1::MakeRoleButton(Role role) {
   button->setObjectName(server ? u"Command1(0)"_s : u"Command1(1)"_s);
   button->installEventFilter(this);
   connect(button, &QPushButton::clicked, this, [this, role] { emit RoleChosen(role); });
+  return button;
+}
+
+QPushButton* Form1::MakeManualButton(const QString& manual) {
+  auto* button = new QPushButton(u"Manual"_s);
+  button->setObjectName(u"CBManual"_s);
+  QFont font = look::Scaled(button->font(), kCredit);
+  font.setUnderline(true);
+  button->setFont(font);
+  button->setFlat(true);
+  button->setAutoDefault(true);
+  if (manual.isEmpty()) button->hide();
+  connect(button, &QPushButton::clicked, this, [this, manual] {
+    // Where nothing can open it, the user can.
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(manual))) {
+      text2_->SetText(u"El manual está en "_s + QDir::toNativeSeparators(manual));
+      text2_->setFocus();
+    }
+  });
   return button;
 }
 
@@ -147,6 +176,21 @@ int Form1::ButtonWidth(const Measures& measures) const {
   return IsNarrow() ? ColumnWidth(measures) : (ColumnWidth(measures) - kBetweenButtons) / 2;
 }
 
+int Form1::EndWidth() const {
+  return version_->sizeHint().width() + (manual_->isHidden() ? 0 : kBesideCredit + manual_->sizeHint().width());
+}
+
+bool Form1::EndsInOneLine(int width) const {
+  const std::array words{credit_->text()};
+  const QSizeF room(width - EndWidth() - kBesideCredit, credit_->sizeHint().height());
+  return look::FittingFont(credit_->font(), words, room, look::PixelsOf(credit_->font())).has_value();
+}
+
+int Form1::EndHeight(int width) const {
+  const int line = credit_->sizeHint().height();
+  return EndsInOneLine(width) ? line : 2 * line + look::kUnit;
+}
+
 Form1::Measures Form1::Tight() const {
   return {.Margin = 12, .Gap = 8, .Icon = 44, .Button = qreal(2 * server_button_->fontMetrics().lineSpacing())};
 }
@@ -157,7 +201,7 @@ int Form1::NeededHeight(const Measures& measures) const {
       std::max(text2_->HeightOf(ServerExplanation(port_), width), text2_->HeightOf(ClientExplanation(), width));
   return qRound(2 * measures.Margin + measures.Icon + 4 * measures.Gap + (IsNarrow() ? 2 : 1) * measures.Button +
                 (IsNarrow() ? measures.Gap : 0)) +
-         text1_->heightForWidth(width) + text + credit_->sizeHint().height();
+         text1_->heightForWidth(width) + text + EndHeight(width);
 }
 
 void Form1::resizeEvent(QResizeEvent* /*event*/) {
@@ -208,10 +252,25 @@ void Form1::Arrange(const Measures& measures) {
     client_button_->setGeometry(left + width - half, y, half, button);
     y += button + gap;
   }
-  const int below = gap + credit_->sizeHint().height() + qRound(measures.Margin);
+  const int below = gap + EndHeight(width) + qRound(measures.Margin);
   place(*text2_, std::max(0, height() - y - below - spare / 2));
-  place(*credit_, credit_->sizeHint().height());
+  ArrangeEnd(QRect(left, y, width, EndHeight(width)));
   update();
+}
+
+void Form1::ArrangeEnd(const QRect& area) {
+  const QSize version = version_->sizeHint();
+  QRect credit(area.topLeft(), QSize(area.width(), version.height()));
+  QRect below(QPoint(area.left(), area.bottom() + 1 - version.height()), version);
+  if (EndsInOneLine(area.width())) {
+    credit.setWidth(area.width() - EndWidth() - kBesideCredit);
+    below.moveLeft(credit.right() + 1 + kBesideCredit);
+  }
+  credit_->setGeometry(credit);
+  version_->setGeometry(below);
+  // The button reaches into the gaps above and below, so that it is easier to hit.
+  manual_->setGeometry(below.right() + 1 + kBesideCredit, below.top() - look::kUnit, manual_->sizeHint().width(),
+                       below.height() + 2 * look::kUnit);
 }
 
 void Form1::paintEvent(QPaintEvent* /*event*/) {

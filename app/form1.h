@@ -18,8 +18,8 @@ class Form1 : public QWidget {
   Q_OBJECT
 
  public:
-  // `port` is told in the texts.
-  explicit Form1(std::int32_t port);
+  // `port` is told in the texts. `manual` is the manual's first page; where it is empty nothing is offered to be read.
+  explicit Form1(std::int32_t port, const QString& manual = {});
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -36,6 +36,7 @@ class Form1 : public QWidget {
   struct Measures;
 
   QPushButton* MakeRoleButton(Role role);
+  QPushButton* MakeManualButton(const QString& manual);
   // Shows what a role means, or nothing.
   void Explain(std::optional<Role> role);
   [[nodiscard]] bool IsNarrow() const;
@@ -43,9 +44,14 @@ class Form1 : public QWidget {
   [[nodiscard]] int ButtonWidth(const Measures& measures) const;
   // To which all parts but the explanation give way where height lacks.
   [[nodiscard]] Measures Tight() const;
+  // Whether there is room for version and manual beside the credit, which may be written smaller; else they are below.
+  [[nodiscard]] bool EndsInOneLine(int width) const;
+  [[nodiscard]] int EndWidth() const;
+  [[nodiscard]] int EndHeight(int width) const;
   // Of all parts, the explanation as high as the longer of its texts.
   [[nodiscard]] int NeededHeight(const Measures& measures) const;
   void Arrange(const Measures& measures);
+  void ArrangeEnd(const QRect& area);
 
   std::int32_t port_;
   // The one that had the focus last: its explanation is read when no button is pointed at.
@@ -58,6 +64,8 @@ class Form1 : public QWidget {
   QPushButton* client_button_;
   GuideBox* text2_;
   OneLineLabel* credit_;
+  OneLineLabel* version_;
+  QPushButton* manual_;
   Announcer announcer_;
 };
 

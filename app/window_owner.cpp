@@ -1,6 +1,8 @@
 #include "app/window_owner.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <cstdlib>
 #include <memory>
@@ -16,12 +18,16 @@ namespace brontavia {
 
 using namespace Qt::StringLiterals;
 
-WindowOwner::WindowOwner(const QString& directory) { values_.ConnectionPort = ReadConnectionPort(directory); }
+// Beside the executable there is a link to the manual; whatever shows it can know it by its own place.
+WindowOwner::WindowOwner(const QString& directory)
+    : manual_(QFileInfo(QDir(directory).filePath(u"manual/index.html"_s)).canonicalFilePath()) {
+  values_.ConnectionPort = ReadConnectionPort(directory);
+}
 
 WindowOwner::~WindowOwner() { delete window_; }
 
 void WindowOwner::ShowStart() {
-  auto* form = new Form1(values_.ConnectionPort);
+  auto* form = new Form1(values_.ConnectionPort, manual_);
   connect(form, &Form1::RoleChosen, this, [this](Role role) {
     values_.PlayerRole = role;
     ShowSelection();

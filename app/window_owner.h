@@ -19,7 +19,7 @@ class WindowOwner : public QObject {
   Q_DISABLE_COPY_MOVE(WindowOwner)
 
  public:
-  // `directory` holds "Brontavia.ini".
+  // `directory` holds "Brontavia.ini" and, where it is installed, the manual.
   explicit WindowOwner(const QString& directory);
   ~WindowOwner() override;
 
@@ -40,6 +40,8 @@ class WindowOwner : public QObject {
   void CloseWindow();
 
   ProcessValues values_;
+  // Its first page, or empty.
+  QString manual_;
   QTranslator standard_buttons_;
   QPointer<QWidget> window_;
 };

@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDesktopServices>
 #include <QLabel>
 #include <QListWidget>
 #include <QPainter>
@@ -19,6 +20,7 @@
 #include "app/form1.h"
 #include "app/form2.h"
 #include "app/games.h"
+#include "app/version.h"
 #include "tests/support/accessible_events.h"
 #include "tests/support/printers.h"
 #include "tests/support/waiting.h"
@@ -134,9 +136,9 @@ TEST(Form1Window, FitsSmallWindowsAndLargeFonts) {
     QFont font = before;
     font.setPixelSize(pixels);
     QApplication::setFont(font);
-    for (const QSize& size : {QSize(800, 600), QSize(1920, 1080), QSize(480, 640)}) {
+    for (const QSize& size : {QSize(800, 600), QSize(1920, 1080), QSize(480, 640), QSize(440, 560)}) {
       SCOPED_TRACE(testing::Message() << pixels << " pixels, " << size.width());
-      Form1 form(34567);
+      Form1 form(34567, u"/manual/index.html"_s);
       form.resize(size);
       form.show();
       ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
@@ -170,6 +172,61 @@ TEST(Form1Window, ItsButtonsChooseTheRole) {
   form.findChild<QPushButton*>(u"Command1(0)"_s)->click();
   form.findChild<QPushButton*>(u"Command1(1)"_s)->click();
   EXPECT_EQ(chosen, (std::vector<Role>{Role::Server, Role::Client}));
+}
+
+TEST(Form1Window, ItsLastLineTellsTheVersion) {
+  const Form1 form(34567);
+  EXPECT_EQ(form.findChild<QLabel*>(u"LBNombre"_s)->text(),
+            u"Brontavia: cinco juegos de mesa para dos jugadores. Programa libre, GPL-3.0 o posterior."_s);
+  EXPECT_EQ(form.findChild<QLabel*>(u"LBVersion"_s)->text(), u"Versión "_s + Version());
+  EXPECT_FALSE(Version().isEmpty());
+}
+
+// Stands in for what shows web pages.
+class Reader : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit Reader() { QDesktopServices::setUrlHandler(u"file"_s, this, "Open"); }
+  ~Reader() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
+  Q_DISABLE_COPY_MOVE(Reader)
+
+  Q_INVOKABLE void Open(const QUrl& url) { Opened << url.toLocalFile(); }
+
+  QStringList Opened;
+};
+
+TEST(Form1Window, OpensTheManualByKeyboard) {
+  Reader reader;
+  Form1 form(34567, u"/de/brontavia/manual/index.html"_s);
+  form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  form.findChild<QPushButton*>(u"Command1(1)"_s)->setFocus();
+  auto* manual = form.findChild<QPushButton*>(u"CBManual"_s);
+  for (int presses = 0; presses < 3 && !manual->hasFocus(); ++presses) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  ASSERT_TRUE(manual->hasFocus());
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(manual)->text(QAccessible::Name), u"Manual"_s);
+  QTest::keyClick(manual, Qt::Key_Space);
+  QTest::keyClick(manual, Qt::Key_Return);
+  EXPECT_EQ(reader.Opened, QStringList(2, u"/de/brontavia/manual/index.html"_s));
+}
+
+TEST(Form1Window, TellsWhereTheManualIsWhenNothingCanShowIt) {
+  const QByteArray path = qgetenv("PATH");
+  qunsetenv("PATH");
+  Form1 form(34567, u"/de/brontavia/manual/index.html"_s);
+  form.findChild<QPushButton*>(u"CBManual"_s)->click();
+  qputenv("PATH", path);
+  EXPECT_EQ(Text(form, u"Text2"_s), u"El manual está en /de/brontavia/manual/index.html"_s);
+}
+
+TEST(Form1Window, OffersNoManualWhereThereIsNone) {
+  Form1 form(34567);
+  form.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  EXPECT_FALSE(form.findChild<QPushButton*>(u"CBManual"_s)->isVisible());
 }
 
 // ---- Form2 ----
@@ -291,3 +348,5 @@ TEST(Form2Window, WithoutASelectionChoosesNothing) {
 
 }  // namespace
 }  // namespace brontavia::test
+
+#include "windows_test.moc"

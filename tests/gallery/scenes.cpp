@@ -75,7 +75,7 @@ std::unique_ptr<Connection> ConnectionWith(const QList<OwnAddress>& addresses) {
 void TakeWindowsBeforeTheGame(Album& album) {
   const ProcessValues values;
   {
-    Form1 start(values.ConnectionPort);
+    Form1 start(values.ConnectionPort, u"/manual/index.html"_s);
     start.show();
     album.Take(start, u"start"_s);
     start.findChild<QWidget*>(u"Command1(0)"_s)->setFocus();
