@@ -7,6 +7,9 @@ screen_packages=(xvfb openbox xdotool imagemagick x11-utils dbus-daemon at-spi2-
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev qt6-base-private-dev)
 screen_reader_packages=(orca)
 lint_packages=(clang-format clang-tidy cppcheck)
+package_packages=(dpkg-dev file git gzip)
+# What judges a package, and what makes the clean system that it is tried in.
+package_check_packages=(appstream binutils desktop-file-utils groff lintian man-db mmdebstrap)
 
 # Installs those of the named packages that are missing. Without the rights to do so it prints the command and stops.
 install_missing() {
