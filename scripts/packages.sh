@@ -11,6 +11,9 @@ package_packages=(dpkg-dev file git gzip)
 # What judges a package, and what makes the clean system that it is tried in.
 package_check_packages=(appstream binutils desktop-file-utils groff lintian man-db mmdebstrap)
 
+# Runs a command with root's rights.
+as_root() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
+
 # Installs those of the named packages that are missing. Without the rights to do so it prints the command and stops.
 install_missing() {
   local missing=() package
@@ -20,10 +23,8 @@ install_missing() {
   done
   [ ${#missing[@]} -eq 0 ] && return
   local install="apt-get update && apt-get install --yes --no-install-recommends ${missing[*]}"
-  local as_root=()
-  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
   echo "Installing ${missing[*]}"
-  if ! "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive sh -c "${install//apt-get/apt-get --quiet --quiet}"; then
+  if ! as_root env DEBIAN_FRONTEND=noninteractive sh -c "${install//apt-get/apt-get --quiet --quiet}"; then
     echo "These packages are missing and could not be installed. As root, run:" >&2
     echo "  $install" >&2
     exit 1

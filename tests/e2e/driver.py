@@ -65,11 +65,8 @@ class Copy:
     def __init__(self, binary, ini=None, environment=None):
         self._folder = tempfile.TemporaryDirectory(prefix="brontavia_")
         self._errors = open(os.path.join(self._folder.name, "stderr"), "w+b")
-        executable = shutil.copy(binary, self._folder.name)
-        if ini is not None:
-            pathlib.Path(self._folder.name, "Brontavia.ini").write_bytes(ini.encode("latin-1"))
         self._process = subprocess.Popen(
-            [executable], cwd="/", stderr=self._errors, env={**os.environ, **(environment or {})}
+            self._command(binary, ini), cwd="/", stderr=self._errors, env={**os.environ, **(environment or {})}
         )
         self.pid = self._process.pid
         self._controls = {}
@@ -79,6 +76,12 @@ class Copy:
         except BaseException:
             self.end()
             raise
+
+    def _command(self, binary, ini):
+        """What starts the copy."""
+        if ini is not None:
+            pathlib.Path(self._folder.name, "Brontavia.ini").write_bytes(ini.encode("latin-1"))
+        return [shutil.copy(binary, self._folder.name)]
 
     def _find_application(self):
         if self._process.poll() is not None:
