@@ -185,11 +185,11 @@ TEST(Form1Window, ItsLastLineTellsTheVersion) {
 // Stands in for what shows web pages.
 class Reader : public QObject {
   Q_OBJECT
+  Q_DISABLE_COPY_MOVE(Reader)
 
  public:
-  explicit Reader() { QDesktopServices::setUrlHandler(u"file"_s, this, "Open"); }
+  Reader() { QDesktopServices::setUrlHandler(u"file"_s, this, "Open"); }
   ~Reader() override { QDesktopServices::unsetUrlHandler(u"file"_s); }
-  Q_DISABLE_COPY_MOVE(Reader)
 
   Q_INVOKABLE void Open(const QUrl& url) { Opened << url.toLocalFile(); }
 
