@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLayout>
 #include <QMap>
 #include <QMenuBar>
 
@@ -57,6 +58,14 @@ inline void ExpectNothingCut(QWidget& frame) {
   }
 }
 
+// That of the window that has been made, which takes it in as the game begins.
+inline GameFrame* OnlyGameFrame() {
+  for (QWidget* widget : QApplication::allWidgets()) {
+    if (auto* frame = qobject_cast<GameFrame*>(widget)) return frame;
+  }
+  return nullptr;
+}
+
 // A window of the game under way, in every size and font. `texts` says what stands in which box; all of it must be seen
 // without scrolling. `caption` stands over the board, where it is not empty.
 template <typename GameForm>
@@ -68,7 +77,9 @@ void ExpectGoodLayout(std::initializer_list<LayoutCase> cases, const QMap<QStrin
     const UsersFont font(expected.FontPixels);
     ProcessValues values;
     GameForm window(values, std::make_unique<TcpConnection>());
-    auto* frame = window.template findChild<GameFrame*>();
+    GameFrame* frame = OnlyGameFrame();
+    ASSERT_NE(frame, nullptr);
+    window.layout()->addWidget(frame);
     frame->show();
     if (!caption.isEmpty()) frame->ShowBoardCaption(caption, PlayerSign::Pennant);
     if (auto* menus = window.template findChild<QMenuBar*>()) menus->show();
