@@ -1,8 +1,10 @@
 """The other end of the wire without the program: sends and expects bare bytes."""
 
 import contextlib
+import ctypes
 import socket
 import struct
+import subprocess
 
 from waiting import LIMIT, wait_until
 
@@ -10,6 +12,11 @@ from waiting import LIMIT, wait_until
 _DATA_SEGMENTS_IN = 152
 _TCP_INFO_SIZE = 192
 _ANSWER = 65536
+_SOON = 0.2  # seconds
+# Socket options of Linux, and a packet filter of one instruction: keep nothing.
+_SO_ATTACH_FILTER = 26
+_SO_DETACH_FILTER = 27
+_DROP_ALL = struct.pack("HBBI", 0x06, 0, 0, 0)
 
 
 class Peer:
@@ -17,6 +24,8 @@ class Peer:
 
     def __init__(self, connection):
         self._socket = connection
+        self._seen = b""  # by has_sent
+        self.ended = False  # as offer has found
         self._socket.settimeout(LIMIT)
         self._socket.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
 
@@ -33,21 +42,40 @@ class Peer:
         """Sends without waiting for the copy to read."""
         self._socket.sendall(data)
 
+    def offer(self, data):
+        """Sends as much as the copy takes soon; a connection that has ended takes nothing."""
+        self._socket.settimeout(_SOON)
+        try:
+            self._socket.sendall(data)
+        except TimeoutError:
+            pass
+        except OSError:
+            self.ended = True
+        finally:
+            self._socket.settimeout(LIMIT)
+
     def _unread_by_copy(self):
         """Bytes on their way to the copy or waiting there to be read."""
+        own, copy = self._queues()
+        return own[0] + copy[1]
+
+    def undelivered(self):
+        """Bytes that the copy has sent and that have not arrived here."""
+        return self._queues()[1][0]
+
+    def _queues(self):
+        """Bytes that wait to be sent and to be read, at this end and at the copy's."""
         own, copy = self._socket.getsockname()[1], self._socket.getpeername()[1]
-        waiting = 0
+        found = {(own, copy): (0, 0), (copy, own): (0, 0)}
         for table in ("/proc/net/tcp", "/proc/net/tcp6"):
             with open(table, encoding="ascii") as lines:
                 for line in list(lines)[1:]:
                     local, remote, _, queues = line.split()[1:5]
                     ends = int(local.rpartition(":")[2], 16), int(remote.rpartition(":")[2], 16)
-                    sending, receiving = (int(number, 16) for number in queues.split(":"))
-                    if ends == (own, copy):
-                        waiting += sending
-                    elif ends == (copy, own):
-                        waiting += receiving
-        return waiting
+                    if ends in found:
+                        sending, receiving = (int(number, 16) for number in queues.split(":"))
+                        found[ends] = found[ends][0] + sending, found[ends][1] + receiving
+        return found[own, copy], found[copy, own]
 
     def expect(self, expected):
         """The next bytes, which must come alone, in one read."""
@@ -82,6 +110,23 @@ class Peer:
         times, remainder = divmod(len(data), len(refusal))
         assert times >= 1 and remainder == 0 and data == refusal * times, f"expected {refusal!r}, got {data!r}"
 
+    def has_sent(self, text):
+        """Whether a text has come by now, after whatever came before it."""
+        self._socket.setblocking(False)
+        try:
+            while part := self._socket.recv(_ANSWER):
+                self._seen += part
+        except OSError:
+            pass
+        finally:
+            self._socket.settimeout(LIMIT)
+        return text in self._seen
+
+    def discard(self):
+        """Forgets what has come so far."""
+        self.has_sent(b"")
+        self._seen = b""
+
     def rest(self):
         """Everything up to the end of the connection."""
         data = b""
@@ -103,9 +148,26 @@ class Peer:
         finally:
             self._socket.settimeout(LIMIT)
 
+    def cut(self):
+        """From now on every packet of the copy is lost on its way here: nothing is read and nothing acknowledged."""
+        program = ctypes.create_string_buffer(_DROP_ALL)
+        header = struct.pack("HP", 1, ctypes.addressof(program))
+        self._socket.setsockopt(socket.SOL_SOCKET, _SO_ATTACH_FILTER, header)
+
+    def mend(self):
+        """Packets arrive again; the copy's system sends the lost ones anew."""
+        self._socket.setsockopt(socket.SOL_SOCKET, _SO_DETACH_FILTER, 0)
+
     def finish(self):
         """Closes the sending half: the copy reads an end of file."""
         self._socket.shutdown(socket.SHUT_WR)
+
+    def die(self):
+        """The process that holds the connection is killed."""
+        holder = subprocess.Popen(("sleep", "60"), pass_fds=(self._socket.fileno(),))
+        self._socket.close()
+        holder.kill()
+        holder.wait()
 
     def reset(self):
         """Breaks the connection without a farewell."""
