@@ -2,16 +2,15 @@
 
 usage: floods.py [--seconds N] [--kind KIND]
 
-Each kind of flood comes in three sessions. In the first the user is away; in the others he answers each box that he
-sees, and clicks on the board when there is none. At the end of each, with the flood going on, he closes the window.
+Each kind of flood comes in three sessions. In the first the user is away; in the others he presses Enter for each box
+that he sees, and answers on the board when there is none. At the end of each, with the flood going on, he closes the
+window: Enter for each box, Alt+F4 where there is none.
 
-A click is measured from outside, and so with all that lies between: on a cell from the call of the accessibility bus
-that presses it until the bus tells that the cell is current, on a box from the start of the program that presses Enter
-until the bus tells that the box has gone.
+All of it is measured at the X server. A click is answered when the pixels of its cell have changed, Enter when another
+window is in front; the window is closed when the selection window is in front.
 """
 
 import argparse
-import contextlib
 import itertools
 import os
 import random
@@ -20,25 +19,24 @@ import sys
 import threading
 import time
 
-import pyatspi
-from gi.repository import GLib
-
 import handshake
-import screen
 from driver import Copy, free_port
+from eye import Eye
 from process import Process
 from seats import PLAYS, Seat
-from touch import do
-from tree import has_state, is_showing
-from waiting import wait_until
+from tree import extents_of
 
 MOST_GROWTH = 20 * 1024  # KiB
 MOST_BOXES = 8
-CLICK_LIMIT = 0.1  # seconds
+ANSWER_LIMIT = 0.1  # seconds
 CLOSE_LIMIT = 2.0
 PATIENCE = 20.0  # until closing is given up
 SESSIONS = 3
+SELECTION_CAPTION = "BRONTAVIA"
+# Seconds: of a person who sees what has come, of one who wants to get out, and of what measures.
 BETWEEN_LOOKS = 0.25
+BETWEEN_KEYS = 0.15
+BETWEEN_PIXELS = 0.002
 
 _TER, _BAR, _MES, _EST, _AJE = PLAYS
 _POSITIONS = (
@@ -107,69 +105,89 @@ class Window:
     def __init__(self, binary, play):
         port = free_port()
         self.copy = Copy(binary, str(port))
-        self.seat = Seat(self.copy, port, play, server=True)
-        self.touch = self.seat.touch
-        self.touch.press(handshake.SERVER_BUTTON)
         self.process = Process(self.copy.pid)
         self.most_boxes = 0
         self.growth = 0
-        self.clicks = []
+        self.answers = []
         self.closings = []
         self.sent = 0
         self.busy = []  # processors, in each session
+        self._seat = Seat(self.copy, port, play, server=True)
+        self._eye = Eye()
+        self._main = None
+        self._cells = None
+        self._seat.touch.press(handshake.SERVER_BUTTON)
 
     def session(self, text, seconds, user_there):
-        self.seat.open()
-        self.seat.start_play()
+        self._seat.open()
+        self._seat.start_play()
+        self._main = self.copy.bring_to_front()
+        cells = (self.copy.cell(number) for number in self._seat.play.quiet_cells)
+        self._cells = itertools.cycle([extents_of(cell) for cell in cells])
         before = self.process.memory()
-        with Flood(self.seat.peer, text) as flood:
+        with Flood(self._seat.peer, text) as flood:
             begun, cpu = time.monotonic(), self.process.cpu()
-            while time.monotonic() - begun < seconds:
+            while time.monotonic() - begun < seconds and not self._in_selection():
                 time.sleep(BETWEEN_LOOKS)
                 self.growth = max(self.growth, self.process.memory() - before)
-                with contextlib.suppress(GLib.Error, LookupError):  # what is looked at may go
-                    if self.touch.in_selection():
-                        break  # the peer has refused another game, and the user has read that
-                    self.most_boxes = max(self.most_boxes, len(self.copy.boxes()))
-                    if user_there:
-                        self.clicks.append(self._click())
+                self.most_boxes = max(self.most_boxes, len(self._eye.windows()) - 1)
+                if user_there and not self._in_selection():
+                    self._act()
             self.busy.append((self.process.cpu() - cpu) / (time.monotonic() - begun))
-            self.closings.append(self.touch.close_window(PATIENCE))
+            self.closings.append(self._close())
         self.sent += flood.sent
-        self.seat.end()
+        self._seat.end()
 
-    def _click(self):
-        """Seconds until Enter has closed a box, or a click has made a cell current."""
-        box = self.touch.top_box()
-        if box:
-            self.copy.bring_to_front(box)
+    def _in_selection(self):
+        return self._eye.title(self._eye.active_window()) == SELECTION_CAPTION
+
+    def _act(self):
+        """Answers the box in front, or answers on the board."""
+        front = self._eye.active_window()
+        if front != self._main:
             begun = time.monotonic()
-            screen.press("Return")
-            wait_until("the box to close", lambda: not _is_open(box), PATIENCE)
+            self._eye.press_return()
+            _wait_until(lambda: self._eye.active_window() != front)
         else:
-            number = next(number for number in (-1, -2) if not self.copy.is_current_cell(number))
-            cell = self.copy.cell(number)
+            x, y, width, height = next(self._cells)
+            area = x + 1, y + 1, width - 2, height - 2
+            shown = self._eye.pixels(*area)
             begun = time.monotonic()
-            do(cell)
-            wait_until("the cell to be current", lambda: has_state(cell, pyatspi.STATE_SELECTED), PATIENCE)
+            self._eye.click(x + width // 2, y + height // 2)
+            _wait_until(lambda: self._eye.pixels(*area) != shown or self._eye.active_window() != front)
+            if self._eye.active_window() != front:
+                return  # a box has come over the board
+        self.answers.append(time.monotonic() - begun)
+
+    def _close(self):
+        """Seconds from the wish to close to the selection window."""
+        begun = time.monotonic()
+        while not self._in_selection():
+            if self._eye.active_window() == self._main:
+                self._eye.ask_to_close()
+            else:
+                self._eye.press_return()
+            end = time.monotonic() + BETWEEN_KEYS
+            while time.monotonic() < end and not self._in_selection():
+                time.sleep(BETWEEN_PIXELS)
+            assert time.monotonic() - begun < PATIENCE, "the window cannot be closed"
         return time.monotonic() - begun
 
     def leave(self):
-        self.touch.leave()
+        self._seat.touch.leave()
         errors = [line for line in self.copy.errors().splitlines() if not line.startswith("Form")]
         assert not errors, errors
-        self.copy.end()
 
 
-def _is_open(box):
-    try:
-        return is_showing(box)
-    except GLib.Error:
-        return False
+def _wait_until(condition):
+    end = time.monotonic() + PATIENCE
+    while not condition():
+        assert time.monotonic() < end, "the window does not answer"
+        time.sleep(BETWEEN_PIXELS)
 
 
 class Table:
-    _HEAD = f"{'flood':22}{'MiB sent':>9}{'grown MiB':>10}{'boxes':>6}{'click ms: half':>15}{'95 %':>6}{'all':>6}"
+    _HEAD = f"{'flood':22}{'MiB sent':>9}{'grown MiB':>10}{'boxes':>6}{'answer ms: half':>15}{'95 %':>6}{'all':>6}"
     _TAIL = f"{'closed s':>9}{'processors':>11}"
 
     def __init__(self):
@@ -177,8 +195,8 @@ class Table:
         print(self._HEAD + self._TAIL, flush=True)
 
     def add(self, kind, window):
-        clicks = sorted(window.clicks) or [0.0]
-        half, most, worst = statistics.median(clicks), clicks[int(0.95 * len(clicks))], clicks[-1]
+        answers = sorted(window.answers) or [0.0]
+        half, most, worst = statistics.median(answers), answers[int(0.95 * len(answers))], answers[-1]
         closed, busy = max(window.closings), max(window.busy)
         print(
             f"{kind:22}{window.sent / 2**20:9.1f}{window.growth / 1024:10.1f}{window.most_boxes:6}"
@@ -188,7 +206,7 @@ class Table:
         for what, value, limit in (
             ("memory", window.growth, MOST_GROWTH),
             ("boxes", window.most_boxes, MOST_BOXES),
-            ("clicks", most, CLICK_LIMIT),
+            ("answers", most, ANSWER_LIMIT),
             ("closing", closed, CLOSE_LIMIT),
             ("processors", busy, 1.0),
         ):

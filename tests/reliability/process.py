@@ -13,15 +13,20 @@ class Process:
         self._pid = pid
 
     def memory(self):
-        """What the process alone would give back, in KiB: its private pages, and not those of shared libraries."""
+        """What the process alone would give back, in KiB: its private pages, also where the system has put them away."""
         lines = (self._folder / "smaps_rollup").read_text(encoding="ascii").splitlines()[1:]
         sizes = {name: int(rest.split()[0]) for name, _, rest in (line.partition(":") for line in lines)}
-        return sizes["Private_Clean"] + sizes["Private_Dirty"]
+        return sizes["Private_Dirty"] + sizes["Swap"]
 
     def cpu(self):
         """Seconds of processor time so far."""
         fields = (self._folder / "stat").read_text(encoding="utf-8").rpartition(")")[2].split()
         return (int(fields[11]) + int(fields[12])) / _TICK
+
+    def wakes(self):
+        """How often its main thread has gone to sleep so far: a timer that runs on wakes it again and again."""
+        lines = (self._folder / "status").read_text(encoding="utf-8").splitlines()
+        return next(int(line.split()[1]) for line in lines if line.startswith("voluntary_ctxt_switches"))
 
     def threads(self):
         return len(list((self._folder / "task").iterdir()))

@@ -24,6 +24,7 @@ class Play:
     move = b"Jug|"  # how the own move begins on the wire
     placed = move  # the same of what ends the placing
     loses = "Haganado|0"  # what tells the copy that its player has lost
+    quiet_cells = -1, -2  # whose pictures no message changes
 
     def begin(self, seat):
         """The first turn is settled: up to the placing."""
@@ -169,6 +170,7 @@ class Chess(Play):
     box_openers = ("JMate|", "Abandona|", "SolTablas|", "cargpartida|tarde.fen", "datospartida|", "modolibre|")
     move = placed = b"JUG|"
     loses = "SolTablasSi|"
+    quiet_cells = 37, 38  # a5 and b5
 
     def make_move(self, seat):
         row, ahead = (2, 4) if seat.begins else (7, 5)

@@ -1,0 +1,199 @@
+"""A long evening: many games in one window, many windows in two copies; nothing grows and nothing goes on running.
+
+usage: evening.py [--rematches N] [--openings N]
+
+Rematches: three in a row against a bare peer that wins as soon as the rules allow, in turn first and second to move.
+Openings: a window of each game in two copies, up to the settled first turn, and closed again.
+What a copy holds is read after each tenth; memory counts from the fiftieth on, when everything has been used once.
+"""
+
+import argparse
+import os
+import sys
+import time
+
+import handshake
+from driver import Copy, free_port
+from eye import Eye
+from process import Process
+from seats import PLAYS, Seat
+from touch import Touch, do
+from waiting import wait_until
+
+MOST_GROWTH = 0.02  # of what is held after the warm-up
+WARM_UP = 50
+BETWEEN_READINGS = 10
+IDLE = 5.0  # seconds
+MOST_IDLE = 0.02  # seconds of processor time in it: two ticks of the clock that counts it
+
+
+class Log:
+    """What a copy holds in the course of an evening."""
+
+    def __init__(self, what, copy):
+        self._what = what
+        self._process = Process(copy.pid)
+        self._readings = []
+        self._begun = time.monotonic()
+
+    def read(self, number):
+        if number % BETWEEN_READINGS == 0:
+            process = self._process
+            self._readings.append((number, process.memory(), process.descriptors(), process.threads()))
+
+    def tell(self):
+        """Prints first and last reading after the warm-up, and what an idle copy uses. Returns what is not flat."""
+        seconds = time.monotonic() - self._begun
+        process = self._process
+        cpu, wakes = process.cpu(), process.wakes()
+        time.sleep(IDLE)
+        cpu, wakes = process.cpu() - cpu, process.wakes() - wakes
+        steady = [reading for reading in self._readings if reading[0] >= WARM_UP] or self._readings[-1:]
+        (_, memory, descriptors, threads), (last, memory_last, descriptors_last, threads_last) = steady[0], steady[-1]
+        growth = memory_last / memory - 1
+        each = 1024 * (memory_last - memory) / max(last - steady[0][0], 1)
+        print(
+            f"{self._what:24}{last:6} in {seconds:5.0f} s; memory {memory} -> {memory_last} KiB ({100 * growth:+.1f} %, "
+            f"{each:+.0f} bytes each); descriptors {descriptors} -> {descriptors_last}; threads {threads} -> "
+            f"{threads_last}; idle for {IDLE:.0f} s: {cpu:.2f} s of processor time, {wakes} wakes",
+            flush=True,
+        )
+        flat = (
+            ("memory", growth <= MOST_GROWTH),
+            ("descriptors", descriptors_last <= descriptors),
+            ("threads", threads_last <= threads),
+            ("idle", cpu <= MOST_IDLE),
+        )
+        return [f"{self._what}: {what}" for what, held in flat if not held]
+
+
+class Rematches:
+    """Three in a row; the peer's pieces make the first line, the copy's none."""
+
+    _OWN, _PEERS = (4, 8, 6), (0, 1, 2)
+
+    def __init__(self, binary):
+        port = free_port()
+        self._copy = Copy(binary, str(port))
+        Touch(self._copy).press(handshake.SERVER_BUTTON)
+        self._seat = Seat(self._copy, port, PLAYS[0], server=True)
+        self._eye = Eye()
+
+    def run(self, games):
+        seat = self._seat
+        seat.open()
+        seat.begin()
+        main = self._copy.bring_to_front()
+        log = Log("rematches, TER", self._copy)
+        for game in range(games + 1):
+            log.read(game)
+            self._play(own_begins=game % 2 == 0)
+            self._answer(main)  # lost
+            do(self._copy.cell(4))
+            self._answer(main)  # another game
+            seat.peer.expect(b"Seguir|Si")
+            seat.peer.send("Seguir|Si")
+            self._answer(main)  # the score
+        missed = log.tell()
+        seat.touch.close_window(20)
+        seat.touch.leave()
+        return missed
+
+    def _play(self, own_begins):
+        own, peers = iter(self._OWN), iter(self._PEERS)
+        if own_begins:
+            self._move(next(own))
+        for cell in peers:
+            if cell == self._PEERS[-1]:
+                self._seat.peer.send(b"Jug|-1|%dHaganado|1" % cell)
+                return
+            self._seat.peer.send(b"Jug|-1|%d" % cell)
+            self._move(next(own))
+
+    def _move(self, cell):
+        do(self._copy.cell(cell))
+        self._seat.peer.expect(b"Jug|-1|%d" % cell)
+
+    def _answer(self, main):
+        """Enter, once a box is in front."""
+        eye = self._eye
+        wait_until("a box", lambda: eye.active_window() not in (0, main))
+        box = eye.active_window()
+        eye.press_return()
+        wait_until("the box to close", lambda: eye.active_window() != box)
+
+    def end(self):
+        self._seat.end()
+        self._copy.end()
+
+
+class Openings:
+    """Two copies that open a window of the same game, settle who begins, and close it again."""
+
+    def __init__(self, binary):
+        port = free_port()
+        self._copies = [Copy(binary, str(port)) for _ in range(2)]
+        self._touches = [Touch(copy) for copy in self._copies]
+        for touch, button in zip(self._touches, (handshake.SERVER_BUTTON, handshake.CLIENT_BUTTON)):
+            touch.press(button)
+
+    def run(self, play, times):
+        logs = [Log(f"openings, {play.game.code} {role}", copy) for role, copy in zip(("server", "client"), self._copies)]
+        for number in range(times + 1):
+            for log in logs:
+                log.read(number)
+            self._open(play.game)
+        return [missed for log in logs for missed in log.tell()]
+
+    def _open(self, game):
+        server, client = self._touches
+        for touch in self._touches:
+            touch.copy.bring_to_front()
+            touch.choose_game(game.number)
+            touch.copy.expect_caption(game.caption)
+        client.press(handshake.LOCAL_BUTTON)
+        server.answer(handshake.REQUEST_TITLE)
+        for touch in self._touches:
+            touch.answer(handshake.NAME_TITLE)
+            touch.answer(handshake.TURN_TITLE)
+        for touch in self._touches:
+            handshake.report_line(touch.copy)
+        for touch in self._touches:
+            touch.close_window(20)
+
+    def leave(self):
+        for touch in self._touches:
+            touch.leave()
+
+    def end(self):
+        for copy in self._copies:
+            copy.end()
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--rematches", type=int, default=2000)
+    parser.add_argument("--openings", type=int, default=500)
+    options = parser.parse_args()
+    binary = os.environ["BRONTAVIA_BINARY"]
+    missed = []
+    if options.rematches:
+        rematches = Rematches(binary)
+        try:
+            missed += rematches.run(options.rematches)
+        finally:
+            rematches.end()
+    if options.openings:
+        openings = Openings(binary)
+        try:
+            for play in PLAYS:
+                missed += openings.run(play, options.openings)
+            openings.leave()
+        finally:
+            openings.end()
+    print("missed: " + (", ".join(missed) or "nothing"))
+    sys.exit(bool(missed))
+
+
+if __name__ == "__main__":
+    main()
