@@ -309,11 +309,11 @@ TEST_F(Tcp, WhatIsNotReadIsHeldBackAndNotLost) {
   Client.Socket.SendData(QString(kSent, u'x'));
   LetPass(200);
   QString first = Server.Socket.GetData();
-  EXPECT_LE(first.size(), 1 << 20);
+  EXPECT_LE(first.size(), 1 << 18);
   qsizetype read = first.size();
   EXPECT_TRUE(Eventually([&] {
     const qsizetype more = Server.Socket.GetData().size();
-    EXPECT_LE(more, 1 << 20);
+    EXPECT_LE(more, 1 << 18);
     read += more;
     return read == kSent;
   }));

@@ -148,7 +148,6 @@ class Openings:
     def _open(self, game):
         server, client = self._touches
         for touch in self._touches:
-            touch.copy.bring_to_front()
             touch.choose_game(game.number)
             touch.copy.expect_caption(game.caption)
         client.press(handshake.LOCAL_BUTTON)

@@ -34,7 +34,7 @@ class Touch:
         entries = self.copy.entries()
         do(entries[number])
         wait_until("the game to be selected", lambda: self.copy.selected_entry() == number)
-        screen.press("Return")
+        self.key("Return")
 
     def click_cell(self, number, board="FG1"):
         do(self.copy.cell(number, board))
