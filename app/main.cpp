@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QPixmapCache>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -23,10 +24,15 @@ class IconSetter : public QObject {
   }
 };
 
+// What the toolkit may keep of pictures, in KiB. Each box has icons of its own on its buttons, and the toolkit keeps
+// them when the box has gone, up to 10 MiB by default; the program's own pictures are kept elsewhere.
+constexpr int kToolkitPictures = 256;
+
 // From the first window to the last; returns the exit code.
 int RunWindows(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  QPixmapCache::setCacheLimit(kToolkitPictures);
   IconSetter icon_setter;
   brontavia::InstallAccessibility();
   brontavia::WindowOwner owner(QApplication::applicationDirPath());

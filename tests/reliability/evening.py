@@ -1,10 +1,10 @@
 """A long evening: many games in one window, many windows in two copies; nothing grows and nothing goes on running.
 
-usage: evening.py [--rematches N] [--openings N]
+usage: evening.py [--rematches N] [--openings N] [--game CODE]
 
 Rematches: three in a row against a bare peer that wins as soon as the rules allow, in turn first and second to move.
 Openings: a window of each game in two copies, up to the settled first turn, and closed again.
-What a copy holds is read after each tenth; memory counts from the fiftieth on, when everything has been used once.
+What a copy holds is read after every tenth; it counts from the fiftieth on, when everything has been used once.
 """
 
 import argparse
@@ -173,6 +173,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--rematches", type=int, default=2000)
     parser.add_argument("--openings", type=int, default=500)
+    parser.add_argument("--game", choices=[play.game.code for play in PLAYS], help="whose windows are opened alone")
     options = parser.parse_args()
     binary = os.environ["BRONTAVIA_BINARY"]
     missed = []
@@ -186,7 +187,8 @@ def main():
         openings = Openings(binary)
         try:
             for play in PLAYS:
-                missed += openings.run(play, options.openings)
+                if options.game in (None, play.game.code):
+                    missed += openings.run(play, options.openings)
             openings.leave()
         finally:
             openings.end()
