@@ -1,4 +1,4 @@
-# Sourced by ./play, ./check and scripts/listen.sh: what each of them needs from Debian, and how it gets there.
+# Sourced by ./play, ./check and what else needs something: what each of them needs from Debian, and how it gets there.
 
 build_packages=(cmake g++ lowdown ninja-build libqt6svg6 qt6-base-dev qt6-multimedia-dev qt6-translations-l10n)
 # A virtual screen with a window manager, keys and clicks, pictures, and the accessibility bus.
@@ -10,6 +10,8 @@ lint_packages=(clang-format clang-tidy cppcheck)
 package_packages=(dpkg-dev file git gzip)
 # What judges a package, and what makes the clean system that it is tried in.
 package_check_packages=(appstream binutils desktop-file-utils groff lintian man-db mmdebstrap)
+# The fuzzer comes with clang; llvm names the lines of what it finds.
+fuzz_packages=(clang llvm)
 
 # Runs a command with root's rights.
 as_root() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
