@@ -150,7 +150,7 @@ bool StrategyFlow::InRange(Selection selected, Coordinate cell) {
 
 void StrategyFlow::MoveTo(Selection selected, Coordinate cell) {
   const QString moved = NameOf(selected.Piece.Rank) + u" movido";
-  if (!CarryOut(selected, cell, CombatResult::AttackerWins)) return;
+  if (CarryOut(selected, cell, CombatResult::AttackerWins) != Carried::Out) return;
   SetStatus(moved);
   AddMessage(moved + u". Le toca jugar a" + PaddedName(OpponentOf(session_.CurrentTurn)));
   PassTurnOn();
@@ -160,16 +160,17 @@ void StrategyFlow::Attack(Selection selected, Coordinate cell, Rank defender) {
   const Combat combat = ResolveCombat(selected.Piece.Rank, defender);
   const QString status = Status();
   SetStatus(CombatReport(combat, selected.Piece.Rank, defender));
-  const bool flag = combat == Combat::FlagTaken;
-  const bool sent = flag ? Send(message::kWon.Token.toString()) : CarryOut(selected, cell, ResultOf(combat));
-  if (!sent) {
-    SetStatus(status);  // no such thing has come about
+  if (combat == Combat::FlagTaken) {
+    if (Send(message::kWon.Token.toString())) {
+      TakeFlag(selected, cell);
+    } else {
+      SetStatus(status);  // no such thing has come about
+    }
     return;
   }
-  if (flag) {
-    TakeFlag(selected, cell);
-    return;
-  }
+  const Carried carried = CarryOut(selected, cell, ResultOf(combat));
+  if (carried == Carried::NotOut) SetStatus(status);
+  if (carried != Carried::Out) return;
   AddMessage(u"Le toca jugar a"_s + PaddedName(OpponentOf(session_.CurrentTurn)));
   PassTurnOn();
 }
@@ -191,10 +192,11 @@ void StrategyFlow::MarkLastMove(const std::optional<LastMove>& move) {
   }
 }
 
-bool StrategyFlow::CarryOut(Selection selected, Coordinate target, CombatResult result) {
+StrategyFlow::Carried StrategyFlow::CarryOut(Selection selected, Coordinate target, CombatResult result) {
   const Coordinate origin = selected.Cell;
   const CellCode before = board_.At(target);
   const auto last_move = last_move_;
+  const int placing = placings_;
   // The own board first: the answer may arrive while the wait lets events through.
   ApplyResult(board_, CodeOf(selected.Piece), origin, target, result);
   ClearSelection();
@@ -202,14 +204,16 @@ bool StrategyFlow::CarryOut(Selection selected, Coordinate target, CombatResult 
   MarkLastMove(
       {{.From = origin, .To = target, .Fought = FightOf(OwnPlayer(), CodeOf(selected.Piece), before, result)}});
   const StrategyMove move{.From = origin, .To = target, .Result = result};
-  if (SendAndWait(message::kMove.Token + ToQString(StrategyMoveText(move)))) return true;
+  const bool sent = SendAndWait(message::kMove.Token + ToQString(StrategyMoveText(move)));
+  if (placing != placings_) return Carried::OfAnOldGame;
+  if (sent) return Carried::Out;
   board_.Set(origin, CodeOf(selected.Piece));
   board_.Set(target, before);
   selection_ = selected;
   DrawCell(origin);
   DrawCell(target);
   MarkLastMove(last_move);
-  return false;
+  return Carried::NotOut;
 }
 
 void StrategyFlow::TakeFlag(Selection selected, Coordinate cell) {

@@ -53,6 +53,7 @@ void StrategyFlow::ResetForNewGame() {
 
 void StrategyFlow::ResetArmy() {
   army_.Reset(OwnPlayer());
+  ++placings_;
   placement_mode_ = true;
   selection_.reset();
   last_move_.reset();

@@ -94,8 +94,13 @@ class StrategyFlow : public PlacingFlow {
   // What `attacker`, of player `mover`, and `defender` were when they met with `result`. A plain move is no fight.
   [[nodiscard]] static Fighters FightOf(Player mover, CellCode attacker, CellCode defender, CombatResult result);
   void MarkLastMove(const std::optional<LastMove>& move);
-  // Applies and sends the selected piece's move. Returns whether it has reached the opponent; it is undone otherwise.
-  [[nodiscard]] bool CarryOut(Selection selected, Coordinate target, CombatResult result);
+  enum class Carried {
+    Out,         // it has reached the opponent
+    NotOut,      // it has not, and is undone
+    OfAnOldGame  // a new game has begun meanwhile, which the move is not to touch
+  };
+  // Applies and sends the selected piece's move.
+  [[nodiscard]] Carried CarryOut(Selection selected, Coordinate target, CombatResult result);
   // The opponent has been told.
   void TakeFlag(Selection selected, Coordinate cell);
   void ApplyOpponentMove(const QString& payload);
@@ -120,6 +125,7 @@ class StrategyFlow : public PlacingFlow {
   brontavia::StrategyBoard board_;
   brontavia::Army army_;
   BoardModel fg1_;
+  int placings_ = 0;  // how often placing has begun; another number than before says that a new game has
   std::optional<Selection> selection_;
   std::optional<LastMove> last_move_;
 };

@@ -252,6 +252,50 @@ TEST_F(Fight, AMoveWhoseConnectionIsLostBeforeItHasArrivedHasNotHappened) {
   EXPECT_EQ(Turn(), Player::Server);
 }
 
+// A peer's second wish for another game needs no answer: the first one holds.
+TEST(Fighting, AMoveThatANewGameHasOvertakenLeavesNothingInIt) {
+  for (const bool arrives : {true, false}) {
+    SCOPED_TRACE(arrives);
+    StrategyPair pair(kGameEST);
+    StrategyCopy& server = pair.Server;
+    pair.BeginFight(kEstLayout, kEstLayout);
+    for (StrategyCopy* copy : {&server, &pair.Client}) {
+      copy->Dialogs.AnswerBox = [](const QString&) { return Button::Yes; };
+    }
+    server.Connection.Receive(u"Haganado|"_s);
+    pair.Settle();
+    server.Click(u"A1"_s);
+    server.Connection.Receive(u"Seguir|Si"_s);
+    pair.Settle();
+    server.Place(kEstLayout);
+    pair.Settle();
+    ASSERT_FALSE(server.Flow.PlacementMode());
+    server.Connection.HoldSendComplete = true;
+    server.Click(u"E4"_s);
+    QMetaObject::invokeMethod(
+        &server.Connection,
+        [&] {
+          server.Connection.Receive(u"Seguir|Si"_s);
+          pair.Settle();
+          server.Connection.HoldSendComplete = false;
+          if (arrives) {
+            emit server.Connection.SendComplete();
+          } else {
+            server.Connection.Break();
+          }
+        },
+        Qt::QueuedConnection);
+    const Player turn = server.Flow.State().CurrentTurn;
+    server.Click(u"E5"_s);
+    pair.Settle();
+    EXPECT_TRUE(server.Flow.PlacementMode());
+    EXPECT_EQ(server.Flow.State().CurrentTurn, turn);
+    EXPECT_EQ(server.At(u"E4"_s), kEmptyLand);
+    EXPECT_FALSE(server.Flow.SelectedCell());
+    EXPECT_EQ(server.Flow.Army().PiecesToPlace(), kEstratega.ArmySize());
+  }
+}
+
 // Every way in which an attack may end: against whatever stands on J4.
 TEST(Attack, ThatCannotBeSentHasNotHappened) {
   for (const Rank defender : kArmyRanks) {
