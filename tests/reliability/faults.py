@@ -38,6 +38,8 @@ CLOSE_LIMIT = 15.0
 MOST_BOXES = 8
 FLOOD = 0.5  # seconds
 _INTERNAL_ERROR = re.compile(r"Form\w+ \S+: .+")
+# The accessibility bus is slower than a key on a busy machine, and the toolkit tells so.
+_BUS_IS_SLOW = "QSpiApplication::keyEventError"
 
 # ---- Steps: how each is reached, what its user does next, and how the text begins that then travels ----
 
@@ -286,8 +288,11 @@ class Cell:
         wait_until("the sockets to close", lambda: not self._process.sockets())
         assert not self._process.children(), "the copy has a process of its own"
         new = self.copy.errors()[self._errors_before :].splitlines()
-        wrong = [line for line in new if self.fault not in _READ or not _INTERNAL_ERROR.fullmatch(line)]
+        wrong = [line for line in new if not self._may_tell(line)]
         assert not wrong, f"on standard error: {wrong}"
+
+    def _may_tell(self, line):
+        return line.startswith(_BUS_IS_SLOW) or self.fault in _READ and _INTERNAL_ERROR.fullmatch(line)
 
 
 # ---- The matrix ----
@@ -360,14 +365,14 @@ def all_cells(play):
 
 
 def sample():
-    """Each step and each fault several times, in turn in each game and role."""
+    """Each step and each fault several times, in turn in each game and role: what a minute has room for."""
     seats = [(play, server) for play in PLAYS for server in (True, False)]
     chosen = {seat: [] for seat in seats}
     for row, step in enumerate(STEPS):
+        able = [seat for seat in seats if step.exists_for(seat[0])]
         for column, fault in enumerate(FAULTS):
-            seat = seats[(3 * row + column) % len(seats)]
-            if (row + column) % 2 == 0 and step.exists_for(seat[0]):
-                chosen[seat].append((step, fault))
+            if (row + column) % 3 == 0:
+                chosen[able[(3 * row + column) % len(able)]].append((step, fault))
     return chosen
 
 
