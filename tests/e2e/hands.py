@@ -239,13 +239,13 @@ class KeyHand(Hand):
             control = wait_until(f"the {what}", find)
             if focused(control):
                 return
-            before = self._focused()
+            before = wait_until("the focus to be told", self._focused)
             screen.press("Tab")
             wait_until("the focus to move", lambda: self._focused() != before)
         raise AssertionError(f"Tab does not reach the {what}")
 
     def _focused(self):
-        """Role and name of what has the focus."""
+        """Role and name of what has the focus. Announcements that vanish meanwhile break off the look."""
         return [focus_below(window) for window in self.copy.windows()]
 
 
