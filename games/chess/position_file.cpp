@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include "text/flush_to_disk.h"
 #include "text/qt_text.h"
 #include "text/wire_encoding.h"
 
@@ -24,17 +25,25 @@ bool WriteAll(QFileDevice& file, QByteArrayView content) {
   return true;
 }
 
-// What is written over is put back after a failure, which takes no room that the file did not have.
+// What is written over is put back after a failure, which takes no room that the file did not have. What is longer is
+// cut last: until then the new line stands before the rest of the old content, and only the first line counts.
 std::optional<QString> WriteInPlace(const QString& path, const QByteArray& content) {
   QFile file(path);
   if (!file.open(QIODevice::ReadWrite | kUnbuffered)) return std::nullopt;
-  const qint64 size = file.size();
   const QByteArray before = file.read(content.size());
-  if (file.seek(0) && WriteAll(file, content) && file.resize(content.size())) return std::nullopt;
-  QString reason = file.errorString();
-  if (file.seek(0)) WriteAll(file, before);
-  file.resize(size);
-  return reason;
+  if (file.error() != QFileDevice::NoError || !file.seek(0)) return file.errorString();
+  const bool longer = before.size() == content.size();
+  std::optional<QString> failure;
+  if (!WriteAll(file, content)) {
+    failure = file.errorString();
+  } else if (!(failure = FlushToDisk(file)) && longer && !file.resize(content.size())) {
+    failure = file.errorString();
+  }
+  if (failure) {
+    if (file.seek(0)) WriteAll(file, before);
+    if (!longer) file.resize(before.size());
+  }
+  return failure;
 }
 
 }  // namespace
@@ -46,6 +55,7 @@ std::optional<QString> WritePositionFile(const QString& path, const QString& lin
   QSaveFile file(path);
   if (file.open(QIODevice::WriteOnly | kUnbuffered)) {
     if (!WriteAll(file, content)) return file.errorString();
+    if (auto failure = FlushToDisk(file)) return failure;  // commit() would pass over it
     if (file.commit()) return std::nullopt;
   }
   return WriteInPlace(path, content);  // the folder takes no new file, or does not let it take the old one's place
