@@ -173,10 +173,11 @@ template <typename Game>
 void FuzzWindow(std::string_view script) {
   const auto first_line = script.substr(0, script.find('\n'));
   const Opening opening = OpeningOf<Game>(first_line.empty() ? 'S' : first_line.front());
-  // To answer all boxes with "y" ends every window: the question whether to close is among them.
+  // To answer all boxes with "y" ends every window: the question whether to close is among them. Time passes between,
+  // because a box that comes after many waits until the window has been free.
   static const std::string end = [] {
     std::string steps = "l\nx\n";
-    for (int box = 0; box < 64; ++box) steps += "ay\n";
+    for (int box = 0; box < 64; ++box) steps += "ay\nsa\n";
     return steps;
   }();
   script.remove_prefix(first_line.size());

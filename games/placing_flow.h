@@ -19,10 +19,18 @@ class PlacingFlow : public GameFlow {
   [[nodiscard]] const PerPlayer<bool>& ReadyFlags() const { return ready_flags_; }
 
  protected:
+  // The board is empty, and the own player places his pieces.
+  void BeginPlacing() {
+    placement_mode_ = true;
+    ++placings_;
+  }
+  // How often that has begun; another number than before a wait says that a new game has begun meanwhile.
+  [[nodiscard]] int Placings() const { return placings_; }
   // Sends what was placed and, once it has arrived, that the own player is ready. Lets other events be handled
-  // meanwhile. False, and the own player is not ready, when the connection is lost before.
+  // meanwhile. False, and the own player is not ready, when the connection is lost or a new game begins before.
   bool SendPlaced(std::u16string_view placed) {
-    if (!SendAndWait(message::kPlaced.Token + ToQString(placed))) return false;
+    const int placing = placings_;
+    if (!SendAndWait(message::kPlaced.Token + ToQString(placed)) || placing != placings_) return false;
     if (!Send(message::kReady.Token.toString())) return false;
     ready_flags_[OwnPlayer()] = true;
     return true;
@@ -53,6 +61,7 @@ class PlacingFlow : public GameFlow {
   PerPlayer<bool> ready_flags_;
 
  private:
+  int placings_ = 0;
   QString waiting_box_;  // its text; empty when there is none
 };
 

@@ -65,7 +65,7 @@ void NavalFlow::LoadGame() {
 
 void NavalFlow::InitFleet() {
   board_.InitFleet();
-  placement_mode_ = true;
+  BeginPlacing();
   ShowSea(u"Mar propio"_s, OwnPlayer());
   ListShipsToPlace();
   for (BoardModel* grid : {&fg1_, &fg2_}) {

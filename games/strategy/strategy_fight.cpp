@@ -196,7 +196,7 @@ StrategyFlow::Carried StrategyFlow::CarryOut(Selection selected, Coordinate targ
   const Coordinate origin = selected.Cell;
   const CellCode before = board_.At(target);
   const auto last_move = last_move_;
-  const int placing = placings_;
+  const int placing = Placings();
   // The own board first: the answer may arrive while the wait lets events through.
   ApplyResult(board_, CodeOf(selected.Piece), origin, target, result);
   ClearSelection();
@@ -205,7 +205,7 @@ StrategyFlow::Carried StrategyFlow::CarryOut(Selection selected, Coordinate targ
       {{.From = origin, .To = target, .Fought = FightOf(OwnPlayer(), CodeOf(selected.Piece), before, result)}});
   const StrategyMove move{.From = origin, .To = target, .Result = result};
   const bool sent = SendAndWait(message::kMove.Token + ToQString(StrategyMoveText(move)));
-  if (placing != placings_) return Carried::OfAnOldGame;
+  if (placing != Placings()) return Carried::OfAnOldGame;
   if (sent) return Carried::Out;
   board_.Set(origin, CodeOf(selected.Piece));
   board_.Set(target, before);

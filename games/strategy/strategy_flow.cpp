@@ -53,8 +53,7 @@ void StrategyFlow::ResetForNewGame() {
 
 void StrategyFlow::ResetArmy() {
   army_.Reset(OwnPlayer());
-  ++placings_;
-  placement_mode_ = true;
+  BeginPlacing();
   selection_.reset();
   last_move_.reset();
   DrawBoard();

@@ -125,7 +125,6 @@ class StrategyFlow : public PlacingFlow {
   brontavia::StrategyBoard board_;
   brontavia::Army army_;
   BoardModel fg1_;
-  int placings_ = 0;  // how often placing has begun; another number than before says that a new game has
   std::optional<Selection> selection_;
   std::optional<LastMove> last_move_;
 };

@@ -317,6 +317,30 @@ TEST_F(Placing, NothingCanBeClickedWhileTheArmyIsOnItsWay) {
   EXPECT_EQ(Own.Connection.Sent.filter(u"Datos|"_s).size(), 1);
 }
 
+// A peer whose opponent has once wished for another game can begin one at any moment.
+TEST_F(Placing, AnArmyThatANewGameHasOvertakenIsNotReadyThere) {
+  Own.Dialogs.AnswerBox = [](const QString&) { return Button::Yes; };
+  Own.Connection.Receive(u"Haganado|"_s);
+  Pair.Settle();
+  Own.Click(u"A1"_s);
+  Own.Connection.Receive(u"Seguir|Si"_s);
+  Pair.Settle();
+  Own.Connection.HoldSendComplete = true;
+  QMetaObject::invokeMethod(
+      &Own.Connection,
+      [&] {
+        Own.Connection.Receive(u"Seguir|Si"_s);
+        Pair.Settle();
+        emit Own.Connection.SendComplete();
+      },
+      Qt::QueuedConnection);
+  Own.Place(kEstLayout);
+  EXPECT_TRUE(Own.Flow.PlacementMode());
+  EXPECT_EQ(Own.Flow.Army().PiecesToPlace(), kEstratega.ArmySize());
+  EXPECT_FALSE(Own.Flow.WaitingForOpponent());
+  EXPECT_TRUE(Own.Connection.Sent.filter(u"Listo|"_s).isEmpty());
+}
+
 TEST_F(Placing, AnArmyThatCannotBeSentIsStillToBeSent) {
   Own.Dialogs.Expect(u"Estratega"_s, box::kPlaced, Button::No);
   Own.Place(kEstLayout);
