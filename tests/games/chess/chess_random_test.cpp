@@ -10,6 +10,7 @@
 #include "games/chess/chess_game.h"
 #include "tests/games/chess/chess_places.h"
 #include "tests/games/chess/plain_chess.h"
+#include "tests/support/random_games.h"
 
 namespace brontavia::test {
 namespace {
@@ -124,7 +125,7 @@ void ComparePosition(const ChessPosition& position, Random& random) {
 class RandomChess : public testing::TestWithParam<unsigned> {};
 
 TEST_P(RandomChess, TargetsAndAttacksAgreeOnEveryPosition) {
-  constexpr int kPositions = 250'000;  // of each seed
+  constexpr int kPositions = 250'000 / kShareOfRandom;  // of each seed
   Random random(GetParam());
   for (int n = 0; n < kPositions; ++n) {
     ASSERT_NO_FATAL_FAILURE(ComparePosition(RandomPosition(random), random)) << "position " << n;
