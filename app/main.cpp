@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QPixmapCache>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -7,6 +6,7 @@
 #include "app/window_owner.h"
 #include "ui/accessibility.h"
 #include "ui/look.h"
+#include "ui/shared_icons.h"
 
 namespace {
 
@@ -24,15 +24,11 @@ class IconSetter : public QObject {
   }
 };
 
-// What the toolkit may keep of pictures, in KiB. Each box has icons of its own on its buttons, and the toolkit keeps
-// them when the box has gone, up to 10 MiB by default; the program's own pictures are kept elsewhere.
-constexpr int kToolkitPictures = 256;
-
 // From the first window to the last; returns the exit code.
 int RunWindows(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
-  QPixmapCache::setCacheLimit(kToolkitPictures);
+  brontavia::ShareStandardIcons();
   IconSetter icon_setter;
   brontavia::InstallAccessibility();
   brontavia::WindowOwner owner(QApplication::applicationDirPath());
