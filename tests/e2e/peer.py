@@ -184,6 +184,7 @@ class Listener:
     def __init__(self, port):
         self._socket = socket.create_server(("127.0.0.1", port))
         self._socket.settimeout(LIMIT)
+        self.port = self._socket.getsockname()[1]
 
     def accept(self):
         return Peer(self._socket.accept()[0])

@@ -9,7 +9,7 @@ from gi.repository import Atspi, GLib
 import screen
 from driver import CONTROLS
 from handshake import LEAVE_BUTTON, REQUEST_TITLE, SELECTION_QUESTION
-from hands import CANCEL, OK, YES
+from hands import CANCEL, OK, YES, KeyHand
 from tree import find_below, has_state, label_of, text_of
 from waiting import wait_until
 
@@ -66,6 +66,9 @@ class Touch:
         if text is not None:
             find_below(box, "text", None).queryEditableText().setTextContents(text)
         self.push(box, button)
+        self._wait_until_closed(box)
+
+    def _wait_until_closed(self, box):
         wait_until("the box to close", lambda: not self.copy.running() or box not in self.copy.boxes())
 
     @staticmethod
@@ -75,17 +78,20 @@ class Touch:
     def answer_top(self):
         """Goes on, whatever is asked. Returns title and text of the box that was answered, or None if there is none."""
         box = self.top_box()
-        if not box:
+        button = box and self._button_to_go_on(box)
+        if not button:  # a box may also close by itself
             return None
         told = box.name, label_of(box)
-        self.close(box, self.answer_to(box))
+        do(button)
+        self._wait_until_closed(box)
         return told
 
     @staticmethod
-    def answer_to(box):
+    def _button_to_go_on(box):
         """What a user presses who wants to go on: a stranger is refused, all else answered Yes."""
         wanted = (CANCEL,) if box.name == REQUEST_TITLE else (OK, YES, CANCEL)
-        return next(caption for caption in wanted if find_below(box, "push button", caption))
+        buttons = (find_below(box, "push button", caption) for caption in wanted)
+        return next((button for button in buttons if button), None)
 
     # ---- The end of a window ----
 
@@ -122,6 +128,25 @@ class Touch:
     def in_selection(self):
         text = self.copy.find(*CONTROLS["Text1"])
         return text is not None and text_of(text) == SELECTION_QUESTION
+
+
+class TouchHand(KeyHand):
+    """Plays whole sessions so. From pop-up menus it chooses by the keyboard."""
+
+    def choose_game(self, number):
+        Touch(self.copy).choose_game(number)
+
+    def click_cell(self, number, board="FG1"):
+        do(self.copy.cell(number, board))
+
+    def choose_command(self, menu, caption):
+        Touch(self.copy).choose_command(caption)
+
+    def _push(self, find, box, what):
+        do(wait_until(f"the {what}", find))
+
+    def _replace_text(self, box, field, text):
+        field.queryEditableText().setTextContents(text)
 
 
 def _command_below(node, caption):
