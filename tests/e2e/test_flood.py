@@ -13,7 +13,7 @@ from waiting import wait_until
 GAME = three_in_row.GAME
 # A person sees a box, presses Enter, and looks again.
 BETWEEN_KEYS = 0.15
-FLOOD = 6  # seconds
+FLOOD = 3  # seconds
 
 
 class Flood(cases.CopiesTest):

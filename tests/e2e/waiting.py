@@ -9,7 +9,11 @@ _BETWEEN_LOOKS = 0.02
 
 
 def wait_until(what, condition, limit=LIMIT):
-    """Returns the first true value of the condition. An object that vanishes while it is looked at counts as false."""
+    """Returns the first true value of the condition.
+
+    An object that vanishes while it is looked at counts as false; pyatspi finds texts and actions of such a one not
+    implemented.
+    """
     end = time.monotonic() + limit
     last = None
     while True:
@@ -17,7 +21,7 @@ def wait_until(what, condition, limit=LIMIT):
             last = condition()
             if last:
                 return last
-        except (GLib.Error, LookupError) as error:
+        except (GLib.Error, LookupError, NotImplementedError) as error:
             last = error
         if time.monotonic() > end:
             raise TimeoutError(f"gave up after {limit} s waiting for {what}; last seen: {last!r}")

@@ -2,6 +2,7 @@
 
 usage: evening.py [--rematches N] [--openings N] [--game CODE] [--sample]
 
+Idle: a window of each game that listens, and one on its user's turn, with nobody doing anything.
 Rematches: three in a row against a bare peer that wins as soon as the rules allow, in turn first and second to move.
 Openings: a window of each game in two copies, up to the settled first turn, and closed again.
 What a copy holds is read after every tenth; it counts from the fiftieth on, when everything has been used once. Memory
@@ -10,6 +11,7 @@ and the last. `--sample` is sixty rematches, which count from the twentieth on: 
 """
 
 import argparse
+import contextlib
 import dataclasses
 import os
 import statistics
@@ -19,6 +21,7 @@ import time
 import handshake
 from driver import Copy, free_port
 from eye import Eye
+from hands import OK
 from process import Process
 from seats import PLAYS, Seat
 from touch import Touch, do
@@ -26,6 +29,7 @@ from waiting import wait_until
 
 BETWEEN_READINGS = 10
 IDLE = 5.0  # seconds
+SETTLING = 2.0  # in which what was done before is told and painted
 MOST_IDLE = 0.02  # seconds of processor time in it: two ticks of the clock that counts it
 # The allocator gives back what it can and does not learn to keep more, so that what the program holds can be seen.
 ALLOCATOR = {"MALLOC_MMAP_THRESHOLD_": "65536", "MALLOC_TRIM_THRESHOLD_": "65536", "MALLOC_TOP_PAD_": "0"}
@@ -61,10 +65,7 @@ class Log:
     def tell(self):
         """Prints first and last reading after the warm-up, and what an idle copy uses. Returns what is not flat."""
         seconds = time.monotonic() - self._begun
-        process = self._process
-        cpu, wakes = process.cpu(), process.wakes()
-        time.sleep(IDLE)
-        cpu, wakes = process.cpu() - cpu, process.wakes() - wakes
+        cpu, wakes = watch_idle(self._process)
         steady = [reading for reading in self._readings if reading[0] >= self._measure.warm_up] or self._readings[-1:]
         (_, _, descriptors, threads), (last, _, descriptors_last, threads_last) = steady[0], steady[-1]
         third = -(-len(steady) // 3)
@@ -76,7 +77,7 @@ class Log:
         print(
             f"{self._what:24}{last:6} in {seconds:5.0f} s; memory {memory:.0f} -> {memory_last:.0f} KiB ({100 * growth:+.1f} %, "
             f"{each:+.0f} bytes each); descriptors {descriptors} -> {descriptors_last}; threads {threads} -> "
-            f"{threads_last}; idle for {IDLE:.0f} s: {cpu:.2f} s of processor time, {wakes} wakes",
+            f"{threads_last}; {idle_told(cpu, wakes)}",
             flush=True,
         )
         flat = (
@@ -86,6 +87,50 @@ class Log:
             ("idle", cpu <= MOST_IDLE),
         )
         return [f"{self._what}: {what}" for what, held in flat if not held]
+
+
+def watch_idle(process):
+    """Processor time and wakes of a copy with which nobody does anything."""
+    cpu, wakes = process.cpu(), process.wakes()
+    time.sleep(IDLE)
+    return process.cpu() - cpu, process.wakes() - wakes
+
+
+def idle_told(cpu, wakes):
+    return f"idle for {IDLE:.0f} s: {cpu:.2f} s of processor time, {wakes} wakes"
+
+
+class Idle:
+    """One copy whose user and peer have gone for a coffee, in two windows of each game."""
+
+    def __init__(self, binary):
+        self._port = free_port()
+        self._copy = Copy(binary, str(self._port))
+        self._process = Process(self._copy.pid)
+        Touch(self._copy).press(handshake.SERVER_BUTTON)
+
+    def run(self, play):
+        """Returns in which windows time was used."""
+        seat = Seat(self._copy, self._port, play, server=True)
+        seat.open()
+        missed = self._watch(f"{play.game.code} listening")
+        seat.start_play()
+        missed += self._watch(f"{play.game.code} own turn")
+        seat.touch.close_window(20)
+        seat.end()
+        return missed
+
+    def _watch(self, window):
+        time.sleep(SETTLING)
+        cpu, wakes = watch_idle(self._process)
+        print(f"{window:24}{idle_told(cpu, wakes)}", flush=True)
+        return [window] if cpu > MOST_IDLE else []
+
+    def leave(self):
+        Touch(self._copy).leave()
+
+    def end(self):
+        self._copy.end()
 
 
 class Rematches:
@@ -117,7 +162,6 @@ class Rematches:
             self._answer(main)  # the score
         missed = log.tell()
         seat.touch.close_window(20)
-        seat.touch.leave()
         return missed
 
     def _play(self, own_begins):
@@ -142,6 +186,9 @@ class Rematches:
         box = eye.active_window()
         eye.press_return()
         wait_until("the box to close", lambda: eye.active_window() != box)
+
+    def leave(self):
+        self._seat.touch.leave()
 
     def end(self):
         self._seat.end()
@@ -176,13 +223,20 @@ class Openings:
             touch.copy.expect_caption(game.caption)
         client.press(handshake.LOCAL_BUTTON)
         server.answer(handshake.REQUEST_TITLE)
-        for touch in self._touches:
-            touch.answer(handshake.NAME_TITLE)
-            touch.answer(handshake.TURN_TITLE)
+        self._answer_both(handshake.NAME_TITLE)
+        self._answer_both(handshake.TURN_TITLE)
         for touch in self._touches:
             handshake.report_line(touch.copy)
         for touch in self._touches:
             touch.close_window(20)
+
+    def _answer_both(self, title):
+        """A button takes a tenth of a second to be pressed; both users press at the same time."""
+        boxes = [touch.copy.box(title) for touch in self._touches]
+        for touch, box in zip(self._touches, boxes):
+            touch.push(box, OK)
+        for touch, box in zip(self._touches, boxes):
+            touch.wait_until_closed(box)
 
     def leave(self):
         for touch in self._touches:
@@ -193,32 +247,37 @@ class Openings:
             copy.end()
 
 
+@contextlib.contextmanager
+def using(part):
+    """A part of the evening, whose copies leave in order unless something went wrong."""
+    try:
+        yield part
+        part.leave()
+    finally:
+        part.end()
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--rematches", type=int, default=2000)
     parser.add_argument("--openings", type=int, default=500)
-    parser.add_argument("--game", choices=[play.game.code for play in PLAYS], help="whose windows are opened alone")
+    parser.add_argument("--game", choices=[play.game.code for play in PLAYS], help="whose windows alone are watched and opened")
     parser.add_argument("--sample", action="store_true")
     options = parser.parse_args()
     if options.sample:
         options.rematches, options.openings = SAMPLED_REMATCHES, 0
+    plays = [play for play in PLAYS if options.game in (None, play.game.code)]
     binary = os.environ["BRONTAVIA_BINARY"]
     missed = []
+    if not options.sample:
+        with using(Idle(binary)) as idle:
+            missed += [window for play in plays for window in idle.run(play)]
     if options.rematches:
-        rematches = Rematches(binary)
-        try:
+        with using(Rematches(binary)) as rematches:
             missed += rematches.run(options.rematches, SAMPLE if options.sample else Measure())
-        finally:
-            rematches.end()
     if options.openings:
-        openings = Openings(binary)
-        try:
-            for play in PLAYS:
-                if options.game in (None, play.game.code):
-                    missed += openings.run(play, options.openings)
-            openings.leave()
-        finally:
-            openings.end()
+        with using(Openings(binary)) as openings:
+            missed += [what for play in plays for what in openings.run(play, options.openings)]
     print("missed: " + (", ".join(missed) or "nothing"))
     sys.exit(bool(missed))
 

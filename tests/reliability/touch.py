@@ -66,9 +66,9 @@ class Touch:
         if text is not None:
             find_below(box, "text", None).queryEditableText().setTextContents(text)
         self.push(box, button)
-        self._wait_until_closed(box)
+        self.wait_until_closed(box)
 
-    def _wait_until_closed(self, box):
+    def wait_until_closed(self, box):
         wait_until("the box to close", lambda: not self.copy.running() or box not in self.copy.boxes())
 
     @staticmethod
@@ -83,7 +83,7 @@ class Touch:
             return None
         told = box.name, label_of(box)
         do(button)
-        self._wait_until_closed(box)
+        self.wait_until_closed(box)
         return told
 
     @staticmethod
