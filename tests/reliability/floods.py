@@ -39,6 +39,8 @@ SELECTION_CAPTION = "BRONTAVIA"
 # Seconds: of a person who sees what has come, of one who wants to get out, and of what measures.
 BETWEEN_LOOKS = 0.25
 BETWEEN_KEYS = 0.15
+BETWEEN_REQUESTS = 0.5  # to close, when nothing has come of the last
+BEFORE_THE_SAME_KEY = 3.0
 BETWEEN_PIXELS = 0.002
 
 _TER, _BAR, _MES, _EST, _AJE = PLAYS
@@ -131,23 +133,24 @@ class Window:
         before = self.process.memory()
         with Flood(self._seat.peer, text) as flood:
             begun, cpu = time.monotonic(), self.process.cpu()
-            while time.monotonic() - begun < seconds and not self._in_selection():
+            while time.monotonic() - begun < seconds and not self._in_selection(self._eye.active_window()):
                 time.sleep(BETWEEN_LOOKS)
                 self.growth = max(self.growth, self.process.memory() - before)
                 self.most_boxes = max(self.most_boxes, len(self._eye.windows()) - 1)
-                if user_there and not self._in_selection():
-                    self._act()
+                if user_there:
+                    self._act(self._eye.active_window())
             self.busy.append((self.process.cpu() - cpu) / (time.monotonic() - begun))
             self.closings.append(self._close())
         self.sent += flood.sent
         self._seat.end()
 
-    def _in_selection(self):
-        return self._eye.title(self._eye.active_window()) == SELECTION_CAPTION
+    def _in_selection(self, front):
+        return self._eye.title(front) == SELECTION_CAPTION
 
-    def _act(self):
+    def _act(self, front):
         """Answers the box in front, or answers on the board."""
-        front = self._eye.active_window()
+        if not front or self._in_selection(front):
+            return
         if front != self._main:
             begun = time.monotonic()
             self._eye.press_return()
@@ -166,16 +169,23 @@ class Window:
     def _close(self):
         """Seconds from the wish to close to the selection window."""
         begun = time.monotonic()
-        while not self._in_selection():
-            if self._eye.active_window() == self._main:
+        while not self._in_selection(front := self._eye.active_window()):
+            if front == self._main:
                 self._eye.ask_to_close()
-            else:
+            elif front:
                 self._eye.press_return()
-            end = time.monotonic() + BETWEEN_KEYS
-            while time.monotonic() < end and not self._in_selection():
-                time.sleep(BETWEEN_PIXELS)
-            assert time.monotonic() - begun < PATIENCE, "the window cannot be closed"
+            # A key that comes while the box is getting the focus may be lost; one too many might meet the next window.
+            self._look_elsewhere(front, BETWEEN_REQUESTS if front in (0, self._main) else BEFORE_THE_SAME_KEY)
+            waited = time.monotonic() - begun
+            assert waited < PATIENCE, f"the window cannot be closed; in front: {self._eye.title(front)!r}"
         return time.monotonic() - begun
+
+    def _look_elsewhere(self, front, limit):
+        """Until another window is in front."""
+        begun = time.monotonic()
+        time.sleep(BETWEEN_KEYS)
+        while self._eye.active_window() == front and time.monotonic() - begun < limit:
+            time.sleep(BETWEEN_PIXELS)
 
     def leave(self):
         self._seat.touch.leave()
