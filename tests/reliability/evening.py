@@ -5,9 +5,9 @@ usage: evening.py [--rematches N] [--openings N] [--game CODE] [--sample]
 Idle: a window of each game that listens, and one on its user's turn, with nobody doing anything.
 Rematches: three in a row against a bare peer that wins as soon as the rules allow, in turn first and second to move.
 Openings: a window of each game in two copies, up to the settled first turn, and closed again.
-What a copy holds is read after every tenth; it counts from the fiftieth on, when everything has been used once. Memory
-is compared by the medians of the first and of the last third of these readings, descriptors and threads by the first
-and the last. `--sample` is sixty rematches, which count from the twentieth on: what grows by much with each is seen.
+What a copy holds is read after every tenth; it counts from the fiftieth on, when everything has been used once. What is
+compared are the medians of the first and of the last third of these readings. `--sample` is sixty rematches, which count
+from the twentieth on: what grows by much with each is seen.
 """
 
 import argparse
@@ -63,27 +63,25 @@ class Log:
             self._readings.append((number, process.memory(), process.descriptors(), process.threads()))
 
     def tell(self):
-        """Prints first and last reading after the warm-up, and what an idle copy uses. Returns what is not flat."""
+        """Prints what was held at first and at last, and what an idle copy uses. Returns what is not flat."""
         seconds = time.monotonic() - self._begun
         cpu, wakes = watch_idle(self._process)
         steady = [reading for reading in self._readings if reading[0] >= self._measure.warm_up] or self._readings[-1:]
-        (_, _, descriptors, threads), (last, _, descriptors_last, threads_last) = steady[0], steady[-1]
         third = -(-len(steady) // 3)
-        (begun, memory), (ended, memory_last) = (
-            [statistics.median(column) for column in list(zip(*part))[:2]] for part in (steady[:third], steady[-third:])
-        )
-        growth = memory_last / memory - 1
-        each = 1024 * (memory_last - memory) / max(ended - begun, 1)
+        parts = steady[:third], steady[-third:]
+        first, last = ([statistics.median(column) for column in zip(*part)] for part in parts)
+        growth = last[1] / first[1] - 1
+        each = 1024 * (last[1] - first[1]) / max(last[0] - first[0], 1)
         print(
-            f"{self._what:24}{last:6} in {seconds:5.0f} s; memory {memory:.0f} -> {memory_last:.0f} KiB ({100 * growth:+.1f} %, "
-            f"{each:+.0f} bytes each); descriptors {descriptors} -> {descriptors_last}; threads {threads} -> "
-            f"{threads_last}; {idle_told(cpu, wakes)}",
+            f"{self._what:24}{steady[-1][0]:6} in {seconds:5.0f} s; memory {first[1]:.0f} -> {last[1]:.0f} KiB "
+            f"({100 * growth:+.1f} %, {each:+.0f} bytes each); descriptors {first[2]:.0f} -> {last[2]:.0f}; threads "
+            f"{first[3]:.0f} -> {last[3]:.0f}; {idle_told(cpu, wakes)}",
             flush=True,
         )
         flat = (
             ("memory", growth <= self._measure.most_growth),
-            ("descriptors", descriptors_last <= descriptors),
-            ("threads", threads_last <= threads),
+            ("descriptors", last[2] <= first[2]),
+            ("threads", last[3] <= first[3]),
             ("idle", cpu <= MOST_IDLE),
         )
         return [f"{self._what}: {what}" for what, held in flat if not held]
@@ -261,7 +259,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--rematches", type=int, default=2000)
     parser.add_argument("--openings", type=int, default=500)
-    parser.add_argument("--game", choices=[play.game.code for play in PLAYS], help="whose windows alone are watched and opened")
+    parser.add_argument("--game", choices=[play.game.code for play in PLAYS], help="whose windows to watch and open")
     parser.add_argument("--sample", action="store_true")
     options = parser.parse_args()
     if options.sample:

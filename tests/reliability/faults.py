@@ -33,8 +33,8 @@ from tree import find_below
 from waiting import wait_until
 
 ANSWER_LIMIT = 1.0  # seconds in which a window tells its caption
-# From the wish to close to the selection window, each box answered through the accessibility bus: three boxes of a flood
-# and two questions take seconds on a busy machine. What a flood leaves of a second is measured by floods.py.
+# From the wish to close to the selection window, each box answered through the accessibility bus: three boxes of a
+# flood and two questions take seconds on a busy machine. What a flood leaves of a second is measured by floods.py.
 CLOSE_LIMIT = 15.0
 PATIENCE = 5  # how many times these limits a sample gives
 MOST_BOXES = 8

@@ -96,7 +96,7 @@ class Touch:
     # ---- The end of a window ----
 
     def close_window(self, limit):
-        """Asks for the end and answers all boxes on the way. Returns the seconds until the selection window was there."""
+        """Asks for the end and answers all boxes on the way. Returns the seconds until the selection window is up."""
         begun = time.monotonic()
         acted = begun - _BETWEEN_LOOKS
 
