@@ -6,7 +6,7 @@ Idle: a window of each game that listens, and one on its user's turn, with nobod
 Rematches: three in a row against a bare peer that wins as soon as the rules allow, in turn first and second to move.
 Openings: a window of each game in two copies, up to the settled first turn, and closed again.
 What a copy holds is read after every tenth; it counts from the fiftieth on, when everything has been used once. What is
-compared are the medians of the first and of the last third of these readings. `--sample` is sixty rematches, which count
+compared are the medians of the first and of the last third of these readings. `--sample` is sixty rematches that count
 from the twentieth on: what grows by much with each is seen.
 """
 
