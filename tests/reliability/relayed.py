@@ -122,7 +122,7 @@ class Pair:
         self.relay.mend()
         if since == FIRST_BYTE:
             disturbance(self.relay)
-        self._connect(seats)
+        self._connect()
         if since == FIRST_TURN:
             self._settle(seats)
             disturbance(self.relay)
@@ -135,12 +135,14 @@ class Pair:
         for copy in self.copies:
             wait_until("the sockets to close", lambda: not Process(copy.pid).sockets())
 
-    def _connect(self, seats):
+    def _connect(self):
+        """The server's user accepts, whatever may come of it."""
         self._touches[1].press(handshake.LOCAL_BUTTON)
         self._touches[0].answer(handshake.REQUEST_TITLE)
         self.copies[0].box(handshake.NAME_TITLE)
 
-    def _settle(self, seats):
+    @staticmethod
+    def _settle(seats):
         """Up to the first turn, which the server has."""
         for seat in seats:
             seat.touch.answer(handshake.NAME_TITLE)
