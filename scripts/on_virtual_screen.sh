@@ -28,10 +28,11 @@ beside() {
   helpers+=($!)
 }
 
-# The server itself takes the first free display number, so that any number of screens can start at the same time.
+# The server itself takes the first free display number, so that any number of screens can start at the same time. Keys
+# do not repeat (-r): on a busy machine one may be down for longer than its user means.
 number=$XDG_RUNTIME_DIR/display
 : >"$number"
-beside bash -c 'exec Xvfb -displayfd 3 -screen 0 1680x1240x24 -nolisten tcp -noreset 3>"$0"' "$number"
+beside bash -c 'exec Xvfb -displayfd 3 -screen 0 1680x1240x24 -nolisten tcp -noreset -r 3>"$0"' "$number"
 wait_for test -s "$number"
 DISPLAY=:$(cat "$number")
 export DISPLAY
