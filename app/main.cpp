@@ -2,7 +2,9 @@
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
+#include "app/fonts_ahead.h"
 #include "app/window_owner.h"
 #include "ui/accessibility.h"
 #include "ui/look.h"
@@ -26,7 +28,8 @@ class IconSetter : public QObject {
 
 // From the first window to the last; returns the exit code.
 int RunWindows(int argc, char** argv) {
-  const QApplication application(argc, argv);
+  std::optional<QApplication> application;
+  brontavia::WhileFontsAreRead([&] { application.emplace(argc, argv); });
   QApplication::setQuitOnLastWindowClosed(false);
   brontavia::ShareStandardIcons();
   IconSetter icon_setter;
@@ -36,7 +39,7 @@ int RunWindows(int argc, char** argv) {
   const int code = QApplication::exec();
   // A name server may take half a minute to answer a client who has long closed the window, and the toolkit waits for
   // its lookups when the application object goes.
-  QObject::disconnect(&application, &QObject::destroyed, nullptr, nullptr);
+  QObject::disconnect(&*application, &QObject::destroyed, nullptr, nullptr);
   return code;
 }
 

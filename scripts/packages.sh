@@ -1,6 +1,6 @@
 # Sourced by ./play, ./check and what else needs something: what each of them needs from Debian, and how it gets there.
 
-build_packages=(cmake g++ lowdown ninja-build libqt6svg6 qt6-base-dev qt6-multimedia-dev qt6-translations-l10n)
+build_packages=(cmake g++ libfontconfig-dev lowdown ninja-build libqt6svg6 qt6-base-dev qt6-multimedia-dev qt6-translations-l10n)
 # A virtual screen with a window manager, keys and clicks, pictures, and the accessibility bus.
 screen_packages=(xvfb openbox xdotool imagemagick x11-utils dbus-daemon at-spi2-core python3-pyatspi fonts-dejavu-core)
 # The private headers let a test stand where the platform hears what screen readers are told.
