@@ -195,26 +195,33 @@ Form1::Measures Form1::Tight() const {
   return {.Margin = 12, .Gap = 8, .Icon = 44, .Button = qreal(2 * server_button_->fontMetrics().lineSpacing())};
 }
 
+int Form1::ExplanationHeight(int width) const {
+  if (explanation_.width() != width) {
+    explanation_ = {width, std::max(text2_->HeightOf(ServerExplanation(port_), width),
+                                    text2_->HeightOf(ClientExplanation(), width))};
+  }
+  return explanation_.height();
+}
+
 int Form1::NeededHeight(const Measures& measures) const {
   const int width = ColumnWidth(measures);
-  const int text =
-      std::max(text2_->HeightOf(ServerExplanation(port_), width), text2_->HeightOf(ClientExplanation(), width));
   return qRound(2 * measures.Margin + measures.Icon + 4 * measures.Gap + (IsNarrow() ? 2 : 1) * measures.Button +
                 (IsNarrow() ? measures.Gap : 0)) +
-         text1_->heightForWidth(width) + text + EndHeight(width);
+         text1_->heightForWidth(width) + ExplanationHeight(width) + EndHeight(width);
 }
 
 void Form1::resizeEvent(QResizeEvent* /*event*/) {
-  const Measures most;
-  const Measures least = Tight();
-  // How far all of them give way.
-  const int needed = NeededHeight(most);
-  const qreal part = std::clamp(qreal(needed - height()) / (needed - NeededHeight(least)), 0.0, 1.0);
-  const auto between = [part](qreal from, qreal to) { return from + part * (to - from); };
-  Measures measures{.Margin = between(most.Margin, least.Margin),
-                    .Gap = between(most.Gap, least.Gap),
-                    .Icon = between(most.Icon, least.Icon),
-                    .Button = between(most.Button, least.Button)};
+  Measures measures;
+  if (const int needed = NeededHeight(measures); needed > height()) {
+    // How far all of them give way.
+    const Measures least = Tight();
+    const qreal part = std::clamp(qreal(needed - height()) / (needed - NeededHeight(least)), 0.0, 1.0);
+    const auto give_way = [part](qreal& from, qreal to) { from += part * (to - from); };
+    give_way(measures.Margin, least.Margin);
+    give_way(measures.Gap, least.Gap);
+    give_way(measures.Icon, least.Icon);
+    give_way(measures.Button, least.Button);
+  }
   // A wider button can also be higher.
   const qreal highest = std::max(measures.Button, ButtonWidth(measures) * kHighestButton);
   measures.Button += std::clamp<qreal>(height() - NeededHeight(measures), 0, highest - measures.Button);

@@ -48,7 +48,10 @@ class Form1 : public QWidget {
   [[nodiscard]] bool EndsInOneLine(int width) const;
   [[nodiscard]] int EndWidth() const;
   [[nodiscard]] int EndHeight(int width) const;
-  // Of all parts, the explanation as high as the longer of its texts.
+  // Of the longer of its texts. Kept for the width last asked about: to lay out two long texts is most of what
+  // arranging the window takes.
+  [[nodiscard]] int ExplanationHeight(int width) const;
+  // Of all parts.
   [[nodiscard]] int NeededHeight(const Measures& measures) const;
   void Arrange(const Measures& measures);
   void ArrangeEnd(const QRect& area);
@@ -63,6 +66,7 @@ class Form1 : public QWidget {
   QPushButton* server_button_;
   QPushButton* client_button_;
   GuideBox* text2_;
+  mutable QSize explanation_;  // as wide as last asked about, and as high as the longer text is then
   OneLineLabel* credit_;
   OneLineLabel* version_;
   QPushButton* manual_;

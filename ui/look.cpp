@@ -115,11 +115,13 @@ bool Fits(const QFont& font, std::span<const QString> words, const QSizeF& room)
 }
 
 std::optional<QFont> FindFitting(const Question& question) {
-  constexpr std::array<int, 4> kStretches{100, 92, 85, 75};
+  constexpr std::array<int, 3> kStretches{92, 85, 75};
   constexpr int kNarrowest = 70;
   QFont font = question.Font;
   int pixels = std::max(kSmallestReadable, static_cast<int>(question.Largest));
   font.setPixelSize(pixels);
+  // As wide as it is, and not set to 100 %: that would be another font to the system, loaded once more.
+  if (Fits(font, question.Words, question.Room)) return font;
   for (const int stretch : kStretches) {
     font.setStretch(stretch);
     if (Fits(font, question.Words, question.Room)) return font;
