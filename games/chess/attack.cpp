@@ -26,16 +26,17 @@ bool IsSquareAttacked(const ChessPosition& position, Coordinate square, std::opt
   if (!colour) colour = board.ColourAt(square);
   if (!colour) return false;
   const Colour attackers = OpponentOf(*colour);
-  bool attacked = false;
-  for (int column = 1; column <= kBoardSide; ++column) {
-    for (int row = 1; row <= kBoardSide; ++row) {
+  // The last one that can go there has the say, so the look begins with it.
+  for (int column = kBoardSide; column >= 1; --column) {
+    for (int row = kBoardSide; row >= 1; --row) {
       const Coordinate source{.Column = column, .Row = row};
-      if (board.ColourAt(source) != attackers) continue;
-      const ChessSelection attacker{.Source = source, .Piece = board.At(source)};
-      if (PieceSteps(position, attacker).Holds(square)) attacked = AnswersAttacked(attacker, square);
+      const int piece = board.At(source);
+      if (piece == kNoPiece || ColourOf(piece) != attackers) continue;
+      const ChessSelection attacker{.Source = source, .Piece = piece};
+      if (CanStepTo(position, attacker, square)) return AnswersAttacked(attacker, square);
     }
   }
-  return attacked;
+  return false;
 }
 
 }  // namespace brontavia

@@ -1,5 +1,7 @@
 #include "games/chess/piece_steps.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <span>
 
 namespace brontavia {
@@ -73,7 +75,56 @@ class StepFinder {
   TargetList& found_;
 };
 
+int SignOf(int number) { return (number > 0) - (number < 0); }
+
+// Whether `square` lies straight or diagonally from `source`, as `straight` and `diagonal` allow, and nothing stands in
+// between.
+bool IsOnRay(const ChessBoard& board, Coordinate source, Coordinate square, bool straight, bool diagonal) {
+  const Step way{.Column = square.Column - source.Column, .Row = square.Row - source.Row};
+  const bool on_line = way.Column == 0 || way.Row == 0;
+  if (on_line ? !straight : !diagonal || std::abs(way.Column) != std::abs(way.Row)) return false;
+  const Step step{.Column = SignOf(way.Column), .Row = SignOf(way.Row)};
+  for (Coordinate between = source + step; between != square; between = between + step) {
+    if (board.At(between) != kNoPiece) return false;
+  }
+  return true;
+}
+
+bool CanPawnStepTo(const ChessPosition& position, const ChessSelection& pawn, Coordinate square) {
+  const Colour colour = ColourOf(pawn.Piece);
+  const int forward = ForwardStep(colour);
+  const int rows = (square.Row - pawn.Source.Row) * forward;
+  const int standing = position.Board.At(square);
+  if (square.Column == pawn.Source.Column) {
+    if (standing != kNoPiece) return false;
+    if (rows == 1) return true;
+    return rows == 2 && pawn.Source.Row == BackRow(colour) + forward &&
+           position.Board.At({square.Column, square.Row - forward}) == kNoPiece;
+  }
+  return rows == 1 && std::abs(square.Column - pawn.Source.Column) == 1 &&
+         ((standing != kNoPiece && ColourOf(standing) != colour) || square == position.EnPassantSquares[colour]);
+}
+
 }  // namespace
+
+bool CanStepTo(const ChessPosition& position, const ChessSelection& selection, Coordinate square) {
+  if (!ChessBoard::IsOnBoard(square)) return false;
+  const int kind = KindOf(selection.Piece);
+  if (kind == kPawn) return CanPawnStepTo(position, selection, square);
+  if (position.Board.ColourAt(square) == ColourOf(selection.Piece)) return false;
+  const int columns = std::abs(square.Column - selection.Source.Column);
+  const int rows = std::abs(square.Row - selection.Source.Row);
+  switch (kind) {
+    case kNoPiece:
+      return false;
+    case kKnight:
+      return columns * rows == 2;
+    case kKing:
+      return std::max(columns, rows) == 1;
+    default:
+      return IsOnRay(position.Board, selection.Source, square, kind != kBishop, kind != kRook);
+  }
+}
 
 TargetList PieceSteps(const ChessPosition& position, const ChessSelection& selection) {
   TargetList found;

@@ -17,4 +17,7 @@ struct ChessSelection {
 // without a piece.
 TargetList PieceSteps(const ChessPosition& position, const ChessSelection& selection);
 
+// Whether PieceSteps has `square`, found without the others.
+bool CanStepTo(const ChessPosition& position, const ChessSelection& selection, Coordinate square);
+
 }  // namespace brontavia

@@ -76,6 +76,20 @@ PlainChess::Places PlacesOf(const TargetList& targets) {
   return places;
 }
 
+// Asked for one square after the other, the ring included, the steps are those that are listed.
+void CompareSteps(const ChessPosition& position, Coordinate source) {
+  const ChessSelection selection{.Source = source, .Piece = position.Board.At(source)};
+  const TargetList steps = PieceSteps(position, selection);
+  for (int column = 0; column <= kBoardSide + 1; ++column) {
+    for (int row = 0; row <= kBoardSide + 1; ++row) {
+      const Coordinate square{.Column = column, .Row = row};
+      ASSERT_EQ(CanStepTo(position, selection, square), steps.Holds(square))
+          << testing::PrintToString(source) << " to " << testing::PrintToString(square) << " of "
+          << testing::PrintToString(position);
+    }
+  }
+}
+
 void CompareTargets(const ChessPosition& position, PlainChess& plain, Coordinate square) {
   const GeneratedTargets targets = GenerateTargets(position, {.Source = square, .Piece = position.Board.At(square)});
   ASSERT_EQ(PlacesOf(targets.Squares), plain.Targets(square.Column, square.Row))
@@ -110,6 +124,9 @@ void ComparePosition(const ChessPosition& position, Random& random) {
   for (int tries = 0; tries < 8 && position.Board.At(square) == kNoPiece; ++tries) square = random.Square();
   if (position.Board.At(square) != kNoPiece) {
     ASSERT_NO_FATAL_FAILURE(CompareTargets(position, plain, square));
+    if (random.OneIn(16)) {
+      ASSERT_NO_FATAL_FAILURE(CompareSteps(position, square));
+    }
   }
   for (const Colour colour : kBothColours) {
     const std::optional<Coordinate> king = position.KingSquares[colour];
