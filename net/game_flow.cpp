@@ -28,6 +28,7 @@ void GameFlow::On(const Message& message, Handler handler) { handlers_[&message]
 
 void GameFlow::HandleMessage(const QString& text) {
   if (Window().BeepsForEveryText) Screen().Beep();
+  if (!text.contains(u'|')) return;  // which every token has
   for (const Message* message : Window().Messages) {
     if (!text.contains(message->Token)) continue;
     if (!message->Unless.isEmpty() && text.contains(message->Unless)) continue;

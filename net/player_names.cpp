@@ -13,8 +13,9 @@ PlayerNames::PlayerNames() {
   for (const Player player : kBothPlayers) Set(player, {});
 }
 
-void PlayerNames::Set(Player player, QStringView name) { names_[player] = FixedWidth(name, kNameLength); }
-
-QString PlayerNames::Trimmed(Player player) const { return TrimBlanks(Padded(player)); }
+void PlayerNames::Set(Player player, QStringView name) {
+  padded_[player] = FixedWidth(name, kNameLength);
+  trimmed_[player] = TrimBlanks(padded_[player]);
+}
 
 }  // namespace brontavia

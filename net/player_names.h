@@ -12,12 +12,13 @@ class PlayerNames {
   PlayerNames();
 
   void Set(Player player, QStringView name);
-  [[nodiscard]] const QString& Padded(Player player) const { return names_[player]; }
+  [[nodiscard]] const QString& Padded(Player player) const { return padded_[player]; }
   // Without outer blanks.
-  [[nodiscard]] QString Trimmed(Player player) const;
+  [[nodiscard]] const QString& Trimmed(Player player) const { return trimmed_[player]; }
 
  private:
-  PerPlayer<QString> names_;
+  PerPlayer<QString> padded_;
+  PerPlayer<QString> trimmed_;
 };
 
 }  // namespace brontavia

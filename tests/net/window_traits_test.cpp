@@ -211,6 +211,13 @@ TEST(MessagesOfWindow, PayloadsBeginRightBehindTheirToken) {
   EXPECT_EQ(message::kMove.PayloadFrom, 5);
 }
 
+// A text without a bar is not searched for any.
+TEST(MessagesOfWindow, AllHaveABar) {
+  for (const WindowTraits* window : kAllWindows) {
+    for (const Message* message : window->Messages) EXPECT_TRUE(message->Token.contains(u'|')) << Bytes(message->Token);
+  }
+}
+
 TEST(MessagesOfWindow, TheDecisionIsReadFromTheWholeText) { EXPECT_EQ(message::kTurnDecided.PayloadFrom, 1); }
 
 TEST(MessagesOfWindow, TheAcceptanceIsSoughtWithoutItsBar) {
