@@ -129,9 +129,9 @@ class Copy : public QObject {
       AnswerBox(*dialog);
     } else if (window_ == nullptr) {
       ChooseGame();
-    } else if (auto* local = window_->findChild<QPushButton*>(u"CBConLocal"_s); local->isVisible()) {
+    } else if (local_->isVisible()) {
       // A new try ends the one before, so each gets its time.
-      if (TimeForNextTry()) local->click();
+      if (TimeForNextTry()) local_->click();
     } else if (!playing_) {
       if (Log().contains(plan_->Beginning()))
         Begin();
@@ -172,12 +172,14 @@ class Copy : public QObject {
 
   void TakeWindow(GameWindow& window) {
     window_ = &window;
+    local_ = window.findChild<QPushButton*>(u"CBConLocal"_s);
+    log_ = window.findChild<QPlainTextEdit*>(u"TBMensajes"_s);
     board_ = window.findChild<BoardView*>(u"FG1"_s);
     watched_ = window.findChild<BoardView*>(plan_->WatchedBoard());
     connect(&watched_->Model(), &BoardModel::dataChanged, this, &Copy::CellsChanged);
   }
 
-  [[nodiscard]] QString Log() const { return window_->findChild<QPlainTextEdit*>(u"TBMensajes"_s)->toPlainText(); }
+  [[nodiscard]] QString Log() const { return log_->toPlainText(); }
 
   bool TimeForNextTry(std::chrono::milliseconds pause = kBetweenTries) {
     if (Now() < next_try_) return false;
@@ -257,6 +259,8 @@ class Copy : public QObject {
   // ---- What is printed ----
 
   void Report() {
+    std::puts("report");
+    std::fflush(stdout);
     std::printf("opening %lld\n", opened_);
     for (const auto& [note, time] : notes_) std::printf("%s %d %lld\n", note.first.c_str(), note.second, time);
     const QRect cell = board_->CellRect({.Row = 1, .Column = 1});
@@ -280,6 +284,8 @@ class Copy : public QObject {
   std::unique_ptr<Plan> plan_;
   std::mt19937 random_;
   GameWindow* window_ = nullptr;
+  QPushButton* local_ = nullptr;
+  QPlainTextEdit* log_ = nullptr;
   BoardView* board_ = nullptr;
   BoardView* watched_ = nullptr;
   QTimer chores_;
