@@ -198,8 +198,12 @@ class KeyHand(Hand):
 
     def choose_item(self, caption):
         """Chooses from the menu that is open, with the arrow keys from its first item on."""
-        items = self.copy.menu_items()
-        item = named(items, caption)
+
+        def look():
+            items = self.copy.menu_items()
+            return items, named(items, caption)
+
+        items, item = wait_until(f"the item {caption!r}", look)
         if steps := items.index(item):
             screen.press(*["Down"] * steps)
         wait_until(f"the item {caption!r} to be current", lambda: is_focused(item))
@@ -251,7 +255,10 @@ class KeyHand(Hand):
 
 def named(nodes, name):
     """The one with a name."""
-    return next(node for node in nodes if node.name == name)
+    for node in nodes:
+        if node.name == name:
+            return node
+    raise LookupError(name)
 
 
 def focused_text_below(node):
