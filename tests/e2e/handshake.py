@@ -104,6 +104,7 @@ CLIENT = Player("Cliente")
 def choose_role(hand, server):
     hand.press_button(SERVER_BUTTON if server else CLIENT_BUTTON)
     hand.copy.expect_text("Text1", SELECTION_QUESTION)
+    hand.copy.bring_to_front()  # before that it may take the keyboard from whoever is typing in another window
 
 
 def open_game(hand, server, game):
@@ -116,6 +117,7 @@ def choose_game(hand, server, game):
     hand.choose_game(game.number)
     hand.copy.expect_caption(game.caption)
     wait_until("the frame of the role", lambda: hand.copy.shows("FrServidor" if server else "FrCliente"))
+    hand.copy.bring_to_front()
 
 
 def answer_request(hand, button=OK):

@@ -1,24 +1,22 @@
 """The virtual screen as its user has it: windows, mouse, keys and pictures, all through the X server."""
 
-import functools
 import re
 import subprocess
 
-from eye import Eye
-
 _LIMIT = 20
-
-# What is looked at again and again is read without a process for each look.
-_eye = functools.cache(Eye)
 
 
 def _run(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True, timeout=_LIMIT).stdout
 
 
+def _window_ids(text):
+    return [int(number, 16) for number in re.findall(r"0x[0-9a-f]+", text)]
+
+
 def stacking():
     """All windows, the topmost last."""
-    return _eye().stacking()
+    return _window_ids(_run("xprop", "-root", "_NET_CLIENT_LIST_STACKING"))
 
 
 def icon_sides(window):
@@ -28,12 +26,21 @@ def icon_sides(window):
 
 def windows_of(pid):
     """The windows of a process as (id, title), the topmost last."""
-    return [(window, _eye().title(window)) for window in stacking() if _eye().pid(window) == pid]
+    found = []
+    for window in stacking():
+        try:
+            lines = _run("xdotool", "getwindowpid", str(window), "getwindowname", str(window)).split("\n")
+        except subprocess.CalledProcessError:
+            continue  # it has just gone
+        if lines[0] == str(pid):
+            found.append((window, lines[1]))
+    return found
 
 
 def in_front(window):
     """Whether a window has the keyboard and nothing covers it."""
-    return stacking()[-1:] == [window] and _eye().active_window() == window
+    lines = _run("xprop", "-root", "_NET_CLIENT_LIST_STACKING", "_NET_ACTIVE_WINDOW").split("\n")
+    return _window_ids(lines[0])[-1:] == [window] == _window_ids(lines[1])[:1]
 
 
 def activate(window):

@@ -52,16 +52,8 @@ class Eye:
         """Main windows and boxes of all programs."""
         return self._numbers(b"_NET_CLIENT_LIST")
 
-    def stacking(self):
-        """The same, the topmost last."""
-        return self._numbers(b"_NET_CLIENT_LIST_STACKING")
-
     def title(self, window):
         return self._property(ctypes.c_ulong(window), b"_NET_WM_NAME", ctypes.c_char).decode()
-
-    def pid(self, window):
-        """The process that a window belongs to; 0 when the window has gone."""
-        return next(iter(self._property(ctypes.c_ulong(window), b"_NET_WM_PID", ctypes.c_ulong)), 0)
 
     def _numbers(self, name):
         return self._property(self._root, name, ctypes.c_ulong)
