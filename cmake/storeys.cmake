@@ -9,6 +9,6 @@ function(add_storey name)
   target_include_directories(${name}_storey INTERFACE ${directory})
 endfunction()
 
-foreach(storey text seams net ui games app tests bench)
+foreach(storey text seams net ui games app tests benchmarks)
   add_storey(${storey})
 endforeach()

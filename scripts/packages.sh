@@ -4,7 +4,7 @@ build_packages=(cmake g++ libfontconfig-dev lowdown ninja-build libqt6svg6 qt6-b
 # A virtual screen with a window manager, keys and clicks, pictures, and the accessibility bus.
 screen_packages=(xvfb openbox xdotool imagemagick x11-utils dbus-daemon at-spi2-core python3-pyatspi fonts-dejavu-core)
 # The private headers let a test stand where the platform hears what screen readers are told.
-# valgrind counts instructions: bench/counts.py.
+# valgrind counts instructions: benchmarks/counts.py.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev qt6-base-private-dev valgrind)
 # xboard is what the start is measured beside.
 bench_packages=(libbenchmark-dev valgrind xboard)

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Counts the instructions of bench/counted_work.cpp and compares them with bench/expected.json.
+"""Counts the instructions of benchmarks/counted_work.cpp and compares them with benchmarks/expected.json.
 
-usage: bench/counts.py PROGRAM            fails where a figure has grown by more than 5 %
-       bench/counts.py --accept PROGRAM   takes what is counted for what is expected
+usage: benchmarks/counts.py PROGRAM            fails where a figure has grown by more than 5 %
+       benchmarks/counts.py --accept PROGRAM   takes what is counted for what is expected
 
 Counted are the instructions of the program's own files, without those of the libraries under it: which of its string
 functions the C library takes depends on the processor. What the program asks of libraries is counted by its calls.
@@ -89,7 +89,7 @@ def main():
             if now > GROWTH * before:
                 grown.append(f"{name}: {what} have grown from {before} to {now}.")
     if grown:
-        sys.exit("\n".join([*grown, "If that is worth it: bench/counts.py --accept " + str(arguments.program)]))
+        sys.exit("\n".join([*grown, "If that is worth it: benchmarks/counts.py --accept " + str(arguments.program)]))
 
 
 if __name__ == "__main__":

@@ -1,4 +1,4 @@
-#include "bench/rule_work.h"
+#include "benchmarks/rule_work.h"
 
 #include <array>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "bench/plan.h"
+#include "benchmarks/plan.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,12 +1,12 @@
-// The work whose instructions bench/counts.py counts: that of RuleWork(), the dispatch of a read, and the start up to
+// The work whose instructions benchmarks/counts.py counts: that of RuleWork(), the dispatch of a read, and the start up to
 // the first painting. Under callgrind each leaves a dump that has its name.
 #include <valgrind/callgrind.h>
 #include <QApplication>
 #include <QTemporaryDir>
 
 #include "app/window_owner.h"
-#include "bench/recorded_session.h"
-#include "bench/rule_work.h"
+#include "benchmarks/recorded_session.h"
+#include "benchmarks/rule_work.h"
 #include "ui/accessibility.h"
 
 namespace brontavia {

@@ -2,7 +2,7 @@
 // others under 0.2.
 #include <benchmark/benchmark.h>
 
-#include "bench/rule_work.h"
+#include "benchmarks/rule_work.h"
 
 int main(int argc, char** argv) {
   for (const brontavia::Work& work : brontavia::RuleWork()) {

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <vector>
 
-#include "bench/recorded_session.h"
+#include "benchmarks/recorded_session.h"
 
 namespace brontavia {
 namespace {

@@ -34,7 +34,7 @@
 #include <vector>
 
 #include "app/window_owner.h"
-#include "bench/plan.h"
+#include "benchmarks/plan.h"
 #include "ui/accessibility.h"
 #include "ui/game_window.h"
 
