@@ -259,8 +259,6 @@ class Copy : public QObject {
   // ---- What is printed ----
 
   void Report() {
-    std::puts("report");
-    std::fflush(stdout);
     std::printf("opening %lld\n", opened_);
     for (const auto& [note, time] : notes_) std::printf("%s %d %lld\n", note.first.c_str(), note.second, time);
     const QRect cell = board_->CellRect({.Row = 1, .Column = 1});
