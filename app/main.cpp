@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "app/fonts_ahead.h"
+#include "app/system.h"
 #include "app/window_owner.h"
 #include "ui/accessibility.h"
 #include "ui/look.h"
@@ -30,6 +31,7 @@ class IconSetter : public QObject {
 int RunWindows(int argc, char** argv) {
   std::optional<QApplication> application;
   brontavia::WhileFontsAreRead([&] { application.emplace(argc, argv); });
+  brontavia::AdaptToSystem();
   QApplication::setQuitOnLastWindowClosed(false);
   brontavia::ShareStandardIcons();
   IconSetter icon_setter;

@@ -5,15 +5,8 @@
 #include <limits>
 #include <utility>
 
-#ifdef Q_OS_LINUX
-#include <fcntl.h>
-#include <linux/sockios.h>
-#include <poll.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
-#endif
-
 #include "net/own_addresses.h"
+#include "net/system_socket.h"
 #include "text/wire_encoding.h"
 
 namespace brontavia {
@@ -35,20 +28,9 @@ constexpr auto kBetweenChecks = 5ms;
 
 bool IsPort(std::int32_t port) { return port >= 1 && port <= std::numeric_limits<quint16>::max(); }
 
-#ifdef Q_OS_LINUX
-// How the peer has closed a connection so far, read or not: 0 not at all, POLLRDHUP alone in order, more by a reset.
-int PeerClosed(int descriptor) {
-  pollfd asked{.fd = descriptor, .events = POLLRDHUP, .revents = 0};
-  poll(&asked, 1, 0);
-  return asked.revents;
-}
-#endif
-
 // Whether a requester has gone, even if the event loop has not come to reading it.
 bool HasGone(const QTcpSocket& requester) {
-#ifdef Q_OS_LINUX
-  if (PeerClosed(static_cast<int>(requester.socketDescriptor())) != 0) return true;
-#endif
+  if (HowPeerEnded(requester.socketDescriptor()) != PeerEnd::None) return true;
   return requester.state() != QAbstractSocket::ConnectedState;
 }
 
@@ -67,35 +49,6 @@ class Listener : public QTcpServer {
 };
 
 }  // namespace
-
-#ifdef Q_OS_LINUX
-class TcpConnection::SecondHandle {
- public:
-  explicit SecondHandle(const QTcpSocket& socket)
-      : descriptor_(fcntl(static_cast<int>(socket.socketDescriptor()), F_DUPFD_CLOEXEC, 0)) {}
-  Q_DISABLE_COPY_MOVE(SecondHandle)
-  ~SecondHandle() { close(descriptor_); }
-
-  [[nodiscard]] bool AllAcknowledged() const {
-    int unacknowledged = 0;
-    ioctl(descriptor_, SIOCOUTQ, &unacknowledged);
-    return unacknowledged == 0;
-  }
-  [[nodiscard]] bool ClosedInOrder() const { return PeerClosed(descriptor_) == POLLRDHUP; }
-
- private:
-  int descriptor_;
-};
-#else
-class TcpConnection::SecondHandle {
- public:
-  explicit SecondHandle(const QTcpSocket& /*socket*/) {}
-
-  // Where the system does not tell, what it has been handed counts.
-  [[nodiscard]] bool AllAcknowledged() const { return true; }
-  [[nodiscard]] bool ClosedInOrder() const { return true; }
-};
-#endif
 
 void TcpConnection::LetGo::operator()(QTcpSocket* socket) const {
   socket->disconnect();
@@ -194,7 +147,7 @@ void TcpConnection::Close() {
 bool TcpConnection::SendData(const QString& text) {
   if (State() != ConnectionState::Connected) return false;
   socket_->write(ToWire(text));
-  unfinished_send_ = std::make_unique<SecondHandle>(*socket_);
+  unfinished_send_ = std::make_unique<SecondHandle>(socket_->socketDescriptor());
   sent_check_.start(kShortestSend);
   if (!std::exchange(flush_queued_, true)) {
     // Behind the handler that sends, so that its texts leave together, but before this side repaints.

@@ -11,6 +11,8 @@
 
 namespace brontavia {
 
+class SecondHandle;
+
 class TcpConnection : public Connection {
   Q_OBJECT
   Q_DISABLE_COPY_MOVE(TcpConnection)
@@ -36,9 +38,6 @@ class TcpConnection : public Connection {
     void operator()(QTcpSocket* socket) const;
     void operator()(QTcpServer* server) const;
   };
-  // Asks the system about an unfinished send, also after the toolkit has closed its own descriptor. The connection does
-  // not end before its last handle, so this one goes with the send, at the latest in Close().
-  class SecondHandle;
   using SocketPointer = std::unique_ptr<QTcpSocket, LetGo>;
 
   void TellNextRequest();
@@ -53,8 +52,8 @@ class TcpConnection : public Connection {
   SocketPointer requester_;  // asked about, not yet answered
   int request_ = 0;          // its number
   SocketPointer socket_;
-  std::unique_ptr<SecondHandle> unfinished_send_;
-  QTimer sent_check_;  // runs while there is one
+  std::unique_ptr<SecondHandle> unfinished_send_;  // goes with the send, at the latest in Close()
+  QTimer sent_check_;                              // runs while there is one
   bool flush_queued_ = false;
 };
 

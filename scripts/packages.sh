@@ -16,6 +16,10 @@ package_check_packages=(appstream binutils desktop-file-utils groff lintian man-
 # The fuzzer comes with clang; llvm names the lines of what it finds.
 fuzz_packages=(clang llvm)
 
+# The cross compiler with what it needs to build Qt; icons; the installer. GoogleTest comes as sources with libgtest-dev.
+windows_packages=(binutils-mingw-w64-x86-64 dpkg-dev g++-mingw-w64-x86-64-posix icoutils nsis patch xz-utils zip)
+windows_check_packages=(libgtest-dev wine wine64)
+
 # Runs a command with root's rights.
 as_root() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }
 

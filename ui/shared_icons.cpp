@@ -10,6 +10,8 @@ namespace {
 // Any style, with each icon made when it is first asked for.
 class SharedIcons : public QProxyStyle {
  public:
+  using QProxyStyle::QProxyStyle;
+
   QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override {
     auto icon = icons_.constFind(which);
     if (icon == icons_.cend()) icon = icons_.insert(which, QProxyStyle::standardIcon(which, option, widget));
@@ -22,6 +24,6 @@ class SharedIcons : public QProxyStyle {
 
 }  // namespace
 
-void ShareStandardIcons() { QApplication::setStyle(new SharedIcons); }
+void ShareStandardIcons() { QApplication::setStyle(new SharedIcons(QApplication::style()->name())); }
 
 }  // namespace brontavia

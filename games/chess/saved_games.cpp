@@ -31,11 +31,14 @@ QString AsFileName(QString name) {
 
 bool IsFolder(const QString& path) { return !path.isEmpty() && QFileInfo(path).isDir(); }
 
+// What Windows has left there for old programs leads to the documents, but may not be looked into.
+bool LeadsElsewhere(const QString& path) { return QFileInfo(path).isJunction(); }
+
 // The first of the profile's documents, the system's and the home folder that is there.
 QString ProposedFolder() {
   const QString profile = qEnvironmentVariable("userProfile").replace(u'\\', u'/');
   QString folder = profile + u"/Mis documentos";
-  if (!profile.isEmpty() && IsFolder(folder)) return folder;
+  if (!profile.isEmpty() && IsFolder(folder) && !LeadsElsewhere(folder)) return folder;
   folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
   return IsFolder(folder) ? folder : QDir::homePath();
 }

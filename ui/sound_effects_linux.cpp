@@ -56,4 +56,4 @@ class QtSoundEffects : public QObject, public SoundEffects {
 }  // namespace
 }  // namespace brontavia
 
-#include "sound_effects.moc"
+#include "sound_effects_linux.moc"
