@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes a release of the commit that is checked out: source archive and package for Debian in build/release-VERSION/,
-# and last the tag. The version has to stand in CMakeLists.txt and to have its section in CHANGELOG.md.
+# Makes a release of the commit that is checked out: source archive, package for Debian, zip and installer for Windows in
+# build/release-VERSION/, and last the tag. The version has to stand in CMakeLists.txt and to have its section in CHANGELOG.md.
 # usage: scripts/release.sh [--dry-run] VERSION    --dry-run does all but the tag
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
@@ -35,9 +35,14 @@ SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
 package=$("$source/scripts/package.sh")
 cp "$package" "$release"
+# The Qt for Windows that is here already serves the archive too, if it is made by the archive's own recipe.
+mkdir -p "$source/build/windows" build/windows/qt
+ln -s "$PWD/build/windows/qt" "$source/build/windows/qt"
+"$source/scripts/windows.sh"
+cp "$source/build/windows/Brontavia-$version.zip" "$source/build/windows/Brontavia-$version-instalador.exe" "$release"
 rm -rf "$source"
 
-(cd "$release" && sha256sum -- *.tar.gz *.deb | tee SHA256SUMS)
+(cd "$release" && sha256sum -- *.tar.gz *.deb *.zip *.exe | tee SHA256SUMS)
 if [ "$dry_run" = yes ]; then
   echo "No tag. It would be $tag."
 else

@@ -1,0 +1,142 @@
+"""A copy for Windows under Wine, and the player before it.
+
+Wine tells the accessibility bus nothing. The player knows which windows are open, by their titles, and presses keys;
+what they have done shows in the other copy.
+"""
+
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+
+import screen
+from waiting import LIMIT, wait_until
+
+_PATIENCE = 60.0  # seconds; Wine is slow to start
+_SOON = 4.0
+_MOST_PRESSES = 5
+
+
+class WineCopy:
+    """A copy with its own folder, and thus with its own Brontavia.ini."""
+
+    def __init__(self, program, port=None):
+        self._folder = tempfile.TemporaryDirectory(prefix="brontavia_wine_")
+        home = pathlib.Path(self._folder.name, "Brontavia")
+        shutil.copytree(program, home, copy_function=os.symlink)
+        if port is not None:
+            (home / "Brontavia.ini").unlink()
+            (home / "Brontavia.ini").write_text(f"{port}\r\n", encoding="ascii")
+        self._errors = open(pathlib.Path(self._folder.name, "stderr"), "w+b")
+        self._process = subprocess.Popen(("wine", str(home / "brontavia.exe")), cwd=home, stderr=self._errors)
+        self.pid = self._process.pid
+        self._at = None  # the current cell of the board, once it is known
+
+    # ---- The process ----
+
+    def running(self):
+        return self._process.poll() is None
+
+    def exit_code(self, limit=LIMIT):
+        """Waits for the end of the process."""
+        return self._process.wait(limit)
+
+    def kill(self):
+        self._process.kill()
+        self._process.wait()
+
+    def errors(self):
+        """What the copy wrote to standard error."""
+        return pathlib.Path(self._errors.name).read_text(errors="replace")
+
+    def end(self):
+        if self.running():
+            self.kill()
+        self._errors.close()
+        self._folder.cleanup()
+
+    # ---- Windows ----
+
+    def windows(self):
+        """Main window and boxes that are on the screen as (id, title), the topmost last."""
+        return screen.windows_of(self.pid)
+
+    def _titled(self, title):
+        return next((window for window, each in reversed(self.windows()) if each == title), None)
+
+    def wait_for(self, title):
+        """Brings the window with a title to the front, once it is there; returns its number at the X server."""
+
+        def front():
+            assert self.running(), f"the program has ended with {self._process.returncode}: {self.errors()}"
+            window = self._titled(title)
+            if window is None or screen.in_front(window):
+                return window
+            screen.activate(window)
+            return None
+
+        try:
+            return wait_until(f"the window {title!r}", front, _PATIENCE)
+        except TimeoutError as error:
+            raise AssertionError(f"no window {title!r} came; open are {self.windows()}") from error
+
+    def picture(self, path):
+        screen.picture_of(self.windows()[-1][0], path)
+
+    # ---- Keys ----
+
+    def press(self, *keys):
+        """Keys for the topmost window."""
+
+        def front():
+            window = self.windows()[-1][0]
+            if screen.in_front(window):
+                return True
+            screen.activate(window)
+            return False
+
+        wait_until("a window to come to the front", front)
+        screen.press(*keys)
+
+    def press_until(self, what, condition, *keys):
+        """Presses keys, again when nothing has come of it: what the other copy sent may not have been read before."""
+        for _ in range(_MOST_PRESSES):
+            self.press(*keys)
+            try:
+                return wait_until(what, condition, _SOON)
+            except TimeoutError:
+                continue
+        raise AssertionError(f"{keys} do not bring {what}; open are {self.windows()}")
+
+    def answer(self, title, answer="", button="Return"):
+        """Types over the proposal of a box, if there is anything to type, and leaves it by a key."""
+        window = self.wait_for(title)
+        if answer:
+            screen.type_text(answer)
+        self.press_until(f"the box {title!r} to go", lambda: window not in dict(self.windows()), button)
+
+    def popups(self):
+        """The menus that are open: windows that the manager knows nothing of."""
+        found = subprocess.run(
+            ("xdotool", "search", "--onlyvisible", "--pid", str(self.pid), ""), capture_output=True, text=True, check=False
+        )
+        managed = {window for window, _ in self.windows()}
+        return {int(window) for window in found.stdout.split()} - managed
+
+    # ---- On a board ----
+
+    def go_to(self, row, column):
+        """Moves to a cell, counted from the first one that is no header."""
+        if self._at is None:
+            self.press("Home", *["Up"] * 12)
+            self._at = (0, 0)
+        down, right = row - self._at[0], column - self._at[1]
+        keys = ["Down" if down > 0 else "Up"] * abs(down) + ["Right" if right > 0 else "Left"] * abs(right)
+        if keys:
+            self.press(*keys)
+        self._at = (row, column)
+
+    def click(self, row, column):
+        self.go_to(row, column)
+        self.press("Return")
