@@ -22,9 +22,10 @@ class WineCopy:
     """A copy with its own folder, and thus with its own Brontavia.ini."""
 
     def __init__(self, program, port=None):
-        self._folder = tempfile.TemporaryDirectory(prefix="brontavia_wine_")
+        # Beside the program, for links; what is a symbolic one Wine does not start.
+        self._folder = tempfile.TemporaryDirectory(prefix="brontavia_", dir=pathlib.Path(program).absolute().parent)
         home = pathlib.Path(self._folder.name, "Brontavia")
-        shutil.copytree(program, home, copy_function=os.symlink)
+        shutil.copytree(program, home, copy_function=os.link)
         if port is not None:
             (home / "Brontavia.ini").unlink()
             (home / "Brontavia.ini").write_text(f"{port}\r\n", encoding="ascii")
