@@ -1,5 +1,5 @@
-// The work whose instructions benchmarks/counts.py counts: that of RuleWork(), the dispatch of a read, and the start up to
-// the first painting. Under callgrind each leaves a dump that has its name.
+// The work whose instructions benchmarks/counts.py counts: that of RuleWork(), the dispatch of a read, and the start up
+// to the first painting. Under callgrind each leaves a dump that has its name.
 #include <valgrind/callgrind.h>
 #include <QApplication>
 #include <QTemporaryDir>

@@ -1,7 +1,7 @@
 # Targets format, format-check, tidy and cppcheck. None is part of an ordinary build, and their tools are looked for
 # when they run, so that building needs none of them.
 
-set(lint_directories app bench fuzz games net packaging seams tests text ui)
+set(lint_directories app benchmarks fuzz games net packaging seams tests text ui)
 include(ProcessorCount)
 ProcessorCount(processors)
 
