@@ -15,7 +15,10 @@ from waiting import wait_until
 
 _ANSWER_LIMIT = 3000, 10000  # ms, as tree.py sets them
 # A window that is closing by itself gets this long before it is asked to.
-_BETWEEN_LOOKS = 0.2  # seconds
+_AFTER_A_BOX = 0.2  # seconds
+# The wish may have closed a box that had just come. But on a busy machine it takes long, and a second one would then
+# close the next window.
+_AFTER_ASKING = 3.0
 _MENU_ANSWER_LIMIT = 100, 10000
 
 
@@ -97,19 +100,18 @@ class Touch:
 
     def close_window(self, limit):
         """Asks for the end and answers all boxes on the way. Returns the seconds until the selection window is up."""
-        begun = time.monotonic()
-        acted = begun - _BETWEEN_LOOKS
+        begun = ask_at = time.monotonic()
 
         def closed():
-            nonlocal acted
+            nonlocal ask_at
             if self.in_selection():
                 return True
             if self.copy.boxes():
                 self.answer_top()
-                acted = time.monotonic()
-            elif time.monotonic() - acted > _BETWEEN_LOOKS:
+                ask_at = time.monotonic() + _AFTER_A_BOX
+            elif time.monotonic() >= ask_at:
                 self.ask_to_close()
-                acted = time.monotonic()
+                ask_at = time.monotonic() + _AFTER_ASKING
             return False
 
         wait_until("the window to close", closed, limit)
