@@ -1,8 +1,8 @@
 #include "app/fonts_ahead.h"
 
 #include <fontconfig/fontconfig.h>
-#include <locale.h>
 
+#include <clocale>
 #include <system_error>
 #include <thread>
 

@@ -92,8 +92,7 @@ class StrategyPlan : public Plan {
     if (!deployed_) {
       Press(board, Qt::Key_F3);
       deployed_ = !board.Model().Cell({front_row_, 1}).Text.isEmpty();
-    } else if (!sent_) {
-      sent_ = true;
+    } else if (calls_++ % kCallsBetweenTries == 0) {
       Press(board, Qt::Key_Escape);
     }
   }
@@ -114,10 +113,13 @@ class StrategyPlan : public Plan {
     throw std::runtime_error("only bombs in front");
   }
 
+  // A window that still waits for the other copy does not heed the key.
+  static constexpr int kCallsBetweenTries = 20;
+
   int front_row_;
   std::vector<int> open_columns_;  // without a lake
   bool deployed_ = false;
-  bool sent_ = false;
+  int calls_ = 0;
   int column_ = 0;
 };
 

@@ -45,10 +45,11 @@ Work ThreeInRowMove() {
 
 // ---- Naval battle: a shot at each board, at water and at a ship ----
 
+constexpr Coordinate kShip{.Column = 3, .Row = 1};
+constexpr Coordinate kWater{.Column = 9, .Row = 9};
+
 Work NavalShots() {
   auto board = std::make_shared<NavalBoard>();
-  constexpr Coordinate kShip{.Column = 3, .Row = 1};
-  constexpr Coordinate kWater{.Column = 9, .Row = 9};
   board->ClickToPlace({.Column = 1, .Row = 1});
   board->ClickToPlace({.Column = 5, .Row = 1});
   return {"naval battle", [board] {

@@ -75,7 +75,7 @@ class StepFinder {
   TargetList& found_;
 };
 
-int SignOf(int number) { return (number > 0) - (number < 0); }
+int SignOf(int number) { return std::clamp(number, -1, 1); }
 
 // Whether `square` lies straight or diagonally from `source`, as `straight` and `diagonal` allow, and nothing stands in
 // between.
