@@ -75,9 +75,9 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleActionInte
   // What can be read on the cell and is not said in its name.
   [[nodiscard]] QString Rest() const {
     const BoardModel& model = board_->Model();
-    const QString& text = model.Cell(cell_).Text;
-    if (text == kSign || model.Description(cell_).contains(text, Qt::CaseInsensitive)) return {};
-    return text;
+    const QString& shown = model.Cell(cell_).Text;
+    if (shown == kSign || model.Description(cell_).contains(shown, Qt::CaseInsensitive)) return {};
+    return shown;
   }
 
   BoardView* board_;

@@ -5,6 +5,9 @@
 #include <QDir>
 #include <stdexcept>
 
+// What fontconfig knows it keeps until the process has ended.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
+
 namespace brontavia {
 namespace {
 

@@ -42,6 +42,8 @@ struct Shown {
     (new QVBoxLayout(&Window))->addWidget(Frame_);
     Window.resize(800, 600);
   }
+  Q_DISABLE_COPY_MOVE(Shown)
+  ~Shown() = default;
 
   bool Show() {
     Window.show();
