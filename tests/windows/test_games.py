@@ -89,7 +89,8 @@ class Games(unittest.TestCase):
         handshake.answer_turn(hand, player, game)
         handshake.report_line(linux)
         self.assertIn(f"Va a jugar contra {wine_name}", linux.text("TBMensajes"))
-        wine.wait_for(wine_name + game.suffix)
+        caption = wine_name + game.suffix  # of a window that may be behind its first box
+        wait_until(f"the caption {caption!r}", lambda: caption in dict(wine.windows()).values())
         return wine, hand
 
     def part(self, wine, hand, game, cell):

@@ -18,6 +18,15 @@ _SOON = 4.0
 _MOST_PRESSES = 5
 
 
+def _has_keyboard(window):
+    """Whether keys reach a window, which is sent to the front if they do not. Wine takes them later than the manager."""
+    if not screen.in_front(window):
+        screen.activate(window)
+        return False
+    focus = subprocess.run(("xdotool", "getwindowfocus"), capture_output=True, text=True, check=False)
+    return focus.stdout.strip() == str(window)
+
+
 class WineCopy:
     """A copy with its own folder, and thus with its own Brontavia.ini."""
 
@@ -72,10 +81,7 @@ class WineCopy:
         def front():
             assert self.running(), f"the program has ended with {self._process.returncode}: {self.errors()}"
             window = self._titled(title)
-            if window is None or screen.in_front(window):
-                return window
-            screen.activate(window)
-            return None
+            return window if window is not None and _has_keyboard(window) else None
 
         try:
             return wait_until(f"the window {title!r}", front, _PATIENCE)
@@ -90,14 +96,7 @@ class WineCopy:
     def press(self, *keys):
         """Keys for the topmost window."""
 
-        def front():
-            window = self.windows()[-1][0]
-            if screen.in_front(window):
-                return True
-            screen.activate(window)
-            return False
-
-        wait_until("a window to come to the front", front)
+        wait_until("the keyboard", lambda: _has_keyboard(self.windows()[-1][0]))
         screen.press(*keys)
 
     def press_until(self, what, condition, *keys):
