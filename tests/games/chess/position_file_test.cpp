@@ -83,10 +83,8 @@ TEST_P(EverySystemCall, MayBeTheLastAndTheFileIsWhole) {
   EXPECT_GT(number, 10) << "there are that many system calls";
 }
 
+#ifndef __SANITIZE_ADDRESS__  // the sanitizers have system calls of their own, which are not to fail
 TEST_P(EverySystemCall, MayFailAndIsToldOrDoneInAnotherWay) {
-#ifdef __SANITIZE_ADDRESS__
-  GTEST_SKIP() << "the sanitizers write to pipes of their own";
-#endif
   for (const int error : {EIO, ENOSPC, EACCES, EDQUOT}) {
     for (int number = 1;; ++number) {
       PutBack();
@@ -103,6 +101,7 @@ TEST_P(EverySystemCall, MayFailAndIsToldOrDoneInAnotherWay) {
     }
   }
 }
+#endif
 
 const Way kWays[] = {
     {"FileThatIsThere", u"a.fen"_s, true},
