@@ -41,7 +41,6 @@ class WineCopy:
         self._errors = open(pathlib.Path(self._folder.name, "stderr"), "w+b")
         self._process = subprocess.Popen(("wine", str(home / "brontavia.exe")), cwd=home, stderr=self._errors)
         self.pid = self._process.pid
-        self._at = None  # the current cell of the board, once it is known
 
     # ---- The process ----
 
@@ -128,14 +127,8 @@ class WineCopy:
 
     def go_to(self, row, column):
         """Moves to a cell, counted from the first one that is no header."""
-        if self._at is None:
-            self.press("Home", *["Up"] * 12)
-            self._at = (0, 0)
-        down, right = row - self._at[0], column - self._at[1]
-        keys = ["Down" if down > 0 else "Up"] * abs(down) + ["Right" if right > 0 else "Left"] * abs(right)
-        if keys:
-            self.press(*keys)
-        self._at = (row, column)
+        # From the corner: of keys that follow the window's coming to the front the first may be lost.
+        self.press(*["Up"] * 14, *["Left"] * 14, *["Down"] * row, *["Right"] * column)
 
     def click(self, row, column):
         self.go_to(row, column)
