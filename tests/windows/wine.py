@@ -41,6 +41,7 @@ class WineCopy:
         self._errors = open(pathlib.Path(self._folder.name, "stderr"), "w+b")
         self._process = subprocess.Popen(("wine", str(home / "brontavia.exe")), cwd=home, stderr=self._errors)
         self.pid = self._process.pid
+        self._at = None  # the current cell of the board, while the player has been at it
 
     # ---- The process ----
 
@@ -95,8 +96,14 @@ class WineCopy:
     def press(self, *keys):
         """Keys for the topmost window."""
 
-        wait_until("the keyboard", lambda: _has_keyboard(self.windows()[-1][0]))
+        self.take_keyboard()
         screen.press(*keys)
+
+    def take_keyboard(self):
+        """Turns to this copy, if it is not in front yet."""
+        if not _has_keyboard(self.windows()[-1][0]):
+            self._at = None
+            wait_until("the keyboard", lambda: _has_keyboard(self.windows()[-1][0]))
 
     def press_until(self, what, condition, *keys):
         """Presses keys, again when nothing has come of it: what the other copy sent may not have been read before."""
@@ -127,8 +134,16 @@ class WineCopy:
 
     def go_to(self, row, column):
         """Moves to a cell, counted from the first one that is no header."""
-        # From the corner: of keys that follow the window's coming to the front the first may be lost.
-        self.press(*["Up"] * 14, *["Left"] * 14, *["Down"] * row, *["Right"] * column)
+        self.take_keyboard()
+        if self._at is None:
+            # More than enough: of keys that follow the window's coming to the front the first may be lost.
+            self.press(*["Up"] * 12, *["Left"] * 12)
+            self._at = (0, 0)
+        down, right = row - self._at[0], column - self._at[1]
+        keys = ["Down" if down > 0 else "Up"] * abs(down) + ["Right" if right > 0 else "Left"] * abs(right)
+        self._at = (row, column)
+        if keys:
+            self.press(*keys)
 
     def click(self, row, column):
         self.go_to(row, column)
