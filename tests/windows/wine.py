@@ -137,7 +137,7 @@ class WineCopy:
         self.take_keyboard()
         if self._at is None:
             # More than enough: of keys that follow the window's coming to the front the first may be lost.
-            self.press(*["Up"] * 12, *["Left"] * 12)
+            self.press(*["Up"] * 12, "Home", "Home")
             self._at = (0, 0)
         down, right = row - self._at[0], column - self._at[1]
         keys = ["Down" if down > 0 else "Up"] * abs(down) + ["Right" if right > 0 else "Left"] * abs(right)
