@@ -121,7 +121,8 @@ class Games(unittest.TestCase):
     def test_a_lost_peer_is_told_of(self):
         wine, hand = self.meet(three_in_row.GAME, True)
         hand.copy.kill()
-        wine.click(0, 0)
+        wine.go_to(0, 0)
+        wine.press_until("the box", lambda: "Error" in dict(wine.windows()).values(), "Return")
         wine.answer("Error")
         wine.wait_for("Ana" + three_in_row.GAME.suffix)
 
@@ -197,7 +198,8 @@ class Games(unittest.TestCase):
                 wait_until(f"a hit on {cell}", lambda: "Impacto" in str(hand.copy.cell(number).name))
         wine.picture(_SCREENS / "BAR_battle.png")
         if wine_serves:
-            wine.click(int(cells[-1][1:]) - 1, _LETTERS.index(cells[-1][0]))
+            wine.go_to(int(cells[-1][1:]) - 1, _LETTERS.index(cells[-1][0]))
+            wine.press_until("the end", hand.copy.boxes, "Return")
             hand.answer_box(placing.LOSS_TITLE, naval.loss_text("Ana"))
             wine.answer(placing.WIN_TITLE)
         else:
@@ -243,8 +245,8 @@ class Games(unittest.TestCase):
         hand.answer_box(NO_TITLE, strategy.FIGHT_TEXTS[not wine_serves])
         target = variant.mirrored(flag)
         if wine_serves:
-            for cell in (scout, target):
-                wine.click(variant.rows - int(cell[1:]), _LETTERS.index(cell[0]))
+            cells = [(variant.rows - int(cell[1:]), _LETTERS.index(cell[0])) for cell in (scout, target)]
+            wine.move("the end", hand.copy.boxes, *cells)
             hand.answer_box(placing.LOSS_TITLE, strategy.loss_text("Ana"))
             wine.answer(placing.WIN_TITLE)
         else:
@@ -276,9 +278,8 @@ class Games(unittest.TestCase):
         for turn, move in enumerate(moves):
             origin, target = move[:2], move[2:]
             if (turn % 2 == 0) == wine_serves:
-                wine.click(8 - int(origin[1]), "abcdefgh".index(origin[0]))
-                wine.go_to(8 - int(target[1]), "abcdefgh".index(target[0]))
-                wine.press_until(f"the move {move}", lambda: self.is_empty(hand, origin), "Return")
+                cells = [(8 - int(square[1]), "abcdefgh".index(square[0])) for square in (origin, target)]
+                wine.move(f"the move {move}", lambda: self.is_empty(hand, origin), *cells, before=["Escape"])
             else:
                 for square in (origin, target):
                     hand.click_cell(self.number_of(square))

@@ -107,13 +107,17 @@ class WineCopy:
 
     def press_until(self, what, condition, *keys):
         """Presses keys, again when nothing has come of it: what the other copy sent may not have been read before."""
+        return self.do_until(what, condition, lambda: self.press(*keys))
+
+    def do_until(self, what, condition, do):
+        """The same for more than keys in a row."""
         for _ in range(_MOST_PRESSES):
-            self.press(*keys)
+            do()
             try:
                 return wait_until(what, condition, _SOON)
             except TimeoutError:
                 continue
-        raise AssertionError(f"{keys} do not bring {what}; open are {self.windows()}")
+        raise AssertionError(f"nothing brings {what}; open are {self.windows()}")
 
     def answer(self, title, answer="", button="Return"):
         """Types over the proposal of a box, if there is anything to type, and leaves it by a key."""
@@ -148,3 +152,14 @@ class WineCopy:
     def click(self, row, column):
         self.go_to(row, column)
         self.press("Return")
+
+    def move(self, what, condition, origin, target, before=()):
+        """Moves a piece from one cell to another. A key may be lost, so `before` lets go a piece that is still held."""
+
+        def clicks():
+            self.press(*before, "Home")
+            self._at = None
+            self.click(*origin)
+            self.click(*target)
+
+        self.do_until(what, condition, clicks)
