@@ -257,7 +257,7 @@ def activity_of(process):
 
 
 def report_idle(report, prefix, process, empty, seconds, wakeups_a_second):
-    time.sleep(2)  # what follows an opening or a last move is over
+    time.sleep(15)  # what follows an opening or a last move is over, and its announcements have left
     before = activity_of(process), activity_of(empty)
     time.sleep(seconds)
     after = activity_of(process), activity_of(empty)

@@ -151,7 +151,7 @@ std::unique_ptr<Plan> PlanFor(int index, Player own) {
     case 1:
       return std::make_unique<NavalPlan>();
     case 2:
-      return std::make_unique<StrategyPlan>(6, std::vector{1, 2, 3, 5, 6, 7});
+      return std::make_unique<StrategyPlan>(6, std::vector{1, 3, 4, 5, 7});
     case 3:
       return std::make_unique<StrategyPlan>(7, std::vector{1, 2, 5, 6, 9, 10});
     case 4:
