@@ -228,8 +228,7 @@ class Games(unittest.TestCase):
         guarding = [flag] + [cell for cell in variant.zone() if cell != flag]
         for cell in scouting if wine_serves else guarding:
             wine.go_to(variant.rows - int(cell[1:]), _LETTERS.index(cell[0]))
-            wine.press_until("a menu", wine.popups, "Return")
-            wine.press_until("the menu to close", lambda: not wine.popups(), "Return")
+            wine.choose_first()
         wine.answer(variant.placed_title)
         wait_until("the army", lambda: strategy.OTHER_READY_LINE in hand.copy.text("TBMensajes"))
         wine.answer(NO_TITLE)

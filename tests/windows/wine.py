@@ -134,6 +134,22 @@ class WineCopy:
         managed = {window for window, _ in self.windows()}
         return {int(window) for window in found.stdout.split()} - managed
 
+    def choose_first(self):
+        """Opens the menu of the current cell and takes its first item. What else has no manager is no menu."""
+        others, windows = self.popups(), len(self.windows())
+
+        def closed():
+            return not self.popups() - others or len(self.windows()) > windows  # a box may come at once
+
+        self.press_until("a menu", lambda: self.popups() - others, "Return")
+        wait_until("the menu to be listening", lambda: _has_keyboard(self.windows()[-1][0]))
+        screen.press("Return")
+        try:
+            wait_until("the menu to close", closed, _SOON)
+        except TimeoutError:
+            screen.press("Return")  # it was not listening yet
+            wait_until("the menu to close", closed)
+
     # ---- On a board ----
 
     def go_to(self, row, column):
