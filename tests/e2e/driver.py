@@ -1,22 +1,19 @@
 """One running copy of the program: starts it, reads it through the accessibility bus, ends it."""
 
 import itertools
-import os
 import pathlib
 import random
 import shutil
-import signal
 import socket
-import subprocess
-import tempfile
 
 import pyatspi
 from gi.repository import Atspi, GLib
 
 import screen
 from menus import Menus, items_of
+from program import Program
 from tree import BOX_ROLES, extents_of, find_below, has_state, is_showing, label_of, text_of
-from waiting import LIMIT, wait_for_value, wait_until
+from waiting import wait_for_value, wait_until
 
 # The program's controls by role and by the name that a screen reader speaks.
 CONTROLS = {
@@ -59,16 +56,11 @@ def free_port():
             return port
 
 
-class Copy:
-    """A copy with its own directory, and thus with its own Brontavia.ini."""
+class Copy(Program):
+    """A copy that is read through the accessibility bus, with its own Brontavia.ini."""
 
     def __init__(self, binary, ini=None, environment=None):
-        self._folder = tempfile.TemporaryDirectory(prefix="brontavia_")
-        self._errors = open(os.path.join(self._folder.name, "stderr"), "w+b")
-        self._process = subprocess.Popen(
-            self._command(binary, ini), cwd="/", stderr=self._errors, env={**os.environ, **(environment or {})}
-        )
-        self.pid = self._process.pid
+        super().__init__(binary, ini, environment=environment)
         self._controls = {}
         self._cells = {}  # of the boards among the controls
         try:
@@ -78,42 +70,17 @@ class Copy:
             raise
 
     def _command(self, binary, ini):
-        """What starts the copy."""
         if ini is not None:
             pathlib.Path(self._folder.name, "Brontavia.ini").write_bytes(ini.encode("latin-1"))
         return [shutil.copy(binary, self._folder.name)]
 
     def _find_application(self):
-        if self._process.poll() is not None:
-            raise AssertionError(f"the program ended at once with {self._process.returncode}: {self.errors()}")
+        self.expect_running()
         for application in pyatspi.Registry.getDesktop(0):
             if application is not None and application.get_process_id() == self.pid:
                 application.set_cache_mask(Atspi.Cache.NONE)
                 return application
         return None
-
-    # ---- The process ----
-
-    def running(self):
-        return self._process.poll() is None
-
-    def exit_code(self, limit=LIMIT):
-        """Waits for the end of the process."""
-        return self._process.wait(limit)
-
-    def kill(self):
-        self._process.send_signal(signal.SIGKILL)
-        self._process.wait()
-
-    def errors(self):
-        """What the copy wrote to standard error."""
-        return pathlib.Path(self._errors.name).read_text(errors="replace")
-
-    def end(self):
-        if self.running():
-            self.kill()
-        self._errors.close()
-        self._folder.cleanup()
 
     # ---- Windows and controls ----
 
@@ -146,7 +113,7 @@ class Copy:
 
     def _state(self):
         if not self.running():
-            return f"the process has ended with {self._process.returncode}: {self.errors()}"
+            return f"the process has ended with {self.exit_code()}: {self.errors()}"
         return f"the main window is {self.caption()!r}"
 
     def caption(self):

@@ -65,8 +65,7 @@ class Hand:
         field = wait_until("the field of the file", lambda: focused_text_below(box))
         if proposal is not None:
             wait_for_value(f"the proposal of {title!r}", lambda: text_of(field), proposal)
-        screen.press("ctrl+a")
-        screen.type_text(str(path))
+        self._replace_by(field, str(path))
         wait_for_value(f"the file in {title!r}", lambda: text_of(field), str(path))
         self._witness.look()
         self._witness.box(self.copy, title, "", str(path))
@@ -90,6 +89,11 @@ class Hand:
         """Types with the keyboard, also where the rest is done with the mouse."""
         self.copy.bring_to_front(box)
         wait_until("the field to have the focus", lambda: is_focused(field))
+        self._replace_by(field, text)
+
+    @staticmethod
+    def _replace_by(field, text):
+        """For a field that has the keyboard."""
         screen.press("ctrl+a")
         if text.isascii():
             screen.type_text(text)

@@ -99,6 +99,12 @@ def picture(path, crop=None):
     _run("import", "-silent", "-window", "root", *(("-crop", crop, "+repage") if crop else ()), str(path))
 
 
+def pixels_of(window):
+    """What a window without its frame shows, to be compared with what it shows later."""
+    command = ("import", "-silent", "-window", str(window), "rgb:-")
+    return subprocess.run(command, check=True, capture_output=True, timeout=_LIMIT).stdout
+
+
 def picture_of(window, path):
     """A window with its frame and whatever covers it."""
     text = _run("xwininfo", "-id", str(window))

@@ -3,8 +3,8 @@
 
 namespace brontavia::test {
 
-// A tenth under the sanitizers, where a game takes five times as long.
-#ifdef __SANITIZE_ADDRESS__
+// A tenth under the sanitizers and under Wine, where a game takes five times as long.
+#if defined(__SANITIZE_ADDRESS__) || defined(_WIN32)
 inline constexpr int kShareOfRandom = 10;
 #else
 inline constexpr int kShareOfRandom = 1;

@@ -1,7 +1,7 @@
 """Whole games between a copy for Windows and one for Linux.
 
-The one for Windows runs under Wine and is played by keys alone; the one for Linux is played by keys too, and read through
-the accessibility bus. BRONTAVIA_WINDOWS names the folder of the one, BRONTAVIA_BINARY the other.
+The one for Windows runs under Wine and is played by keys alone; the one for Linux is played by keys too, and read
+through the accessibility bus. BRONTAVIA_WINDOWS names the folder of the one, BRONTAVIA_BINARY the other.
 """
 
 import os
@@ -64,7 +64,7 @@ class Games(unittest.TestCase):
         screen.picture(_SCREENS / f"{self.id().rpartition('.')[2]}.png")
 
     def meet(self, game, wine_serves, names=("Ana", "Luis")):
-        """Both copies after the handshake; the server's player begins. Returns the one for Windows and the other's hand."""
+        """Both copies after the handshake; the server's player begins. Returns the one for Windows, and a hand."""
         port = free_port()
         wine = WineCopy(os.environ["BRONTAVIA_WINDOWS"], port)
         self.addCleanup(wine.end)
@@ -168,7 +168,7 @@ class Games(unittest.TestCase):
     # ---- Naval battle ----
 
     def naval(self, wine_serves):
-        """Whoever serves begins, and hits until the other fleet is gone; the other has not lost his turn but his ships."""
+        """Whoever serves begins, and hits until the other fleet is gone."""
         game = naval.GAME
         wine, hand = self.meet(game, wine_serves)
         wine.answer(NO_TITLE)
@@ -192,10 +192,10 @@ class Games(unittest.TestCase):
             number = naval.number_of(cell)
             if wine_serves:
                 wine.go_to(int(cell[1:]) - 1, _LETTERS.index(cell[0]))
-                wine.press_until(f"a hit on {cell}", lambda: "Impacto" in str(hand.copy.cell(number, "FG2").name), "Return")
+                wine.press_until(f"a hit on {cell}", lambda: "Impacto" in hand.copy.cell(number, "FG2").name, "Return")
             else:
                 hand.click_cell(number)
-                wait_until(f"a hit on {cell}", lambda: "Impacto" in str(hand.copy.cell(number).name))
+                wait_until(f"a hit on {cell}", lambda: "Impacto" in hand.copy.cell(number).name)
         wine.picture(_SCREENS / "BAR_battle.png")
         if wine_serves:
             wine.go_to(int(cells[-1][1:]) - 1, _LETTERS.index(cells[-1][0]))
@@ -312,7 +312,8 @@ class Games(unittest.TestCase):
 
     def test_each_reads_positions_and_names_of_the_other(self):
         """The name of the saved file is made of both players' names, as the copy for Windows has them."""
-        wine, hand = self.chess(True, names=("Ana", "Ñandú €"))
+        names = "Íñigo Öé", "Ñandú €"
+        wine, hand = self.chess(True, names)
         documents = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c"
         before = set(documents.rglob("*.fen"))
         wine.press_until("a menu", wine.popups, "alt+a")
@@ -320,24 +321,25 @@ class Games(unittest.TestCase):
         wine.answer(chess.SAVE_TITLE)
         saved = wait_until("the file", lambda: next(iter(set(documents.rglob("*.fen")) - before), None))
         self.addCleanup(saved.unlink)
-        self.assertTrue(saved.name.startswith("Ana-Ñandú € _ "), saved.name)
+        self.assertTrue(saved.name.startswith("-".join(names) + " _ "), saved.name)
         with tempfile.TemporaryDirectory() as folder:
             own = pathlib.Path(folder, "own.fen")
             hand.choose_command(chess.FILE_MENU, chess.SAVE_AS)
             hand.answer_file(chess.SAVE_TITLE, None, own)
             wait_for_value("the bytes of both files", lambda: own.exists() and own.read_bytes(), saved.read_bytes())
-            # Each opens what the other has saved, and the other agrees to play on from there.
+            # Each opens what the other has saved, and the other agrees to play on from there; White stays with Íñigo.
             hand.choose_command(chess.FILE_MENU, chess.OPEN)
             hand.answer_file(chess.OPEN_TITLE, None, saved)
-            hand.answer_box(NO_TITLE, chess.resume_sent_text("Ana", saved.name))
+            hand.answer_box(NO_TITLE, chess.resume_sent_text(names[0], saved.name))
             wine.answer(chess.RESUME_TITLE)
             hand.answer_input(chess.COLOURS_TITLE, chess.COLOURS_PROMPT, "", "2")
             wait_until("the position", lambda: chess.RESUME_ACCEPTED_LINE in hand.copy.text("TBMensajes"))
             wine.press_until("a menu", wine.popups, "alt+a")
             wine.press("a")
             wine.answer(chess.OPEN_TITLE, f"Z:{own}")
-            hand.answer_box(chess.RESUME_TITLE, chess.resume_question("Ana", own.name), YES)
+            hand.answer_box(chess.RESUME_TITLE, chess.resume_question(names[0], own.name), YES)
             wine.answer(chess.COLOURS_TITLE, "1")
+            # Only who was asked is told so.
             wait_until("the position", lambda: chess.loaded_line(False, True) in hand.copy.text("TBMensajes"))
 
 

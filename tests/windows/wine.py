@@ -1,70 +1,44 @@
 """A copy for Windows under Wine, and the player before it.
 
 Wine tells the accessibility bus nothing. The player knows which windows are open, by their titles, and presses keys;
-what they have done shows in the other copy.
+what they have done shows in the other copy, and that they have done something at all in the window's picture.
 """
 
 import os
 import pathlib
 import shutil
 import subprocess
-import tempfile
 
 import screen
-from waiting import LIMIT, wait_until
+from program import Program
+from waiting import wait_until
 
 _PATIENCE = 60.0  # seconds; Wine is slow to start
 _SOON = 4.0
 _MOST_PRESSES = 5
 
 
-def _has_keyboard(window):
-    """Whether keys reach a window, which is sent to the front if they do not. Wine takes them later than the manager."""
-    if not screen.in_front(window):
-        screen.activate(window)
-        return False
-    focus = subprocess.run(("xdotool", "getwindowfocus"), capture_output=True, text=True, check=False)
-    return focus.stdout.strip() == str(window)
+def _focused():
+    """The window that keys reach, which Wine asks for later than the manager has brought it to the front."""
+    focus = subprocess.run(("xdotool", "getwindowfocus"), capture_output=True, text=True, check=False).stdout.strip()
+    return int(focus) if focus else None
 
 
-class WineCopy:
-    """A copy with its own folder, and thus with its own Brontavia.ini."""
+class WineCopy(Program):
+    """A copy that is played blindly, with its own Brontavia.ini."""
 
     def __init__(self, program, port=None):
         # Beside the program, for links; what is a symbolic one Wine does not start.
-        self._folder = tempfile.TemporaryDirectory(prefix="brontavia_", dir=pathlib.Path(program).absolute().parent)
+        super().__init__(program, port, beside=pathlib.Path(program).absolute().parent)
+        self._at = None  # the current cell of the board, while the player has been at it
+
+    def _command(self, program, port):
         home = pathlib.Path(self._folder.name, "Brontavia")
         shutil.copytree(program, home, copy_function=os.link)
         if port is not None:
             (home / "Brontavia.ini").unlink()
             (home / "Brontavia.ini").write_text(f"{port}\r\n", encoding="ascii")
-        self._errors = open(pathlib.Path(self._folder.name, "stderr"), "w+b")
-        self._process = subprocess.Popen(("wine", str(home / "brontavia.exe")), cwd=home, stderr=self._errors)
-        self.pid = self._process.pid
-        self._at = None  # the current cell of the board, while the player has been at it
-
-    # ---- The process ----
-
-    def running(self):
-        return self._process.poll() is None
-
-    def exit_code(self, limit=LIMIT):
-        """Waits for the end of the process."""
-        return self._process.wait(limit)
-
-    def kill(self):
-        self._process.kill()
-        self._process.wait()
-
-    def errors(self):
-        """What the copy wrote to standard error."""
-        return pathlib.Path(self._errors.name).read_text(errors="replace")
-
-    def end(self):
-        if self.running():
-            self.kill()
-        self._errors.close()
-        self._folder.cleanup()
+        return ["wine", str(home / "brontavia.exe")]
 
     # ---- Windows ----
 
@@ -72,16 +46,19 @@ class WineCopy:
         """Main window and boxes that are on the screen as (id, title), the topmost last."""
         return screen.windows_of(self.pid)
 
-    def _titled(self, title):
-        return next((window for window, each in reversed(self.windows()) if each == title), None)
-
     def wait_for(self, title):
-        """Brings the window with a title to the front, once it is there; returns its number at the X server."""
+        """Brings a window with a title to the front, once there is one; returns its number at the X server."""
 
         def front():
-            assert self.running(), f"the program has ended with {self._process.returncode}: {self.errors()}"
-            window = self._titled(title)
-            return window if window is not None and _has_keyboard(window) else None
+            self.expect_running()
+            # Of several boxes alike the last one has the keyboard, whichever of them is the topmost.
+            titled = [window for window, each in self.windows() if each == title]
+            focused = _focused()
+            if focused in titled:
+                return focused
+            if titled:
+                screen.activate(titled[-1])
+            return None
 
         try:
             return wait_until(f"the window {title!r}", front, _PATIENCE)
@@ -94,16 +71,48 @@ class WineCopy:
     # ---- Keys ----
 
     def press(self, *keys):
-        """Keys for the topmost window."""
-
+        """Keys for the window of this copy that takes them."""
         self.take_keyboard()
         screen.press(*keys)
 
     def take_keyboard(self):
-        """Turns to this copy, if it is not in front yet."""
-        if not _has_keyboard(self.windows()[-1][0]):
+        """Turns to this copy, unless the player is there already."""
+        if not self._has_keyboard():
             self._at = None
-            wait_until("the keyboard", lambda: _has_keyboard(self.windows()[-1][0]))
+            wait_until("the keyboard", self._gets_keyboard)
+
+    def _has_keyboard(self):
+        return _focused() in dict(self.windows())
+
+    def _gets_keyboard(self):
+        if self._has_keyboard():
+            return True
+        screen.activate(self.windows()[-1][0])
+        return False
+
+    def press_to_see(self, key):
+        """Presses a key that changes what the screen shows of this copy, again where nothing changes."""
+        self.take_keyboard()
+        before = self._look()
+        self.do_until(f"a change after {key}", lambda: self._glance() != before, lambda: screen.press(key))
+
+    def _look(self):
+        """Which windows are there and what the topmost shows, once it has come to rest."""
+        seen = [self._glance()]
+
+        def at_rest():
+            seen.append(self._glance())
+            return seen[-1] == seen[-2]
+
+        wait_until("a window at rest", at_rest)
+        return seen[-1]
+
+    def _glance(self):
+        windows = self.windows()
+        try:
+            return windows, screen.pixels_of(windows[-1][0])
+        except subprocess.CalledProcessError:
+            return windows, None  # the topmost has just gone
 
     def press_until(self, what, condition, *keys):
         """Presses keys, again when nothing has come of it: what the other copy sent may not have been read before."""
@@ -122,14 +131,20 @@ class WineCopy:
     def answer(self, title, answer="", button="Return"):
         """Types over the proposal of a box, if there is anything to type, and leaves it by a key."""
         window = self.wait_for(title)
-        if answer:
+        if answer.isascii():
             screen.type_text(answer)
+        else:  # the virtual keyboard has no accents
+            subprocess.run(("xclip", "-selection", "clipboard"), input=answer, encoding="utf-8", check=True)
+            self.press_to_see("ctrl+v")
         self.press_until(f"the box {title!r} to go", lambda: window not in dict(self.windows()), button)
 
     def popups(self):
         """The menus that are open: windows that the manager knows nothing of."""
         found = subprocess.run(
-            ("xdotool", "search", "--onlyvisible", "--pid", str(self.pid), ""), capture_output=True, text=True, check=False
+            ("xdotool", "search", "--onlyvisible", "--pid", str(self.pid), ""),
+            capture_output=True,
+            text=True,
+            check=False,
         )
         managed = {window for window, _ in self.windows()}
         return {int(window) for window in found.stdout.split()} - managed
@@ -142,7 +157,7 @@ class WineCopy:
             return not self.popups() - others or len(self.windows()) > windows  # a box may come at once
 
         self.press_until("a menu", lambda: self.popups() - others, "Return")
-        wait_until("the menu to be listening", lambda: _has_keyboard(self.windows()[-1][0]))
+        self.take_keyboard()
         screen.press("Return")
         try:
             wait_until("the menu to close", closed, _SOON)
@@ -160,14 +175,13 @@ class WineCopy:
             self.press(*["Up"] * 12, "Home", "Home")
             self._at = (0, 0)
         down, right = row - self._at[0], column - self._at[1]
-        keys = ["Down" if down > 0 else "Up"] * abs(down) + ["Right" if right > 0 else "Left"] * abs(right)
         self._at = (row, column)
-        if keys:
-            self.press(*keys)
+        for key in ["Down" if down > 0 else "Up"] * abs(down) + ["Right" if right > 0 else "Left"] * abs(right):
+            self.press_to_see(key)
 
     def click(self, row, column):
         self.go_to(row, column)
-        self.press("Return")
+        self.press_to_see("Return")
 
     def move(self, what, condition, origin, target, before=()):
         """Moves a piece from one cell to another. A key may be lost, so `before` lets go a piece that is still held."""
