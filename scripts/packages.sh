@@ -18,7 +18,7 @@ fuzz_packages=(clang llvm)
 
 # The cross compiler with what it needs to build Qt; icons; the installer. GoogleTest comes as sources with libgtest-dev.
 windows_packages=(binutils-mingw-w64-x86-64 dpkg-dev g++-mingw-w64-x86-64-posix icoutils nsis patch xz-utils zip)
-windows_check_packages=(libgtest-dev wine wine64)
+windows_check_packages=(libgtest-dev wine wine64 xclip)
 
 # Runs a command with root's rights.
 as_root() { if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi; }

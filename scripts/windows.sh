@@ -82,8 +82,9 @@ find "$name" | sort | TZ=UTC zip --quiet -9 -X "$name.zip" -@
   find "$name" -type f -printf 'Delete "$INSTDIR\\%P"\n'
   find "$name" -mindepth 1 -depth -type d -printf 'RMDir "$INSTDIR\\%P"\n'
 } | tr / '\\' >uninstall.nsh
-makensis -V2 -INPUTCHARSET UTF8 "-DVERSION=$version" "-DSTAGE=$stage" "-DREMOVE=$PWD/uninstall.nsh" \
-  "-DICON=$PWD/release/packaging/windows/brontavia.ico" "-DOUTPUT=$PWD/$name-instalador.exe" \
-  ../../packaging/windows/installer.nsi
+numbers=$(sed -E 's/^[0-9]+\.[0-9]+$/&.0/; s/$/.0/' <<<"$version") # the four of a version resource
+makensis -V2 -INPUTCHARSET UTF8 "-DVERSION=$version" "-DNUMBERS=$numbers" "-DSTAGE=$stage" \
+  "-DREMOVE=$PWD/uninstall.nsh" "-DICON=$PWD/release/packaging/windows/brontavia.ico" \
+  "-DOUTPUT=$PWD/$name-instalador.exe" ../../packaging/windows/installer.nsi
 du --bytes --apparent-size "$PWD/$name.zip" "$PWD/$name-instalador.exe" |
   awk '{ printf "%s %.1f MiB\n", $2, $1 / 1048576 }'

@@ -16,14 +16,14 @@ compiler=$(dpkg-query --show --showformat='${Version}' g++-mingw-w64-x86-64-posi
 key=$({ echo "$version $compiler" && cat "$0" "$toolchain" "$recipe"/*; } | sha256sum)
 [ "$(cat "$qt/installed/recipe" 2>/dev/null)" != "$key" ] || exit 0
 
-echo "Building Qt $version for Windows: half an hour on two processors"
+echo "Building Qt $version for Windows: a quarter of an hour on two processors"
 rm -rf "$qt"
 mkdir -p "$qt/lists/partial"
 cd "$qt"
 
 # A source list of its own: the system's may have no sources, and stays as it is.
 mirror=http://deb.debian.org
-signed=[signed-by=/usr/share/keyrings/debian-archive-keyring.gpg]
+signed="[signed-by=/usr/share/keyrings/debian-archive-keyring.gpg]"
 printf '%s\n' "deb-src $signed $mirror/debian bookworm main" "deb-src $signed $mirror/debian bookworm-updates main" \
   "deb-src $signed $mirror/debian-security bookworm-security main" >sources.list
 apt() {
@@ -42,6 +42,9 @@ as_sources svg qtsvg-opensource-src
 sed --in-place --regexp-extended 's/QXmlStreamStringRef|QStringRef/QStringView/g' svg/src/svg/*.{cpp,h}
 patch --quiet --directory svg --strip 1 <"$recipe/qtsvg.patch"
 
+# The log is long and of interest where it ends alone.
+logged() { "$@" >>build.log 2>&1 || { tail -n 30 build.log >&2 && return 1; }; }
+
 off=(
   # neither used by the program nor by its tests
   brotli concurrent dbus http openssl printsupport schannel sql xml
@@ -53,16 +56,17 @@ off=(
 )
 # Accessibility is what screen readers are told by; Qt Test is for the tests alone and not delivered.
 on=(accessibility style_windowsvista testlib)
-cmake -S base -B base-build -G Ninja --log-level=ERROR -DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_BUILD_TYPE=Release \
-  -DCMAKE_INSTALL_PREFIX="$qt/installed" -DQT_HOST_PATH=/usr -DQt6HostInfo_DIR=/usr/lib/x86_64-linux-gnu/cmake/Qt6HostInfo \
-  -DBUILD_SHARED_LIBS=ON -DINPUT_opengl=no -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF \
-  $(printf -- '-DFEATURE_%s=ON ' "${on[@]}") $(printf -- '-DFEATURE_%s=OFF ' "${off[@]}") >configure.log 2>&1
-ninja -C base-build >build.log 2>&1
-ninja -C base-build install/strip >install.log
+on=("${on[@]/%/=ON}") off=("${off[@]/%/=OFF}")
+logged cmake -S base -B base-build -G Ninja --log-level=ERROR -DCMAKE_TOOLCHAIN_FILE="$toolchain" \
+  -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$qt/installed" -DBUILD_SHARED_LIBS=ON -DQT_HOST_PATH=/usr \
+  -DQt6HostInfo_DIR=/usr/lib/x86_64-linux-gnu/cmake/Qt6HostInfo \
+  -DINPUT_opengl=no -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF \
+  "${on[@]/#/-DFEATURE_}" "${off[@]/#/-DFEATURE_}"
+logged ninja -C base-build install/strip
 
-cmake -S "$recipe" -B svg-build -G Ninja -DQTSVG="$qt/svg" -DCMAKE_TOOLCHAIN_FILE="$toolchain" \
-  -DCMAKE_PREFIX_PATH="$qt/installed" -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$qt/installed" >>configure.log
-ninja -C svg-build install/strip >>install.log
+logged cmake -S "$recipe" -B svg-build -G Ninja -DQTSVG="$qt/svg" -DCMAKE_TOOLCHAIN_FILE="$toolchain" \
+  -DCMAKE_PREFIX_PATH="$qt/installed" -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX="$qt/installed"
+logged ninja -C svg-build install/strip
 
 # Spanish texts of the standard buttons, and the licences that are delivered with the libraries.
 mkdir -p installed/translations installed/licences

@@ -1,6 +1,7 @@
 ; The installer for Windows: for the one user who starts it, without an administrator's rights and without a question to
 ; the firewall, which Windows asks itself when the program listens for the first time.
-Unicode true
+; 64 bits, like the program: where nothing else could run, the installer does not either.
+Target amd64-unicode
 SetCompressor /SOLID lzma
 RequestExecutionLevel user
 ManifestDPIAware true
@@ -28,7 +29,7 @@ BrandingText "Brontavia ${VERSION}"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "Spanish"
 
-VIProductVersion "${VERSION}.0.0"
+VIProductVersion "${NUMBERS}"
 VIAddVersionKey "ProductName" "Brontavia"
 VIAddVersionKey "FileDescription" "Instalador de Brontavia"
 VIAddVersionKey "FileVersion" "${VERSION}"
