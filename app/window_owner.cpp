@@ -73,7 +73,7 @@ void WindowOwner::WindowFinished(AfterWindow after) {
 }
 
 void WindowOwner::Open(QWidget* window) {
-  const bool full_screen = window_ && window_->isFullScreen();
+  const bool full_screen = window_ != nullptr && window_->isFullScreen();
   CloseWindow();
   window_ = window;
   if (full_screen) {

@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QEvent>
-#include <algorithm>
 #include <chrono>
 #include <utility>
 
