@@ -10,11 +10,6 @@ namespace {
 
 constexpr qreal kRadius = 4;
 
-QColor ColourOf(ColourValue value) {
-  if (value == kDefaultColour) return {};
-  return {value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF};
-}
-
 }  // namespace
 
 void PaintBoardPicture(QPainter& painter, const QRectF& area, const QPalette& palette, const CellPainter& cells,
@@ -31,15 +26,8 @@ void PaintBoardPicture(QPainter& painter, const QRectF& area, const QPalette& pa
   const QSizeF& cell = board.CellSize;
   for (int row = 0; row < rows; ++row) {
     for (int column = 0; column < columns; ++column) {
-      const CellContent content = board.ContentOf(board.Rows[row][column]);
-      const CellLook look{.Index = {board.First.Row + row, board.First.Column + column},
-                          .Text = content.Text,
-                          .ForeColour = ColourOf(content.ForeColour),
-                          .BackColour = ColourOf(content.BackColour),
-                          .Marks = content.Marks,
-                          .Drawing = content.Drawing,
-                          .Palette = palette,
-                          .CellSize = cell};
+      const CellIndex index{board.First.Row + row, board.First.Column + column};
+      const CellLook look = LookOf(index, board.ContentOf(board.Rows[row][column]), palette, cell);
       painter.save();
       painter.translate(left(column), top(row));
       painter.scale((left(column + 1) - left(column)) / cell.width(), (top(row + 1) - top(row)) / cell.height());

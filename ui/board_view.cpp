@@ -24,11 +24,6 @@ std::vector<int> EdgesOf(int start, int count, int headers, int header_size, int
   return edges;
 }
 
-QColor ColourOf(ColourValue value) {
-  if (value == kDefaultColour) return {};
-  return {value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF};
-}
-
 }  // namespace
 
 BoardView::BoardView(BoardModel& model, const CellPainter& painter, QWidget* parent)
@@ -151,18 +146,10 @@ void BoardView::paintEvent(QPaintEvent* event) {
 }
 
 void BoardView::PaintCell(QPainter& painter, CellIndex cell) const {
-  const CellContent& content = model_.Cell(cell);
-  painter_.Paint(painter, CellRect(cell),
-                 {.Index = cell,
-                  .Text = content.Text,
-                  .ForeColour = ColourOf(content.ForeColour),
-                  .BackColour = ColourOf(content.BackColour),
-                  .Marks = content.Marks,
-                  .Drawing = content.Drawing,
-                  .Current = cell == model_.CurrentCell() && (hasFocus() || !cursor_needs_focus_),
-                  .Header = model_.IsHeader(cell),
-                  .Palette = palette(),
-                  .CellSize = cell_size_});
+  CellLook look = LookOf(cell, model_.Cell(cell), palette(), cell_size_);
+  look.Current = cell == model_.CurrentCell() && (hasFocus() || !cursor_needs_focus_);
+  look.Header = model_.IsHeader(cell);
+  painter_.Paint(painter, CellRect(cell), look);
 }
 
 // ---- Mouse and keys ----

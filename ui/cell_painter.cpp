@@ -11,7 +11,24 @@ constexpr qreal kPartOfCell = 0.3;
 constexpr qreal kSmallest = 10;        // pixels
 constexpr qreal kLargestTimes = 1.15;  // of the user's font
 
+// Red is in the lowest byte.
+QColor ColourOf(ColourValue value) {
+  if (value == kDefaultColour) return {};
+  return {value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF};
+}
+
 }  // namespace
+
+CellLook LookOf(CellIndex index, const CellContent& content, const QPalette& palette, QSizeF cell_size) {
+  return {.Index = index,
+          .Text = content.Text,
+          .ForeColour = ColourOf(content.ForeColour),
+          .BackColour = ColourOf(content.BackColour),
+          .Marks = content.Marks,
+          .Drawing = content.Drawing,
+          .Palette = palette,
+          .CellSize = cell_size};
+}
 
 void PaintHeader(QPainter& painter, const QRectF& area, const CellLook& look) {
   QFont font = painter.font();

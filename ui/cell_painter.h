@@ -24,6 +24,9 @@ struct CellLook {
   QSizeF CellSize;  // of every cell but headers, before rounding to pixels
 };
 
+// How the content of a cell looks that is neither current nor a header.
+[[nodiscard]] CellLook LookOf(CellIndex index, const CellContent& content, const QPalette& palette, QSizeF cell_size);
+
 class BoardView;
 
 class CellPainter {

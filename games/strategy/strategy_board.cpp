@@ -9,7 +9,7 @@
 namespace brontavia {
 namespace {
 
-constexpr std::size_t kFieldLength = 4;
+constexpr std::size_t kArmyFieldLength = 4;
 
 std::u16string FieldOf(CellCode code) {
   code = std::max(code, kEmptyLand);  // water is no piece
@@ -56,12 +56,12 @@ std::u16string StrategyBoard::ArmyText() const {
 }
 
 void StrategyBoard::TakeArmy(std::u16string_view data, Player side) {
-  const std::size_t fields = std::min(data.size() / kFieldLength, static_cast<std::size_t>(variant_.ArmySize()));
+  const std::size_t fields = std::min(data.size() / kArmyFieldLength, static_cast<std::size_t>(variant_.ArmySize()));
   for (std::size_t field = 0; field < fields; ++field) {
     const int index = static_cast<int>(field);
     const Coordinate cell{.Column = 1 + index % variant_.Columns,
                           .Row = variant_.EnemyZoneRow() + index / variant_.Columns};
-    Set(cell, ReadField(data.substr(field * kFieldLength, kFieldLength), side, At(cell)));
+    Set(cell, ReadField(data.substr(field * kArmyFieldLength, kArmyFieldLength), side, At(cell)));
   }
 }
 

@@ -6,6 +6,16 @@
 
 namespace brontavia::test {
 
+// What a draw, a saved position and a promotion ask.
+namespace box {
+inline const QString kDrawTitle = QStringLiteral("Brontavia - ajedrez");
+inline const QString kDrawQuestion =
+    QStringLiteral("El otro jugador le propone terminar la partida en tablas. ¿Acepta su propuesta?");
+inline const QString kResumeTitle = QStringLiteral("Reanudar partida");
+inline const QStringList kPromotionMenu{QStringLiteral("&Torre"), QStringLiteral("&Caballo"), QStringLiteral("&Alfil"),
+                                        QStringLiteral("&Dama")};
+}  // namespace box
+
 // "e2" as a square.
 inline Coordinate SquareNamed(const QString& name) {
   return {.Column = name.at(0).unicode() - u'a' + 1, .Row = name.mid(1).toInt()};

@@ -12,6 +12,10 @@ using Layout = QStringList;
 extern const Layout kEstLayout;
 extern const Layout kMesLayout;
 
+// What the armies are written in: RGB(112, 0, 0) and RGB(0, 0, 112).
+inline constexpr ColourValue kRed = 0x000070;
+inline constexpr ColourValue kBlue = 0x700000;
+
 struct StrategyCopy : GameCopy<StrategyFlow> {
   using GameCopy::GameCopy;
 

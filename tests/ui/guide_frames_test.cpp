@@ -78,16 +78,16 @@ struct Shown {
 };
 
 // Every text is written as large as the user wants it, and those of all tests in an ordinary size afterwards.
-class UserFont {
+class WithUserFont {
  public:
-  explicit UserFont(int pixels) {
+  explicit WithUserFont(int pixels) {
     QFont font = before_;
     font.setPixelSize(pixels);
     QApplication::setFont(font);
   }
-  UserFont(const UserFont&) = delete;
-  UserFont& operator=(const UserFont&) = delete;
-  ~UserFont() { QApplication::setFont(before_); }
+  WithUserFont(const WithUserFont&) = delete;
+  WithUserFont& operator=(const WithUserFont&) = delete;
+  ~WithUserFont() { QApplication::setFont(before_); }
 
  private:
   QFont before_ = QApplication::font();
@@ -234,7 +234,7 @@ void ExpectOrderly(const QWidget& frame) {
 
 TEST(ServerFrameWindow, FitsSmallWindowsAndLargeFonts) {
   for (const int pixels : {kTenPoints, kEighteenPoints}) {
-    const UserFont font(pixels);
+    const WithUserFont font(pixels);
     for (const qsizetype addresses : {0, 1, 3, 6}) {
       for (const QSize& size : {QSize(800, 600), QSize(1080, 760), QSize(520, 640)}) {
         SCOPED_TRACE(testing::Message() << pixels << " pixels, " << addresses << " addresses, " << size.width());
@@ -274,7 +274,7 @@ TEST(ClientFrameWindow, HasBothWaysToConnectAndItsInstructions) {
 
 TEST(ClientFrameWindow, FitsSmallWindowsAndLargeFonts) {
   for (const int pixels : {kTenPoints, kEighteenPoints}) {
-    const UserFont font(pixels);
+    const WithUserFont font(pixels);
     for (const QSize& size : {QSize(800, 600), QSize(1080, 760), QSize(480, 640)}) {
       SCOPED_TRACE(testing::Message() << pixels << " pixels, " << size.width());
       Shown<ClientFrame> shown(ClientInstructions(kFormBAR));

@@ -141,21 +141,20 @@ TEST_F(Chess, CastlingMovesTheRookOnBothSides) {
   }
 }
 
-const QStringList kPromotionMenu{u"&Torre"_s, u"&Caballo"_s, u"&Alfil"_s, u"&Dama"_s};
 // White's pawn comes to b7 and captures on a8 next.
 const QString kUpToPromotion = u"a2a4 b7b5 a4b5 a7a6 b5a6 h7h6 a6a7 h6h5"_s;
 
 TEST_F(Chess, APromotionAsksOnBothSides) {
   Pair.Play(kUpToPromotion);
-  White.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, QString());
-  White.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Caballo"_s, [&] {
+  White.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, QString());
+  White.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Caballo"_s, [&] {
     EXPECT_EQ(White.Screen.Status, u"Indique por qué ficha desea sustituir el peón promocionado"_s);
     EXPECT_EQ(White.Shown(u"b8"_s).Text, u"P"_s);
     White.Click(u"h2"_s);
     White.Flow.Run(ChessCommand::Resign);
     EXPECT_FALSE(White.Flow.Game().HasSelection()) << "the choice comes first";
   });
-  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Dama"_s);
+  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Dama"_s);
   White.Click(u"a7"_s);
   White.Click(u"b8"_s);
   Pair.Settle();
@@ -168,7 +167,7 @@ TEST_F(Chess, APromotionAsksOnBothSides) {
 
 TEST_F(Chess, APromotionEndsWithItsWindow) {
   Pair.Play(kUpToPromotion);
-  White.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Dama"_s, [&] { White.Flow.CloseRequested(); });
+  White.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Dama"_s, [&] { White.Flow.CloseRequested(); });
   White.Click(u"a7"_s);
   White.Click(u"b8"_s);
   Pair.Settle();
@@ -177,7 +176,7 @@ TEST_F(Chess, APromotionEndsWithItsWindow) {
 
 TEST_F(Chess, APositionLoadedWhileAPromotionWaitsIsKept) {
   Pair.Play(kUpToPromotion);
-  White.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Dama"_s, [&] {
+  White.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Dama"_s, [&] {
     White.Connection.Receive(u"datospartida|8/8/8/8/8/8/8/R6r/B - - 0 1"_s);
     Pair.Settle();
   });
@@ -301,11 +300,8 @@ TEST_F(Chess, AResignationEndsTheGameOnce) {
   EXPECT_EQ(Black.Connection.Sent.filter(u"Abandona|"_s).size(), 1);
 }
 
-const QString kDrawQuestion = u"El otro jugador le propone terminar la partida en tablas. ¿Acepta su propuesta?"_s;
-const QString kDrawTitle = u"Brontavia - ajedrez"_s;
-
 TEST_F(Chess, ADrawIsRefused) {
-  Black.Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::No);
+  Black.Dialogs.Expect(box::kDrawTitle, box::kDrawQuestion, Button::No);
   White.Dialogs.Expect({}, u"El otro jugador no ha aceptado su propuesta. Realice su siguiente movimiento."_s);
   White.Flow.Run(ChessCommand::OfferDraw);
   EXPECT_EQ(White.Screen.Lines.last(),
@@ -329,7 +325,7 @@ TEST_F(Chess, ADrawAddsHalfAPointRoundedToTheEvenNeighbour) {
   for (const Game& game : games) {
     const Player turn = White.Flow.State().CurrentTurn;
     if (!game.Loser) {
-      Pair.Copy(OpponentOf(turn)).Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::Yes);
+      Pair.Copy(OpponentOf(turn)).Dialogs.Expect(box::kDrawTitle, box::kDrawQuestion, Button::Yes);
       Pair.Copy(OpponentOf(turn))
           .Dialogs.Expect({}, u"La partida termina en tablas, pulse en el tablero para continuar."_s);
       Pair.Copy(turn).Dialogs.Expect({},

@@ -16,7 +16,6 @@ constexpr int kAcknowledgement = 20;  // milliseconds that a send is waited for
 
 const QString kFileLine = u"7r/P7/8/8/8/8/8/R7/B - - 0 1"_s;       // White promotes next
 const QString kBlackPromotes = u"r7/8/8/8/8/8/p7/7R/N - - 0 1"_s;  // Black does
-const QStringList kPromotionMenu{u"&Torre"_s, u"&Caballo"_s, u"&Alfil"_s, u"&Dama"_s};
 
 }  // namespace
 
@@ -89,13 +88,13 @@ namespace {
 
 void PromotionWaits(Ana& ana, const Meanwhile& meanwhile) {
   ana.Receive(u"datospartida|"_s + kFileLine);
-  ana.Copy.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Dama"_s, meanwhile);
+  ana.Copy.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Dama"_s, meanwhile);
   ana.Move(u"a7a8"_s);
 }
 
 void ReceivedPromotionWaits(Ana& ana, const Meanwhile& meanwhile) {
   ana.Receive(u"datospartida|"_s + kBlackPromotes);
-  ana.Copy.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Caballo"_s, meanwhile);
+  ana.Copy.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Caballo"_s, meanwhile);
   ana.Receive(u"JUG|1 2 1 1 False 5"_s);
 }
 

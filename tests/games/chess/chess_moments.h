@@ -11,14 +11,6 @@ namespace brontavia::test {
 
 using Meanwhile = std::function<void()>;
 
-// What a draw and a saved position ask.
-namespace box {
-inline const QString kDrawTitle = QStringLiteral("Brontavia - ajedrez");
-inline const QString kDrawQuestion =
-    QStringLiteral("El otro jugador le propone terminar la partida en tablas. ¿Acepta su propuesta?");
-inline const QString kResumeTitle = QStringLiteral("Reanudar partida");
-}  // namespace box
-
 // Ana, who has White, in a session whose other side says only what the test makes it say.
 class Ana {
  public:

@@ -12,12 +12,9 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString kDrawTitle = u"Brontavia - ajedrez"_s;
-const QString kDrawQuestion = u"El otro jugador le propone terminar la partida en tablas. ¿Acepta su propuesta?"_s;
 const QString kDrawn = u"La partida termina en tablas, pulse en el tablero para continuar."_s;
 const QString kDrawAccepted =
     u"El otro jugador ha aceptado su propuesta. La partida termina en tablas, pulse en el tablero para continuar."_s;
-const QStringList kPromotionMenu{u"&Torre"_s, u"&Caballo"_s, u"&Alfil"_s, u"&Dama"_s};
 // Each side promotes in the next move.
 const QString kBothPromote = u"datospartida|7r/P7/8/8/8/8/6p1/R7/B - - 0 1"_s;
 
@@ -64,7 +61,7 @@ struct Shown {
 const std::vector<Shown> kWithoutFields{
     {u"JMate|"_s, {u": Ana se ha declarado en jaque mate."_s, u": "_s + box::kGameWon}},
     {u"Abandona|"_s, {u": Ana abandona la partida."_s, u": "_s + box::kGameWon}},
-    {u"SolTablas|"_s, {kDrawTitle + u": " + kDrawQuestion}},
+    {u"SolTablas|"_s, {box::kDrawTitle + u": " + box::kDrawQuestion}},
     {u"SolTablasSi|"_s, {u": "_s + kDrawAccepted}},
     {u"SolTablasNo|"_s, {u": El otro jugador no ha aceptado su propuesta. Realice su siguiente movimiento."_s}},
     {u"cargpno|"_s,
@@ -114,7 +111,7 @@ TEST_F(ChessReads, ADescriptionRunsToTheEndOfItsRead) {
 }
 
 TEST_F(ChessReads, AMoveAndADrawOfferInOneReadAreBothAnswered) {
-  Black.Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::No,
+  Black.Dialogs.Expect(box::kDrawTitle, box::kDrawQuestion, Button::No,
                        [&] { EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, Colour::White)); });
   White.Dialogs.Expect({}, u"El otro jugador no ha aceptado su propuesta. Realice su siguiente movimiento."_s);
   Black.Connection.Receive(u"JUG|5 2 5 4 False 0SolTablas|"_s);
@@ -140,7 +137,7 @@ TEST_F(ChessReads, AMoveThatIsCutIsNoMove) {
 // ---- Moves that arrive while something waits ----
 
 TEST_F(ChessReads, AMoveAfterAnOfferIsPlayedWhileTheOfferIsAnswered) {
-  Black.Dialogs.Expect(kDrawTitle, kDrawQuestion, Button::Yes, [&] {
+  Black.Dialogs.Expect(box::kDrawTitle, box::kDrawQuestion, Button::Yes, [&] {
     Pair.Play(u"e2e4"_s);
     EXPECT_EQ(Black.At(u"e4"_s), PieceOf(kPawn, Colour::White));
     EXPECT_EQ(Black.Flow.State().CurrentTurn, Player::Client);
@@ -157,12 +154,12 @@ TEST_F(ChessReads, AMoveAfterAnOfferIsPlayedWhileTheOfferIsAnswered) {
 
 TEST_F(ChessReads, ADrawAgreedWhileThePawnIsChosenLeavesTheChoice) {
   SetUpPosition(kBothPromote);
-  White.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Dama"_s, [&] {
+  White.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Dama"_s, [&] {
     White.Dialogs.Expect({}, kDrawAccepted);
     White.Connection.Receive(u"SolTablasSi|"_s);
     Pair.Settle();
   });
-  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Dama"_s);
+  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Dama"_s);
   White.Click(u"a7"_s);
   White.Click(u"a8"_s);
   Pair.Settle();
@@ -173,12 +170,12 @@ TEST_F(ChessReads, ADrawAgreedWhileThePawnIsChosenLeavesTheChoice) {
 
 TEST_F(ChessReads, AMoveOfTheOtherSideIsRefusedWhileThePawnIsChosen) {
   SetUpPosition(kBothPromote);
-  White.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Torre"_s, [&] {
+  White.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Torre"_s, [&] {
     White.Connection.Receive(u"JUG|8 8 8 7 False 0"_s);
     Pair.Settle();
     EXPECT_EQ(White.Screen.Status, u"Le toca mover a las blancas."_s);
   });
-  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Torre"_s);
+  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Torre"_s);
   White.Click(u"a7"_s);
   White.Click(u"a8"_s);
   Pair.Settle();
@@ -189,8 +186,8 @@ TEST_F(ChessReads, AMoveOfTheOtherSideIsRefusedWhileThePawnIsChosen) {
 TEST_F(ChessReads, BothSidesPromoteToTheirOwnColour) {
   SetUpPosition(kBothPromote);
   for (AjeCopy* copy : {&White, &Black}) {
-    copy->Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Caballo"_s);
-    copy->Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Caballo"_s);
+    copy->Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Caballo"_s);
+    copy->Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Caballo"_s);
   }
   Pair.Play(u"a7a8 g2g1"_s);
   for (const AjeCopy* copy : {&White, &Black}) {
@@ -206,7 +203,7 @@ TEST_F(ChessReads, BothSidesPromoteToTheirOwnColour) {
 TEST_F(ChessReads, AReceivedPromotionIsNotSentBackWhateverElseArrives) {
   SetUpPosition(kBothPromote);
   const qsizetype sent = Black.Connection.Sent.size();
-  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, kPromotionMenu, u"&Alfil"_s, [&] {
+  Black.Dialogs.ExpectMenu(u"MnuPromo"_s, box::kPromotionMenu, u"&Alfil"_s, [&] {
     Black.Connection.Receive(u"JUG|8 8 8 7 False 0"_s);
     Pair.Settle();
   });

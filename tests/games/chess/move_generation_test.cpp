@@ -10,7 +10,7 @@
 namespace brontavia::test {
 namespace {
 
-struct Castling {
+struct CastlingOffer {
   const char* Name;
   const char* Pieces;
   const char* Rights;
@@ -19,16 +19,16 @@ struct Castling {
   const char* King = "e1";
 };
 
-void PrintTo(const Castling& castling, std::ostream* out) { *out << castling.Name; }
+void PrintTo(const CastlingOffer& castling, std::ostream* out) { *out << castling.Name; }
 
-class CastlingIsOffered : public testing::TestWithParam<Castling> {};
+class CastlingIsOffered : public testing::TestWithParam<CastlingOffer> {};
 
 std::optional<Coordinate> SquareOrNone(std::string_view name) {
   return name == "-" ? std::nullopt : std::optional(Square(name));
 }
 
 TEST_P(CastlingIsOffered, WhereTheWayIsFree) {
-  const Castling& castling = GetParam();
+  const CastlingOffer& castling = GetParam();
   const ChessPosition position = Placed(castling.Pieces, castling.Rights);
   const GeneratedTargets targets = GenerateTargets(position, Pick(position, castling.King));
   const std::optional<Coordinate> short_target = SquareOrNone(castling.Short);
@@ -42,7 +42,7 @@ TEST_P(CastlingIsOffered, WhereTheWayIsFree) {
   }
 }
 
-constexpr Castling kCastlings[] = {
+constexpr CastlingOffer kCastlings[] = {
     {"WhiteBothWays", "Ke1 Ra1 Rh1 ke8", "KQkq", "g1", "c1"},
     {"BlackBothWays", "ke8 ra8 rh8 Ke1", "KQkq", "g8", "c8", "e8"},
     {"WhiteShortAlone", "Ke1 Ra1 Rh1", "Kkq", "g1", "-"},

@@ -19,7 +19,7 @@ constexpr std::array<std::u16string_view, kShipsPerFleet> kPaddedNames{
     u"Submarino    ", u"Destructor   ", u"Destructor   "};
 constexpr std::array<std::u16string_view, kShipsPerFleet> kNames{
     u"Portaaviones", u"Acorazado", u"Submarino", u"Submarino", u"Submarino", u"Destructor", u"Destructor"};
-constexpr std::array<int, kShipsPerFleet> kLengths{5, 4, 3, 3, 3, 2, 2};
+constexpr std::array<int, kShipsPerFleet> kShipLengths{5, 4, 3, 3, 3, 2, 2};
 
 constexpr std::size_t kBlockLength = 5;
 constexpr std::size_t kFleetLength = 35;
@@ -69,7 +69,7 @@ TEST(Fleet, BeginsIntactAndUnplacedOnBothSides) {
     for (const int number : {ship, ship + 10}) {
       SCOPED_TRACE(testing::Message() << "entry " << number);
       const ShipRecord& record = fleet.at(Index(number));
-      const int length = kLengths.at(Index(ship - 1));
+      const int length = kShipLengths.at(Index(ship - 1));
       EXPECT_EQ(record.Number, number);
       EXPECT_EQ(record.Name, kPaddedNames.at(Index(ship - 1)));
       EXPECT_EQ(record.Name.size(), 13U);
@@ -99,7 +99,7 @@ TEST(Fleet, HasTwentyTwoCells) {
 }
 
 TEST(Ship, HasItsNameByItsLength) {
-  for (std::size_t ship = 0; ship < kNames.size(); ++ship) EXPECT_EQ(ShipName(kLengths.at(ship)), kNames.at(ship));
+  for (std::size_t ship = 0; ship < kNames.size(); ++ship) EXPECT_EQ(ShipName(kShipLengths.at(ship)), kNames.at(ship));
 }
 
 TEST(Ship, CountsItsSegmentsFromItsStart) {

@@ -12,9 +12,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr ColourValue kRed = 0x000070;
-constexpr ColourValue kBlue = 0x700000;
-
 const QString kAna = u"Ana            "_s;
 const QString kLuis = u"Luis           "_s;
 

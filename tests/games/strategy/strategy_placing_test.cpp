@@ -10,8 +10,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr ColourValue kRed = 0x000070;    // RGB(112, 0, 0)
-constexpr ColourValue kBlue = 0x700000;   // RGB(0, 0, 112)
 constexpr ColourValue kWater = 0x8B8B00;  // RGB(0, 139, 139)
 
 const QStringList kFreshMenu{u"Bandera (1)"_s,    u"Bomba (6)"_s,    u"Espía (1)"_s,    u"Explorador (8)"_s,
