@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QTimerEvent>
 #include <algorithm>
+#include <array>
 
 namespace brontavia::fuzz {
 
@@ -16,9 +17,9 @@ ScriptedEvents& ScriptedEvents::Instance() {
   };
   static ScriptedEvents& events = *make();
   static int argc = 1;
-  static char name[] = "fuzz";
-  static char* argv[] = {name, nullptr};
-  static const QCoreApplication application(argc, argv);
+  static std::array name{'f', 'u', 'z', 'z', '\0'};
+  static std::array<char*, 2> argv{name.data(), nullptr};
+  static const QCoreApplication application(argc, argv.data());
   return events;
 }
 

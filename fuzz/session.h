@@ -11,6 +11,7 @@
 //   Perform(flow, step)        the game's own steps
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -181,7 +182,7 @@ void FuzzWindow(std::string_view script) {
     return steps;
   }();
   script.remove_prefix(first_line.size());
-  Script parts[] = {Script(opening.Steps), Script(script), Script(end)};
+  std::array parts{Script(opening.Steps), Script(script), Script(end)};
   Session<Game>(opening, [&parts]() -> std::optional<Step> {
     for (Script& part : parts) {
       if (auto step = part.Next()) return step;

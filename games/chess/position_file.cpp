@@ -25,20 +25,23 @@ bool WriteAll(QFileDevice& file, QByteArrayView content) {
   return true;
 }
 
-// What is written over is put back after a failure, which takes no room that the file did not have. What is longer is
-// cut last: until then the new line stands before the rest of the old content, and only the first line counts.
+// Writes over the beginning of a file, and cuts off what is `longer`. The cut comes last: until then the new line
+// stands before the rest of the old content, and only the first line counts.
+std::optional<QString> WriteOver(QFile& file, const QByteArray& content, bool longer) {
+  if (!WriteAll(file, content)) return file.errorString();
+  if (auto failure = FlushToDisk(file)) return failure;
+  if (longer && !file.resize(content.size())) return file.errorString();
+  return std::nullopt;
+}
+
+// What is written over is put back after a failure, which takes no room that the file did not have.
 std::optional<QString> WriteInPlace(const QString& path, const QByteArray& content) {
   QFile file(path);
   if (!file.open(QIODevice::ReadWrite | kUnbuffered)) return std::nullopt;
   const QByteArray before = file.read(content.size());
   if (file.error() != QFileDevice::NoError || !file.seek(0)) return file.errorString();
   const bool longer = before.size() == content.size();
-  std::optional<QString> failure;
-  if (!WriteAll(file, content)) {
-    failure = file.errorString();
-  } else if (!(failure = FlushToDisk(file)) && longer && !file.resize(content.size())) {
-    failure = file.errorString();
-  }
+  const std::optional<QString> failure = WriteOver(file, content, longer);
   if (failure) {
     if (file.seek(0)) WriteAll(file, before);
     if (!longer) file.resize(before.size());

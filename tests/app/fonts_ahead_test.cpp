@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 // What fontconfig knows it keeps until the process has ended.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's own name
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
 
 namespace brontavia {

@@ -8,7 +8,7 @@ namespace brontavia::test {
 // The `Number`th system call of the work, counted from 1, kills the process before it does anything; or, with an
 // `Error` of <cerrno>, does nothing and fails with it. Calls that have nothing to do with files never fail.
 struct Meddling {
-  int Number;
+  int Number = 1;
   int Error = 0;
 };
 
