@@ -8,6 +8,7 @@ import os
 import pathlib
 import re
 import socket
+import subprocess
 import sys
 import tempfile
 import unittest
@@ -30,6 +31,10 @@ from wine import WineCopy  # noqa: E402
 _LETTERS = "ABCDEFGHIJ"
 _START_TITLE = "BRONTAVIA"
 _SCREENS = pathlib.Path(os.environ.get("BRONTAVIA_SCREENS", "screens"))
+
+
+def run_in_wine(*command):
+    subprocess.run(("wine", *command), check=True, stdout=subprocess.DEVNULL)
 
 
 def sit_down(wine, serves, game):
@@ -131,6 +136,18 @@ class Games(unittest.TestCase):
         wine.kill()
         hand.click_cell(0)
         hand.answer_box("Error", handshake.SEND_FAILED_TEXT)
+
+    # ---- How it looks ----
+
+    def test_where_windows_are_dark_so_are_its_own(self):
+        value = (r"HKCU\Software\Microsoft\Windows\CurrentVersion\Themes\Personalize", "/v", "AppsUseLightTheme", "/f")
+        self.addCleanup(run_in_wine, "reg", "delete", *value)
+        run_in_wine("reg", "add", *value, "/t", "REG_DWORD", "/d", "0")
+        wine = WineCopy(os.environ["BRONTAVIA_WINDOWS"], free_port())
+        self.addCleanup(wine.end)
+        start = wine.wait_for(_START_TITLE)
+        wait_until("a dark corner", lambda: max(screen.pixels_of(start)[:3]) < 0x40)
+        wine.picture(_SCREENS / "start_dark.png")
 
     # ---- Three in a row ----
 
