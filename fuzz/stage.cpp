@@ -25,7 +25,7 @@ QString Typed(const std::string& text) { return QString::fromUtf8(text.data(), s
 // A file of its own for the process. Its content is written when it is to be opened.
 QString PositionFile(const std::optional<std::string>& content) {
   static const QTemporaryDir directory;
-  const QString path = directory.filePath(QStringLiteral("position.fen"));
+  QString path = directory.filePath(QStringLiteral("position.fen"));
   if (content) {
     QFile file(path);
     if (file.open(QIODevice::WriteOnly)) file.write(content->data(), static_cast<qint64>(content->size()));

@@ -32,9 +32,9 @@ bool IsPartOfWord(const QString& text, qsizetype position) {
 }
 
 // As words: "A1" is not said with "A10".
-bool SaysToo(const QString& text, const QString& part) {
-  for (qsizetype at = text.indexOf(part); at >= 0; at = text.indexOf(part, at + 1)) {
-    if (!IsPartOfWord(text, at - 1) && !IsPartOfWord(text, at + part.size())) return true;
+bool SaysToo(const QString& whole, const QString& part) {
+  for (qsizetype at = whole.indexOf(part); at >= 0; at = whole.indexOf(part, at + 1)) {
+    if (!IsPartOfWord(whole, at - 1) && !IsPartOfWord(whole, at + part.size())) return true;
   }
   return false;
 }
@@ -95,8 +95,8 @@ QString Announcer::Sentence() const {
   for (qsizetype i = 0; i < waiting_.size(); ++i) {
     const QString& text = waiting_[i].Text;
     const auto said_by = [&](qsizetype other) {
-      const QString& more = waiting_[other].Text;
-      return other != i && SaysToo(more, text) && (more != text || other < i);
+      const QString& whole = waiting_[other].Text;
+      return other != i && SaysToo(whole, text) && (whole != text || other < i);
     };
     bool said = heard_.contains(text);
     for (qsizetype other = 0; other < waiting_.size() && !said; ++other) said = said_by(other);

@@ -41,7 +41,7 @@ std::optional<QString> WriteInPlace(const QString& path, const QByteArray& conte
   const QByteArray before = file.read(content.size());
   if (file.error() != QFileDevice::NoError || !file.seek(0)) return file.errorString();
   const bool longer = before.size() == content.size();
-  const std::optional<QString> failure = WriteOver(file, content, longer);
+  std::optional<QString> failure = WriteOver(file, content, longer);
   if (failure) {
     if (file.seek(0)) WriteAll(file, before);
     if (!longer) file.resize(before.size());

@@ -86,9 +86,7 @@ const Name kNames[] = {
     {"\x1b[31mEva\a", u"\ufffd[31mEva\ufffd"_s},
     {QByteArray("E\0va", 4), u"E\ufffdva"_s},
     // A sign that turns the direction of writing has no character on the wire; the bytes it has elsewhere are three.
-    {"\xe2\x80\xae"
-     "avE",
-     u"â€®avE"_s},
+    {QByteArray::fromHex("e280ae") + "avE", u"â€®avE"_s},
     {"\x81\x8d\x9d", u"\ufffd\ufffd\ufffd"_s},
     {QByteArray(1 << 20, 'x'), QString(400, u'x')},
 };

@@ -12,6 +12,7 @@
 
 #include "net/tcp_connection.h"
 #include "tests/support/shown_text.h"
+#include "tests/support/users_font.h"
 #include "ui/board_view.h"
 #include "ui/game_frame.h"
 #include "ui/text_box.h"
@@ -20,23 +21,8 @@ namespace brontavia::test {
 
 struct LayoutCase {
   QSize Window;
-  int FontPixels;       // 13 are 10 pt, 24 are 18 pt
-  int LeastCellHeight;  // of FG1
-};
-
-// The font of the application for as long as this lives.
-class UsersFont {
- public:
-  explicit UsersFont(int pixels) {
-    QFont font = before_;
-    font.setPixelSize(pixels);
-    QApplication::setFont(font);
-  }
-  Q_DISABLE_COPY_MOVE(UsersFont)
-  ~UsersFont() { QApplication::setFont(before_); }
-
- private:
-  QFont before_ = QApplication::font();
+  int FontPixels = 0;       // 13 are 10 pt, 24 are 18 pt
+  int LeastCellHeight = 0;  // of FG1
 };
 
 inline void ExpectNothingCut(QWidget& frame) {

@@ -16,6 +16,7 @@
 #include "net/window_traits.h"
 #include "tests/support/joined_connections.h"
 #include "tests/support/printers.h"
+#include "tests/support/users_font.h"
 #include "ui/client_frame.h"
 #include "ui/guide_box.h"
 #include "ui/one_line_label.h"
@@ -75,22 +76,6 @@ struct Shown {
 
   QWidget Window;
   Frame* Frame_;
-};
-
-// Every text is written as large as the user wants it, and those of all tests in an ordinary size afterwards.
-class WithUserFont {
- public:
-  explicit WithUserFont(int pixels) {
-    QFont font = before_;
-    font.setPixelSize(pixels);
-    QApplication::setFont(font);
-  }
-  WithUserFont(const WithUserFont&) = delete;
-  WithUserFont& operator=(const WithUserFont&) = delete;
-  ~WithUserFont() { QApplication::setFont(before_); }
-
- private:
-  QFont before_ = QApplication::font();
 };
 
 constexpr int kTenPoints = 13;
@@ -234,7 +219,7 @@ void ExpectOrderly(const QWidget& frame) {
 
 TEST(ServerFrameWindow, FitsSmallWindowsAndLargeFonts) {
   for (const int pixels : {kTenPoints, kEighteenPoints}) {
-    const WithUserFont font(pixels);
+    const UsersFont font(pixels);
     for (const qsizetype addresses : {0, 1, 3, 6}) {
       for (const QSize& size : {QSize(800, 600), QSize(1080, 760), QSize(520, 640)}) {
         SCOPED_TRACE(testing::Message() << pixels << " pixels, " << addresses << " addresses, " << size.width());
@@ -274,7 +259,7 @@ TEST(ClientFrameWindow, HasBothWaysToConnectAndItsInstructions) {
 
 TEST(ClientFrameWindow, FitsSmallWindowsAndLargeFonts) {
   for (const int pixels : {kTenPoints, kEighteenPoints}) {
-    const WithUserFont font(pixels);
+    const UsersFont font(pixels);
     for (const QSize& size : {QSize(800, 600), QSize(1080, 760), QSize(480, 640)}) {
       SCOPED_TRACE(testing::Message() << pixels << " pixels, " << size.width());
       Shown<ClientFrame> shown(ClientInstructions(kFormBAR));
