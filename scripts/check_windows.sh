@@ -58,8 +58,8 @@ wine "$windows/Brontavia-$version-instalador.exe" /S
 
 export BRONTAVIA_WINDOWS=$installed BRONTAVIA_BINARY=$PWD/build/release/bin/brontavia
 export BRONTAVIA_SCREENS=$windows/screens PYTHONDONTWRITEBYTECODE=1
-# Until now Wine has been without a screen, and would go on without one.
-wineserver --kill
+# Until now Wine has been without a screen, and would go on without one unless it ends first.
+wineserver --wait
 scripts/on_virtual_screen.sh /usr/bin/python3 tests/windows/test_games.py -v
 
 wine "$installed/desinstalar.exe" /S
